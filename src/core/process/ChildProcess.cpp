@@ -1,0 +1,180 @@
+#include "core/process/ChildProcess.h"
+
+#include "core/process/Descendants.h"
+#include "core/process/ProcessRunner.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <string>
+#include <sys/wait.h>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+extern char **environ;
+
+namespace clipwren {
+namespace {
+
+/// A null-terminated array of C strings that owns its texts.
+class StringVector {
+public:
+    void append(const QByteArray &text) { m_texts.push_back(text); }
+
+    char *const *data()
+    {
+        m_pointers.clear();
+        for (QByteArray &text : m_texts)
+            m_pointers.push_back(text.data());
+        m_pointers.push_back(nullptr);
+        return m_pointers.data();
+    }
+
+private:
+    std::vector<QByteArray> m_texts;
+    std::vector<char *> m_pointers;
+};
+
+void throwIfFailed(int error, const std::string &what)
+{
+    if (error != 0)
+        throw std::system_error(error, std::generic_category(), what);
+}
+
+class FileActions {
+public:
+    FileActions() { throwIfFailed(::posix_spawn_file_actions_init(&m_actions), "posix_spawn"); }
+    FileActions(const FileActions &) = delete;
+    FileActions &operator=(const FileActions &) = delete;
+    ~FileActions() { ::posix_spawn_file_actions_destroy(&m_actions); }
+
+    void duplicate(const FileDescriptor &from, int to)
+    {
+        throwIfFailed(::posix_spawn_file_actions_adddup2(&m_actions, from.get(), to),
+                      "posix_spawn");
+    }
+    const posix_spawn_file_actions_t *get() const { return &m_actions; }
+
+private:
+    posix_spawn_file_actions_t m_actions{};
+};
+
+/// Gives the program no blocked signals, whatever the calling thread blocks.
+class Attributes {
+public:
+    Attributes()
+    {
+        throwIfFailed(::posix_spawnattr_init(&m_attributes), "posix_spawn");
+        sigset_t none;
+        sigemptyset(&none);
+        ::posix_spawnattr_setsigmask(&m_attributes, &none);
+        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK);
+    }
+    Attributes(const Attributes &) = delete;
+    Attributes &operator=(const Attributes &) = delete;
+    ~Attributes() { ::posix_spawnattr_destroy(&m_attributes); }
+
+    const posix_spawnattr_t *get() const { return &m_attributes; }
+
+private:
+    posix_spawnattr_t m_attributes{};
+};
+
+pid_t spawn(const ProcessRunner::Command &command, const Pipe &output, const Pipe &error)
+{
+    const QByteArray path = QFile::encodeName(command.path);
+    StringVector arguments;
+    arguments.append(path);
+    for (const QString &argument : command.args)
+        arguments.append(argument.toUtf8());
+
+    StringVector environment;
+    if (command.environment) {
+        for (const auto &[name, value] : *command.environment)
+            environment.append(QString(name + u'=' + value).toUtf8());
+    }
+
+    FileActions actions;
+    actions.duplicate(output.writeEnd, STDOUT_FILENO);
+    actions.duplicate(error.writeEnd, STDERR_FILENO);
+    const Attributes attributes;
+
+    pid_t process = 0;
+    throwIfFailed(::posix_spawn(&process, path.constData(), actions.get(), attributes.get(),
+                                arguments.data(),
+                                command.environment ? environment.data() : environ),
+                  path.toStdString());
+    return process;
+}
+
+/// A program that cannot be watched is not left running.
+ExitNotifier watch(pid_t process)
+{
+    try {
+        return ExitNotifier(process);
+    } catch (const std::system_error &) {
+        ::kill(process, SIGKILL);
+        ::waitpid(process, nullptr, 0);
+        throw;
+    }
+}
+
+FileDescriptor nonBlocking(FileDescriptor descriptor)
+{
+    ::fcntl(descriptor.get(), F_SETFL, ::fcntl(descriptor.get(), F_GETFL) | O_NONBLOCK);
+    return descriptor;
+}
+
+} // namespace
+
+ChildProcess::ChildProcess(const ProcessRunner::Command &command) : ChildProcess(command, Ends())
+{
+}
+
+ChildProcess::ChildProcess(const ProcessRunner::Command &command, Ends ends)
+    : m_process(spawn(command, ends.output, ends.error)), m_exitNotifier(watch(m_process)),
+      m_standardOutput(nonBlocking(std::move(ends.output.readEnd))),
+      m_standardError(nonBlocking(std::move(ends.error.readEnd)))
+{
+}
+
+ChildProcess::ChildProcess(ChildProcess &&other) noexcept
+    : m_process(std::exchange(other.m_process, 0)), m_exitNotifier(std::move(other.m_exitNotifier)),
+      m_standardOutput(std::move(other.m_standardOutput)),
+      m_standardError(std::move(other.m_standardError))
+{
+}
+
+ChildProcess::~ChildProcess()
+{
+    if (m_process == 0)
+        return;
+    signalAll(SIGKILL);
+    reap();
+}
+
+void ChildProcess::signalAll(int signal)
+{
+    if (m_process == 0)
+        return;
+    // Looked up first: once the program is gone, nothing tells whose they were.
+    const Descendants descendants(m_process);
+    ::kill(m_process, signal);
+    descendants.signal(signal);
+}
+
+ChildProcess::Exit ChildProcess::reap()
+{
+    int status = 0;
+    while (::waitpid(m_process, &status, 0) < 0 && errno == EINTR) { }
+    m_process = 0;
+    if (WIFSIGNALED(status))
+        return {WTERMSIG(status), true};
+    return {WEXITSTATUS(status), false};
+}
+
+} // namespace clipwren

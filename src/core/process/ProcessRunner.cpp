@@ -1,0 +1,255 @@
+#include "core/process/ProcessRunner.h"
+
+#include "core/process/ChildProcess.h"
+#include "core/process/StopSignal.h"
+
+#include <QThreadPool>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <limits>
+#include <memory>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace clipwren::ProcessRunner {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+/// What one read brought. Never empty.
+using ChunkHandler = std::function<void(QByteArrayView chunk)>;
+
+// What a pipe holds at most by default, so that one read takes all that is there.
+constexpr qsizetype chunkSize = 64 * 1024;
+
+/// Programs that outlived their time limit, each seen to its end on a thread of its own. What is
+/// still there when the application ends is killed.
+class Stragglers {
+public:
+    Stragglers() { m_threads.setMaxThreadCount(std::numeric_limits<int>::max()); }
+
+    ~Stragglers()
+    {
+        m_stop.request_stop();
+        m_threads.waitForDone();
+    }
+
+    void take(ChildProcess child, std::chrono::milliseconds grace)
+    {
+        child.standardOutput().close();
+        child.standardError().close();
+        child.signalAll(SIGTERM);
+        m_threads.start([child = std::make_shared<ChildProcess>(std::move(child)), grace,
+                         stop = m_stop.get_token()] {
+            const StopSignal stopSignal(stop);
+            std::array<pollfd, 2> events{pollfd{child->exitDescriptor(), POLLIN, 0},
+                                         pollfd{stopSignal.descriptor(), POLLIN, 0}};
+            ::poll(events.data(), events.size(), static_cast<int>(grace.count()));
+        });
+    }
+
+private:
+    std::stop_source m_stop;
+    QThreadPool m_threads;
+};
+
+Stragglers &stragglers()
+{
+    static Stragglers instance;
+    return instance;
+}
+
+/// One run of a program, from its start to its exit.
+class Run {
+public:
+    Run(const Command &command, ChunkHandler onOutput, ChunkHandler onError)
+        : m_child(command), m_grace(command.terminationGrace), m_onOutput(std::move(onOutput)),
+          m_onError(std::move(onError)), m_buffer(chunkSize, Qt::Uninitialized)
+    {
+    }
+
+    /// Reads both outputs until the program has ended. Throws `TimeoutError` at the deadline.
+    ChildProcess::Exit finish(const std::stop_token &stop,
+                              std::optional<Clock::time_point> deadline = std::nullopt)
+    {
+        const StopSignal stopSignal(stop);
+        while (true) {
+            std::array<pollfd, 4> events{
+                pollfd{m_child.standardOutput().get(), POLLIN, 0},
+                pollfd{m_child.standardError().get(), POLLIN, 0},
+                pollfd{m_child.exitDescriptor(), POLLIN, 0},
+                pollfd{m_terminating ? -1 : stopSignal.descriptor(), POLLIN, 0},
+            };
+            ::poll(events.data(), events.size(), waitTime(deadline));
+            const auto &[output, error, exit, stopRequest] = events;
+
+            if (exit.revents != 0) {
+                readRest(m_child.standardOutput(), m_onOutput);
+                readRest(m_child.standardError(), m_onError);
+                return m_child.reap();
+            }
+            if (output.revents != 0)
+                readChunk(m_child.standardOutput(), m_onOutput, chunkSize);
+            if (error.revents != 0)
+                readChunk(m_child.standardError(), m_onError, chunkSize);
+            if (stopRequest.revents != 0)
+                terminate();
+            killWhenGraceIsOver();
+            if (deadline && Clock::now() >= *deadline) {
+                stragglers().take(std::move(m_child), m_grace);
+                throw TimeoutError();
+            }
+        }
+    }
+
+private:
+    /// Milliseconds until something is due by the clock, for poll(); -1 for no limit.
+    int waitTime(std::optional<Clock::time_point> deadline) const
+    {
+        if (!deadline && !m_killAt)
+            return -1;
+        const auto due = std::min(deadline.value_or(Clock::time_point::max()),
+                                  m_killAt.value_or(Clock::time_point::max()));
+        const auto wait = std::chrono::ceil<std::chrono::milliseconds>(due - Clock::now()).count();
+        return static_cast<int>(std::clamp<long long>(wait, 0, 3'600'000));
+    }
+
+    void terminate()
+    {
+        m_terminating = true;
+        m_child.signalAll(SIGTERM);
+        m_killAt = Clock::now() + m_grace;
+    }
+
+    void killWhenGraceIsOver()
+    {
+        if (!m_killAt || Clock::now() < *m_killAt)
+            return;
+        m_killAt.reset();
+        m_child.signalAll(SIGKILL);
+    }
+
+    /// Reads once. Returns how much came; closes the descriptor at the end of the output.
+    qsizetype readChunk(FileDescriptor &from, const ChunkHandler &handler, qsizetype maximum)
+    {
+        const ssize_t count = ::read(from.get(), m_buffer.data(), static_cast<size_t>(maximum));
+        if (count > 0)
+            handler(QByteArrayView(m_buffer.constData(), count));
+        else if (count == 0 || (errno != EAGAIN && errno != EINTR))
+            from.close();
+        return std::max<qsizetype>(count, 0);
+    }
+
+    /// Reads what lies in the pipe now. Something that the program started may hold the pipe open
+    /// and go on writing; that is not waited for.
+    void readRest(FileDescriptor &from, const ChunkHandler &handler)
+    {
+        int waiting = 0;
+        if (!from.isOpen() || ::ioctl(from.get(), FIONREAD, &waiting) != 0)
+            return;
+        qsizetype left = waiting;
+        while (left > 0 && from.isOpen()) {
+            const qsizetype count = readChunk(from, handler, std::min(left, chunkSize));
+            if (count == 0)
+                return;
+            left -= count;
+        }
+    }
+
+    ChildProcess m_child;
+    std::chrono::milliseconds m_grace;
+    ChunkHandler m_onOutput;
+    ChunkHandler m_onError;
+    QByteArray m_buffer;
+    bool m_terminating = false;
+    std::optional<Clock::time_point> m_killAt;
+};
+
+void handOnLines(QStringView text, const LineHandler &onLine)
+{
+    const char16_t *lineStart = text.utf16();
+    const char16_t *const end = lineStart + text.size();
+    for (const char16_t *position = lineStart; position <= end; ++position) {
+        if (position < end && *position != u'\n' && *position != u'\r')
+            continue;
+        if (position > lineStart)
+            onLine(QStringView(lineStart, position));
+        lineStart = position + 1;
+    }
+}
+
+/// Hands on the lines of each chunk, and keeps the chunk's text when asked to.
+ChunkHandler lineSplitter(const LineHandler &onLine, QByteArray *collected = nullptr)
+{
+    return [&onLine, collected](QByteArrayView chunk) {
+        if (!QUtf8StringView(chunk).isValidUtf8())
+            return;
+        if (collected)
+            collected->append(chunk);
+        handOnLines(QString::fromUtf8(chunk), onLine);
+    };
+}
+
+ChunkHandler collector(QByteArray &collected)
+{
+    return [&collected](QByteArrayView chunk) { collected.append(chunk); };
+}
+
+/// How the end of a streamed program is reported.
+void throwUnlessSucceeded(const ChildProcess::Exit &exit, const QByteArray &standardError)
+{
+    // Programs that catch SIGTERM themselves end with its number, or with 128 more, as shells do.
+    if (exit.bySignal || exit.status == SIGTERM || exit.status == 128 + SIGTERM)
+        throw CancellationError();
+    if (exit.status != 0)
+        throw ProcessError(exit.status, QString::fromUtf8(standardError));
+}
+
+} // namespace
+
+ProcessError::ProcessError(int exitCode, const QString &standardError)
+    : Error(QStringLiteral("Process failed (exit %1): ").arg(exitCode) + standardError.trimmed()),
+      m_exitCode(exitCode), m_standardError(standardError)
+{
+}
+
+TimeoutError::TimeoutError() : Error(QStringLiteral("Operation timed out"))
+{
+}
+
+QString runCapturing(const Command &command, std::optional<std::chrono::duration<double>> timeout,
+                     std::stop_token stop)
+{
+    QByteArray output;
+    QByteArray error;
+    Run run(command, collector(output), collector(error));
+    std::optional<Clock::time_point> deadline;
+    if (timeout)
+        deadline = Clock::now() + std::chrono::duration_cast<Clock::duration>(*timeout);
+    const ChildProcess::Exit exit = run.finish(stop, deadline);
+    if (exit.status != 0)
+        throw ProcessError(exit.status, QString::fromUtf8(error));
+    return QString::fromUtf8(output);
+}
+
+void runStreaming(const Command &command, const LineHandler &onLine, std::stop_token stop)
+{
+    QByteArray error;
+    Run run(command, lineSplitter(onLine), lineSplitter(onLine, &error));
+    throwUnlessSucceeded(run.finish(stop), error);
+}
+
+Output runCapturingStdoutStreamingStderr(const Command &command, const LineHandler &onStderrLine,
+                                         std::stop_token stop)
+{
+    QByteArray output;
+    QByteArray error;
+    Run run(command, collector(output), lineSplitter(onStderrLine, &error));
+    throwUnlessSucceeded(run.finish(stop), error);
+    return {QString::fromUtf8(output), QString::fromUtf8(error)};
+}
+
+} // namespace clipwren::ProcessRunner

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "core/Error.h"
+
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <optional>
+#include <stop_token>
+
+/// Runs one external program to its end and reports how it ended.
+///
+/// Every operation blocks the thread that calls it, so none is called on the user-interface
+/// thread. Each either returns or throws exactly one outcome:
+///  - `ProcessError`, `TimeoutError` or `CancellationError`, as said below;
+///  - `std::system_error` with errno's text when the program cannot be started.
+///
+/// A request to stop sends the program, and what it started itself, SIGTERM. The call then ends
+/// through the program's exit like any other run. A program that is still there after
+/// `Command::terminationGrace` is killed.
+namespace clipwren::ProcessRunner {
+
+using Environment = std::map<QString, QString>;
+
+/// What to run.
+struct Command {
+    QString path; ///< absolute path of the executable; it is not searched for
+    QStringList args; ///< the argument vector without the program's name; no shell reads it
+    std::optional<Environment> environment = std::nullopt; ///< the whole environment; absent: ours
+    std::chrono::milliseconds terminationGrace = std::chrono::seconds(5);
+};
+
+/// The program ended with a status other than 0.
+class ProcessError : public Error {
+public:
+    ProcessError(int exitCode, const QString &standardError);
+
+    /// The exit status, or the number of the signal that ended the program.
+    int exitCode() const { return m_exitCode; }
+    /// All that the program wrote to its standard error.
+    QString standardError() const { return m_standardError; }
+
+private:
+    int m_exitCode;
+    QString m_standardError;
+};
+
+/// The time limit passed.
+class TimeoutError : public Error {
+public:
+    TimeoutError();
+};
+
+struct Output {
+    QString standardOutput;
+    QString standardError;
+};
+
+/// One non-empty line without its line end. The text lives only during the call.
+///
+/// Called on the thread that runs the operation, while the program runs. Two streams of one
+/// program are not ordered against each other. A line that reaches us in two pieces of output
+/// comes as two lines; output that is not UTF-8 is left out piece by piece.
+using LineHandler = std::function<void(QStringView line)>;
+
+/// Runs the program and returns its whole standard output.
+///
+/// `timeout`, in seconds, is finite and not negative. When it passes, the call fails at once with
+/// `TimeoutError`; the program is stopped behind it. Any other status than 0, a signal included,
+/// is a `ProcessError`.
+QString runCapturing(const Command &command,
+                     std::optional<std::chrono::duration<double>> timeout = std::nullopt,
+                     std::stop_token stop = {});
+
+/// Runs the program and hands on every line of both its outputs.
+///
+/// Throws `CancellationError` when a signal or status 15 or 143 ended the program, `ProcessError`
+/// for any other status than 0.
+void runStreaming(const Command &command, const LineHandler &onLine, std::stop_token stop = {});
+
+/// Runs the program, hands on every line of its standard error, and returns both outputs whole.
+/// Throws as `runStreaming` does.
+Output runCapturingStdoutStreamingStderr(const Command &command, const LineHandler &onStderrLine,
+                                         std::stop_token stop = {});
+
+} // namespace clipwren::ProcessRunner

@@ -1,0 +1,84 @@
+#include "core/process/ToolEnvironment.h"
+
+#include "core/process/ProcessRunner.h"
+
+#include <QFileInfo>
+
+namespace clipwren {
+namespace {
+
+std::optional<QString> findTool(const QString &name, const QStringList &directories)
+{
+    for (const QString &directory : directories) {
+        const QFileInfo file(directory + u'/' + name);
+        if (file.isFile() && file.isExecutable())
+            return file.filePath();
+    }
+    return std::nullopt;
+}
+
+/// "ffmpeg version 7.0.1 Copyright …" gives "7.0.1".
+QString ffmpegVersionIn(const QString &output)
+{
+    QString line = output.section(u'\n', 0, 0);
+    line.remove(QStringLiteral("ffmpeg version "));
+    return line.section(u' ', 0, 0);
+}
+
+} // namespace
+
+QStringList ToolEnvironment::defaultSearchDirectories()
+{
+    return {QStringLiteral("/opt/homebrew/bin"), QStringLiteral("/usr/local/bin"),
+            QStringLiteral("/opt/local/bin"), QStringLiteral("/usr/bin")};
+}
+
+ToolEnvironment::ToolEnvironment(const QStringList &searchDirectories, QObject *parent)
+    : QObject(parent), m_searchDirectories(searchDirectories)
+{
+    refresh();
+}
+
+void ToolEnvironment::refresh()
+{
+    m_ytDlpPath = findTool(QStringLiteral("yt-dlp"), m_searchDirectories);
+    m_ffmpegPath = findTool(QStringLiteral("ffmpeg"), m_searchDirectories);
+    m_ffprobePath = findTool(QStringLiteral("ffprobe"), m_searchDirectories);
+    Q_EMIT changed();
+    readVersions();
+}
+
+void ToolEnvironment::readVersions()
+{
+    if (m_ytDlpPath) {
+        readVersion(*m_ytDlpPath, QStringLiteral("--version"), [this](auto output) {
+            m_ytDlpVersion = output ? std::optional(output->trimmed()) : std::nullopt;
+        });
+    }
+    if (m_ffmpegPath) {
+        readVersion(*m_ffmpegPath, QStringLiteral("-version"), [this](auto output) {
+            m_ffmpegVersion = ffmpegVersionIn(output.value_or(QString()));
+        });
+    }
+}
+
+void ToolEnvironment::readVersion(const QString &path, const QString &argument,
+                                  std::function<void(std::optional<QString>)> apply)
+{
+    std::erase_if(m_versionQueries, [](const BackgroundTask &task) { return !task.isRunning(); });
+    // Queries of an earlier search go on: whichever ends last leaves its answer.
+    m_versionQueries.push_back(BackgroundTask::start(
+        [path, argument](const std::stop_token &stop, const BackgroundTask::Post &) {
+            return ProcessRunner::runCapturing({path, {argument}}, std::nullopt, stop);
+        },
+        [this, apply](const QString &output) {
+            apply(output);
+            Q_EMIT changed();
+        },
+        [this, apply](const std::exception_ptr &) {
+            apply(std::nullopt);
+            Q_EMIT changed();
+        }));
+}
+
+} // namespace clipwren

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/tasks/BackgroundTask.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace clipwren {
+
+/// Finds the three tools and reads the versions of two of them.
+///
+/// Lives on the user-interface thread. `changed()` is emitted whenever a field was set.
+class ToolEnvironment : public QObject {
+    Q_OBJECT
+
+public:
+    /// Directories that are searched, first match first. Not the process's own search path.
+    static QStringList defaultSearchDirectories();
+
+    /// Searches at once.
+    explicit ToolEnvironment(const QStringList &searchDirectories = defaultSearchDirectories(),
+                             QObject *parent = nullptr);
+
+    /// Searches for the tools before it returns, then reads their versions in the background.
+    void refresh();
+
+    /// Absolute paths; absent while the tool is not found.
+    std::optional<QString> ytDlpPath() const { return m_ytDlpPath; }
+    std::optional<QString> ffmpegPath() const { return m_ffmpegPath; }
+    std::optional<QString> ffprobePath() const { return m_ffprobePath; }
+    /// Absent until read, and for yt-dlp when reading failed; ffmpeg's is empty then.
+    std::optional<QString> ytDlpVersion() const { return m_ytDlpVersion; }
+    std::optional<QString> ffmpegVersion() const { return m_ffmpegVersion; }
+
+    bool allFound() const { return m_ytDlpPath && m_ffmpegPath && m_ffprobePath; }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void readVersions();
+    void readVersion(const QString &path, const QString &argument,
+                     std::function<void(std::optional<QString> output)> apply);
+
+    QStringList m_searchDirectories;
+    std::optional<QString> m_ytDlpPath;
+    std::optional<QString> m_ffmpegPath;
+    std::optional<QString> m_ffprobePath;
+    std::optional<QString> m_ytDlpVersion;
+    std::optional<QString> m_ffmpegVersion;
+    std::vector<BackgroundTask> m_versionQueries;
+};
+
+} // namespace clipwren

@@ -1,0 +1,46 @@
+#include "support/LeakCheck.h"
+
+#include "core/tasks/BackgroundTask.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <unistd.h>
+
+namespace clipwren::test {
+
+int openDescriptorCount()
+{
+    return static_cast<int>(
+        QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System).size());
+}
+
+int childCount()
+{
+    int count = 0;
+    const QByteArray self = QByteArray::number(getpid());
+    for (const QString &name : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        QFile file(QStringLiteral("/proc/%1/stat").arg(name));
+        if (!name[0].isDigit() || !file.open(QIODevice::ReadOnly))
+            continue;
+        const QByteArray line = file.readAll();
+        const auto fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
+        if (fields.size() > 1 && fields[1] == self)
+            ++count;
+    }
+    return count;
+}
+
+void LeakCheck::OnTestStart(const testing::TestInfo &)
+{
+    m_descriptorsBefore = openDescriptorCount();
+}
+
+void LeakCheck::OnTestEnd(const testing::TestInfo &)
+{
+    EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(20))) << "work is still running";
+    EXPECT_EQ(childCount(), 0) << "a child was left running";
+    EXPECT_LE(openDescriptorCount(), m_descriptorsBefore) << "a descriptor was left open";
+}
+
+} // namespace clipwren::test

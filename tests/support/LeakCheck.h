@@ -1,0 +1,21 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+namespace clipwren::test {
+
+/// Fails a test that leaves a child process or an open descriptor behind.
+class LeakCheck : public testing::EmptyTestEventListener {
+public:
+    void OnTestStart(const testing::TestInfo &) override;
+    void OnTestEnd(const testing::TestInfo &) override;
+
+private:
+    int m_descriptorsBefore = 0;
+};
+
+int openDescriptorCount();
+/// Children of this process that run or were not reaped.
+int childCount();
+
+} // namespace clipwren::test
