@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <chrono>
+#include <thread>
 #include <unistd.h>
 
 namespace clipwren::test {
@@ -31,6 +33,17 @@ int childCount()
     return count;
 }
 
+bool eventually(const std::function<bool()> &condition)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
+
 void LeakCheck::OnTestStart(const testing::TestInfo &)
 {
     m_descriptorsBefore = openDescriptorCount();
@@ -39,8 +52,9 @@ void LeakCheck::OnTestStart(const testing::TestInfo &)
 void LeakCheck::OnTestEnd(const testing::TestInfo &)
 {
     EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(20))) << "work is still running";
-    EXPECT_EQ(childCount(), 0) << "a child was left running";
-    EXPECT_LE(openDescriptorCount(), m_descriptorsBefore) << "a descriptor was left open";
+    EXPECT_TRUE(eventually([] { return childCount() == 0; })) << "a child was left running";
+    EXPECT_TRUE(eventually([this] { return openDescriptorCount() <= m_descriptorsBefore; }))
+        << "a descriptor was left open";
 }
 
 } // namespace clipwren::test

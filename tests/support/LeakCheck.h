@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace clipwren::test {
@@ -17,5 +18,7 @@ private:
 int openDescriptorCount();
 /// Children of this process that run or were not reaped.
 int childCount();
+/// Waits for what other processes and threads do. False when it did not come in ten seconds.
+bool eventually(const std::function<bool()> &condition);
 
 } // namespace clipwren::test

@@ -25,11 +25,18 @@ using ChunkHandler = std::function<void(QByteArrayView chunk)>;
 // What a pipe holds at most by default, so that one read takes all that is there.
 constexpr qsizetype chunkSize = 64 * 1024;
 
+// Some thirty years: what is longer would not fit the clock's whole nanoseconds.
+constexpr std::chrono::duration<double> longestTimeout {1e9};
+
 /// Programs that outlived their time limit, each seen to its end on a thread of its own. What is
 /// still there when the application ends is killed.
 class Stragglers {
 public:
-    Stragglers() { m_threads.setMaxThreadCount(std::numeric_limits<int>::max()); }
+    Stragglers()
+    {
+        m_threads.setMaxThreadCount(std::numeric_limits<int>::max());
+        m_threads.setExpiryTimeout(0);
+    }
 
     ~Stragglers()
     {
@@ -227,8 +234,10 @@ QString runCapturing(const Command &command, std::optional<std::chrono::duration
     QByteArray error;
     Run run(command, collector(output), collector(error));
     std::optional<Clock::time_point> deadline;
-    if (timeout)
-        deadline = Clock::now() + std::chrono::duration_cast<Clock::duration>(*timeout);
+    if (timeout) {
+        const std::chrono::duration<double> limit = std::min(*timeout, longestTimeout);
+        deadline = Clock::now() + std::chrono::duration_cast<Clock::duration>(limit);
+    }
     const ChildProcess::Exit exit = run.finish(stop, deadline);
     if (exit.status != 0)
         throw ProcessError(exit.status, QString::fromUtf8(error));

@@ -1,0 +1,82 @@
+#include "core/process/ToolEnvironment.h"
+
+#include "support/FakeTool.h"
+
+#include <QFile>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace clipwren {
+namespace {
+
+using namespace Qt::StringLiterals;
+using test::FakeTools;
+
+/// Two search directories, the first one searched first.
+struct Directories {
+    FakeTools first;
+    FakeTools second;
+    QStringList list() const { return {first.directory(), second.directory()}; }
+};
+
+TEST(ToolEnvironment, TakesTheFirstDirectoryThatHasAnExecutable)
+{
+    Directories directories;
+    const QString quick = u"echo 1"_s;
+    const QString expectedYtDlp = directories.first.add(u"yt-dlp"_s, quick);
+    directories.second.add(u"yt-dlp"_s, quick);
+    QFile::setPermissions(directories.first.add(u"ffmpeg"_s, quick), QFile::ReadOwner);
+    const QString expectedFfmpeg = directories.second.add(u"ffmpeg"_s, quick);
+
+    ToolEnvironment tools(directories.list());
+    EXPECT_EQ(tools.ytDlpPath(), expectedYtDlp);
+    // Root may execute nothing without an execute bit either.
+    EXPECT_EQ(tools.ffmpegPath(), expectedFfmpeg);
+    EXPECT_FALSE(tools.ffprobePath());
+    EXPECT_FALSE(tools.allFound());
+
+    directories.first.add(u"ffprobe"_s, quick);
+    QFile::remove(expectedYtDlp);
+    tools.refresh();
+    EXPECT_EQ(tools.ytDlpPath(), directories.second.path(u"yt-dlp"_s));
+    EXPECT_TRUE(tools.allFound());
+}
+
+TEST(ToolEnvironment, ReadsTheVersions)
+{
+    struct Case {
+        const char16_t *ytDlp;
+        const char16_t *ffmpeg;
+        std::optional<QString> ytDlpVersion;
+        QString ffmpegVersion;
+    };
+    const Case cases[] = {
+        {u"echo 2024.08.06", u"printf 'ffmpeg version 7.0.1 Copyright (c)\\nbuilt with gcc\\n'",
+         u"2024.08.06"_s, u"7.0.1"_s},
+        {u"exit 1", u"exit 1", std::nullopt, u""_s},
+        {u"printf ' x \\n'", u"echo 'ffmpeg version n6.1-git'", u"x"_s, u"n6.1-git"_s},
+    };
+    for (const Case &c : cases) {
+        Directories directories;
+        directories.first.add(u"yt-dlp"_s, QString::fromUtf16(c.ytDlp));
+        directories.first.add(u"ffmpeg"_s, QString::fromUtf16(c.ffmpeg));
+        ToolEnvironment tools(directories.list());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return tools.ffmpegVersion().has_value(); }));
+        EXPECT_EQ(tools.ffmpegVersion(), c.ffmpegVersion);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return tools.ytDlpVersion() == c.ytDlpVersion; }));
+        EXPECT_EQ(directories.first.arguments(u"yt-dlp"_s), QStringList{u"--version"_s});
+        EXPECT_EQ(directories.first.arguments(u"ffmpeg"_s), QStringList{u"-version"_s});
+    }
+}
+
+TEST(ToolEnvironment, EndsAHangingVersionQueryWithItself)
+{
+    Directories directories;
+    directories.first.add(u"yt-dlp"_s, u"exec sleep 60"_s);
+    ToolEnvironment tools(directories.list());
+    EXPECT_FALSE(tools.ytDlpVersion());
+}
+
+} // namespace
+} // namespace clipwren
