@@ -33,8 +33,9 @@ QStringList ToolEnvironment::defaultSearchDirectories()
             QStringLiteral("/opt/local/bin"), QStringLiteral("/usr/bin")};
 }
 
-ToolEnvironment::ToolEnvironment(const QStringList &searchDirectories, QObject *parent)
-    : QObject(parent), m_searchDirectories(searchDirectories)
+ToolEnvironment::ToolEnvironment(const QStringList &searchDirectories, Versions versions)
+    : m_searchDirectories(searchDirectories)
+    , m_versions(versions)
 {
     refresh();
 }
@@ -45,7 +46,8 @@ void ToolEnvironment::refresh()
     m_ffmpegPath = findTool(QStringLiteral("ffmpeg"), m_searchDirectories);
     m_ffprobePath = findTool(QStringLiteral("ffprobe"), m_searchDirectories);
     Q_EMIT changed();
-    readVersions();
+    if (m_versions == Versions::Read)
+        readVersions();
 }
 
 void ToolEnvironment::readVersions()

@@ -21,9 +21,12 @@ public:
     /// Directories that are searched, first match first. Not the process's own search path.
     static QStringList defaultSearchDirectories();
 
+    /// Whether the versions are wanted: each costs a run of its tool.
+    enum class Versions { Read, Skip };
+
     /// Searches at once.
     explicit ToolEnvironment(const QStringList &searchDirectories = defaultSearchDirectories(),
-                             QObject *parent = nullptr);
+                             Versions versions = Versions::Read);
 
     /// Searches for the tools before it returns, then reads their versions in the background.
     void refresh();
@@ -47,6 +50,7 @@ private:
                      std::function<void(std::optional<QString> output)> apply);
 
     QStringList m_searchDirectories;
+    Versions m_versions;
     std::optional<QString> m_ytDlpPath;
     std::optional<QString> m_ffmpegPath;
     std::optional<QString> m_ffprobePath;
