@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/formats/CompatLevel.h"
+#include "core/formats/OutputFormat.h"
+
+#include <QList>
+
+namespace clipwren {
+
+struct VideoInfo;
+
+/// One output format as offered for a video.
+struct FormatOption {
+    OutputFormat kind;
+    QString title; ///< as in "Best resolution — 2160p VP9"
+    QString subtitle; ///< one sentence that explains the choice
+    CompatLevel compat;
+    std::optional<qint64> approximateBytes; ///< of the whole video; at least 1
+
+    /// Three or four options, each of another kind, in the order to show them.
+    static QList<FormatOption> options(const std::optional<VideoInfo> &info);
+
+    /// Unique within one list.
+    QString id() const { return rawValue(kind); }
+
+    bool operator==(const FormatOption &) const = default;
+};
+
+size_t qHash(const FormatOption &option, size_t seed = 0);
+
+} // namespace clipwren
