@@ -1,0 +1,97 @@
+#include "core/ytdlp/DownloadArguments.h"
+
+#include "core/ytdlp/DownloadProgress.h"
+#include "core/ytdlp/YtDlpService.h"
+
+#include <QRegularExpression>
+
+namespace clipwren {
+namespace {
+
+/// The tool puts the values of environment variables into its template. Of a "$NAME" that has a
+/// value, the name is set apart by a field that prints nothing.
+QString withoutVariables(QString text)
+{
+    static const QRegularExpression variable(QStringLiteral("\\$(\\w+|\\{([^}]*)\\})"));
+    qsizetype position = text.indexOf(u'$');
+    for (; position >= 0; position = text.indexOf(u'$', position + 1)) {
+        const auto match = variable.match(text, position, QRegularExpression::NormalMatch,
+                                          QRegularExpression::AnchorAtOffsetMatchOption);
+        const QString name = match.captured(match.lastCapturedIndex());
+        if (match.hasMatch() && qEnvironmentVariableIsSet(name.toUtf8().constData()))
+            text.insert(position + 1, QStringLiteral("%(none|)s"));
+    }
+    return text;
+}
+
+QString outputTemplate(const QString &directory, const std::optional<QString> &customFilename)
+{
+    const QString stem = customFilename && !customFilename->isEmpty()
+        ? YtDlpService::sanitizeFilename(*customFilename)
+        : QStringLiteral("%(title).200B");
+    // The whole path is a template, so a "%" in a folder's name is doubled too.
+    const QString folder = QString(directory).replace(u'%', QStringLiteral("%%"));
+    return withoutVariables(folder + u'/' + stem) + QStringLiteral(" [%(id)s].%(ext)s");
+}
+
+QStringList formatArguments(OutputFormat format)
+{
+    switch (format) {
+    case OutputFormat::bestResolution:
+        return {QStringLiteral("-f"),
+                QStringLiteral("bv*+ba[ext=m4a]/bv*+ba/b"),
+                QStringLiteral("--merge-output-format"),
+                QStringLiteral("mp4"),
+                QStringLiteral("--postprocessor-args"),
+                QStringLiteral("ffmpeg:-c:a aac -b:a 192k")};
+    case OutputFormat::macCompatible:
+        return {QStringLiteral("-f"),
+                QStringLiteral("bv*[vcodec^=avc1]+ba[ext=m4a]/b[ext=mp4]/bv*[vcodec^=avc1]+ba/"
+                               "b[vcodec^=avc1]"),
+                QStringLiteral("--merge-output-format"),
+                QStringLiteral("mp4"),
+                QStringLiteral("--postprocessor-args"),
+                QStringLiteral("ffmpeg:-c:a aac -b:a 192k")};
+    case OutputFormat::proRes422:
+        return {QStringLiteral("-f"), QStringLiteral("bv*+ba/b"),
+                QStringLiteral("--merge-output-format"), QStringLiteral("mp4")};
+    case OutputFormat::audioMP3:
+        return {QStringLiteral("-f"),
+                QStringLiteral("ba/b"),
+                QStringLiteral("--extract-audio"),
+                QStringLiteral("--audio-format"),
+                QStringLiteral("mp3"),
+                QStringLiteral("--audio-quality"),
+                QStringLiteral("0")};
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+QStringList downloadArguments(const QString &url, const QString &outputDirectory,
+                              OutputFormat format, const std::optional<QString> &customFilename,
+                              const QString &ffmpegPath)
+{
+    const QStringList common{
+        QStringLiteral("--no-playlist"),
+        QStringLiteral("--no-warnings"),
+        QStringLiteral("--newline"),
+        QStringLiteral("--progress"),
+        QStringLiteral("--progress-template"),
+        DownloadProgress::progressTemplate(),
+        QStringLiteral("--socket-timeout"),
+        QStringLiteral("30"),
+        QStringLiteral("--retries"),
+        QStringLiteral("3"),
+        QStringLiteral("--ffmpeg-location"),
+        ffmpegPath,
+        QStringLiteral("-o"),
+        outputTemplate(outputDirectory, customFilename),
+        QStringLiteral("--print"),
+        QStringLiteral("after_move:filepath:%(filepath)s"),
+    };
+    return common + formatArguments(format) + QStringList{QStringLiteral("--"), url};
+}
+
+} // namespace clipwren

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace clipwren {
+
+/// One progress report of a download.
+struct DownloadProgress {
+    double fraction; ///< 0 or more, 1 at the end of each file; not clamped
+    QString status; ///< speed and remaining time, as in "1.20MiB/s · 00:10"; may be empty
+
+    /// Reads a line that follows `progressTemplate`. Any other line gives nothing, and so does one
+    /// without a percentage.
+    static std::optional<DownloadProgress> fromLine(QStringView line);
+
+    /// The argument that makes the tool print such lines.
+    static QString progressTemplate();
+};
+
+} // namespace clipwren

@@ -1,0 +1,211 @@
+#include "core/ytdlp/YtDlpService.h"
+
+#include "core/process/Mutex.h"
+#include "core/process/ProcessRunner.h"
+#include "core/ytdlp/DownloadArguments.h"
+#include "core/ytdlp/DownloadProgress.h"
+
+#include <QFile>
+#include <QTextBoundaryFinder>
+
+#include <condition_variable>
+#include <filesystem>
+#include <thread>
+
+namespace clipwren {
+namespace {
+
+/// True when the time passed, false when a stop was requested before.
+bool sleepFor(std::chrono::milliseconds duration, const std::stop_token &stop)
+{
+    std::mutex lock;
+    std::condition_variable_any never;
+    std::unique_lock held(lock);
+    never.wait_for(held, stop, duration, [] { return false; });
+    return !stop.stop_requested();
+}
+
+/// "[youtube] abc: Downloading webpage" without its tag.
+QString withoutTag(QStringView line)
+{
+    const qsizetype close = line.startsWith(u'[') ? line.indexOf(u']') : -1;
+    if (close < 2)
+        return line.toString();
+    qsizetype start = close + 1;
+    while (start < line.size() && line[start].isSpace())
+        ++start;
+    return line.sliced(start).toString();
+}
+
+/// Runs the tool and a timer; whichever ends first decides. The tool is gone when this returns.
+ProcessRunner::Output runWithin(std::chrono::milliseconds timeout,
+                                const ProcessRunner::Command &command,
+                                const ProcessRunner::LineHandler &onStderrLine,
+                                const std::stop_token &stop)
+{
+    std::stop_source toolStop;
+    Mutex<bool> decided;
+    std::jthread timer([&](const std::stop_token &timerStop) {
+        if (sleepFor(timeout, timerStop) && !decided.testAndSet())
+            toolStop.request_stop();
+    });
+    // A tool that takes its time to stop on the caller's request has not timed out.
+    const std::stop_callback forwarding(stop, [&] {
+        timer.request_stop();
+        toolStop.request_stop();
+    });
+
+    try {
+        auto output = ProcessRunner::runCapturingStdoutStreamingStderr(command, onStderrLine,
+                                                                       toolStop.get_token());
+        if (!decided.testAndSet())
+            return output;
+    } catch (const std::exception &) {
+        if (!decided.testAndSet())
+            throw;
+    }
+    throw ProcessRunner::TimeoutError();
+}
+
+void createDirectory(const QString &directory)
+{
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(directory).toStdString(), error);
+    if (error)
+        throw std::system_error(error, directory.toStdString());
+}
+
+bool isForbiddenInFilenames(QStringView character)
+{
+    constexpr QStringView forbidden = u"/\\:?*\"<>|";
+    return character.size() == 1
+        && (forbidden.contains(character.front()) || character.front().isNull());
+}
+
+QString withForbiddenReplaced(const QString &text)
+{
+    QString result;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype start = 0;
+    while (finder.toNextBoundary() >= 0) {
+        const QStringView character = QStringView(text).sliced(start, finder.position() - start);
+        if (isForbiddenInFilenames(character))
+            result += u'-';
+        else
+            result += character;
+        start = finder.position();
+    }
+    return result;
+}
+
+/// Counts characters as people see them.
+QString firstCharacters(const QString &text, int count)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    while (count > 0 && finder.toNextBoundary() >= 0)
+        --count;
+    return finder.position() < 0 ? text : text.first(finder.position());
+}
+
+} // namespace
+
+YtDlpService::FetchError::FetchError(Kind kind, const QString &description, const QString &log)
+    : Error(description), m_kind(kind), m_log(log)
+{
+}
+
+YtDlpService::FetchError YtDlpService::FetchError::emptyResponse(const QString &log)
+{
+    return {Kind::emptyResponse,
+            QStringLiteral("yt-dlp returned no metadata. The video may be region-locked, "
+                           "age-restricted, or YouTube is throttling."),
+            log};
+}
+
+YtDlpService::FetchError YtDlpService::FetchError::malformedJSON(const DecodingError &underlying,
+                                                                 const QString &log)
+{
+    FetchError error(Kind::malformedJSON,
+                     QStringLiteral("yt-dlp returned data we couldn't parse. Tap 'View logs' for "
+                                    "details."),
+                     log);
+    error.m_underlying = underlying;
+    return error;
+}
+
+YtDlpService::FetchedInfo YtDlpService::fetchInfo(const QString &url, const StatusHandler &onStatus,
+                                                  std::stop_token stop) const
+{
+    const ProcessRunner::Command command{
+        binaryPath,
+        {QStringLiteral("-J"), QStringLiteral("-v"), QStringLiteral("--no-warnings"),
+         QStringLiteral("--no-playlist"), QStringLiteral("--socket-timeout"), QStringLiteral("20"),
+         QStringLiteral("--retries"), QStringLiteral("2"), QStringLiteral("--"), url}};
+    const auto [document, log] = runWithin(
+        infoTimeout, command,
+        [&](QStringView line) {
+            if (onStatus)
+                onStatus(withoutTag(line));
+        },
+        stop);
+    if (document.isEmpty())
+        throw FetchError::emptyResponse(log);
+    try {
+        return {VideoInfo::fromJson(document.toUtf8()), log};
+    } catch (const DecodingError &error) {
+        throw FetchError::malformedJSON(error, log);
+    }
+}
+
+std::optional<QUrl> YtDlpService::fetchPreviewURL(const QString &url, std::stop_token stop) const
+{
+    const ProcessRunner::Command command{
+        binaryPath,
+        {QStringLiteral("-g"), QStringLiteral("-f"),
+         QStringLiteral("best[ext=mp4][protocol^=http][acodec!=none][vcodec!=none]/"
+                        "best[height<=720][ext=mp4][acodec!=none]/18"),
+         QStringLiteral("--no-warnings"), QStringLiteral("--no-playlist"),
+         QStringLiteral("--socket-timeout"), QStringLiteral("15"), QStringLiteral("--"), url}};
+    QString output = ProcessRunner::runCapturing(command, previewTimeout, stop);
+    const QStringList lines = output.replace(u'\r', u'\n').split(u'\n', Qt::SkipEmptyParts);
+    const QUrl address(lines.value(0).trimmed(), QUrl::StrictMode);
+    return address.isValid() ? std::optional(address) : std::nullopt;
+}
+
+QString YtDlpService::download(const QString &url, const QString &outputDirectory,
+                               OutputFormat format, const std::optional<QString> &customFilename,
+                               const ProgressHandler &onProgress, std::stop_token stop) const
+{
+    createDirectory(outputDirectory);
+    const QStringList arguments =
+        downloadArguments(url, outputDirectory, format, customFilename, ffmpegPath);
+    QString finalPath;
+    ProcessRunner::runStreaming(
+        {binaryPath, arguments},
+        [&](QStringView line) {
+            constexpr QStringView pathPrefix = u"filepath:";
+            if (line.startsWith(pathPrefix))
+                finalPath = line.sliced(pathPrefix.size()).toString();
+            else if (const auto progress = DownloadProgress::fromLine(line); progress && onProgress)
+                onProgress(progress->fraction, progress->status);
+        },
+        stop);
+    if (finalPath.isEmpty()) {
+        throw ClipwrenError(ClipwrenError::Code::NoOutputPath,
+                            QStringLiteral("yt-dlp finished without reporting an output path"));
+    }
+    return finalPath;
+}
+
+QString YtDlpService::sanitizeFilename(const QString &title)
+{
+    QString stem = withForbiddenReplaced(title);
+    stem.replace(u'%', QStringLiteral("%%"));
+    stem = stem.trimmed();
+    while (stem.startsWith(u'.'))
+        stem.remove(0, 1);
+    stem = firstCharacters(stem, 180);
+    return stem.isEmpty() ? QStringLiteral("Untitled") : stem;
+}
+
+} // namespace clipwren
