@@ -45,14 +45,6 @@ JsonObjectReader JsonObjectReader::fromDocument(const QByteArray &utf8)
     return {document.object(), QString()};
 }
 
-std::vector<JsonObjectReader> JsonObjectReader::arrayFromDocument(const QByteArray &utf8)
-{
-    const QJsonDocument document = parse(utf8);
-    if (!document.isArray())
-        throw DecodingError(QStringLiteral("The document is not a JSON array"));
-    return readersOf(document.array(), QString());
-}
-
 std::optional<QString> JsonObjectReader::text(QLatin1StringView key) const
 {
     const auto value = present(key);

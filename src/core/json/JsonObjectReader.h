@@ -24,10 +24,8 @@ public:
 /// Keys that nobody asks for are ignored.
 class JsonObjectReader {
 public:
-    /// Throw `DecodingError` when the bytes are no JSON document with an object, or an array of
-    /// objects, at its top.
+    /// Throws `DecodingError` when the bytes are no JSON document with an object at its top.
     static JsonObjectReader fromDocument(const QByteArray &utf8);
-    static std::vector<JsonObjectReader> arrayFromDocument(const QByteArray &utf8);
 
     std::optional<QString> text(QLatin1StringView key) const;
     std::optional<double> number(QLatin1StringView key) const;
