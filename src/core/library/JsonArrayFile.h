@@ -1,0 +1,69 @@
+#pragma once
+
+#include "core/json/JsonObjectSequence.h"
+
+#include <QJsonObject>
+#include <QList>
+#include <QString>
+
+#include <utility>
+
+namespace clipwren {
+
+/// A list that lives in a file as one JSON array of objects, read once and rewritten whole.
+///
+/// A value has `static Value fromJson(const JsonObjectReader &)`, which may throw
+/// `DecodingError`, and `QJsonObject toJson() const`.
+///
+/// Nothing here throws, and nothing is lost: a save leaves the old file or the new one, whole and
+/// on the disk, and a file that could not be read or decoded is kept beside it under the first
+/// free name of "NAME.rejected", "NAME.rejected.2" and so on before a save replaces it.
+class JsonArrayFile {
+public:
+    /// Creates the folder if needed, and goes on if that fails.
+    JsonArrayFile(const QString &folder, const QString &name);
+
+    /// All values in the file's order; none when the file is missing, cannot be read, or holds
+    /// anything that is no such value.
+    template <typename Value> QList<Value> load();
+
+    /// Replaces the file. A failure leaves it as it was and is not reported.
+    template <typename Value> void save(const QList<Value> &values);
+
+private:
+    /// Throws an `Error` when the file is missing or cannot be read.
+    JsonObjectSequence open() const;
+    QByteArray emptyBuffer() const;
+    static void appendElement(QByteArray &elements, const QJsonObject &element);
+    void write(QByteArray elements);
+    bool keepUnreadFile() const;
+
+    QString m_path;
+    /// False while the file may hold what this object has never read or written.
+    bool m_isFileKnown = false;
+};
+
+template <typename Value> QList<Value> JsonArrayFile::load()
+{
+    QList<Value> values;
+    try {
+        JsonObjectSequence elements = open();
+        while (const auto element = elements.next())
+            values.append(Value::fromJson(*element));
+        m_isFileKnown = true;
+    } catch (const Error &) {
+        values.clear();
+    }
+    return values;
+}
+
+template <typename Value> void JsonArrayFile::save(const QList<Value> &values)
+{
+    // One element at a time: a document of them all would take several times the memory.
+    QByteArray elements = emptyBuffer();
+    for (const Value &value : values)
+        appendElement(elements, value.toJson());
+    write(std::move(elements));
+}
+
+} // namespace clipwren

@@ -1,0 +1,198 @@
+#include "core/library/DownloadStore.h"
+#include "core/process/FileDescriptor.h"
+#include "support/LibraryFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace clipwren {
+namespace {
+
+using test::bareRecord;
+using test::fullRecord;
+
+const QString fileName = QStringLiteral("downloads.json");
+const QString rejected = QStringLiteral("downloads.json.rejected");
+
+using JsonArrayFileTest = test::LibraryFixture;
+
+QList<DownloadRecord> someRecords(int count)
+{
+    QList<DownloadRecord> records;
+    for (int number = 0; number < count; ++number)
+        records.append(fullRecord(QString::number(number)));
+    return records;
+}
+
+/// A child that writes a byte once it has loaded the list, then adds record after record and
+/// writes one after each save, until it is killed.
+pid_t startAdding(const QString &folder, Pipe &saved)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        DownloadStore store(folder);
+        while (write(saved.writeEnd.get(), "x", 1) == 1)
+            store.add(fullRecord(QStringLiteral("added")));
+        _exit(1);
+    }
+    saved.writeEnd.close();
+    return child;
+}
+
+TEST_F(JsonArrayFileTest, isWholeWheneverTheProcessIsKilled)
+{
+    constexpr qsizetype countAtStart = 200;
+    JsonArrayFile(folder(), fileName).save(someRecords(countAtStart));
+    qsizetype known = countAtStart;
+    for (int round = 0; round < 100; ++round) {
+        Pipe saved = Pipe::open();
+        const pid_t child = startAdding(folder(), saved);
+        char byte = 0;
+        ASSERT_EQ(read(saved.readEnd.get(), &byte, 1), 1);
+        // Anywhere within the first saves.
+        usleep(QRandomGenerator::global()->bounded(10'000U));
+        kill(child, SIGKILL);
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status));
+
+        while (read(saved.readEnd.get(), &byte, 1) == 1)
+            ++known;
+        const qsizetype found = DownloadStore(folder()).records().size();
+        ASSERT_TRUE(found == known || found == known + 1) << found << " of " << known;
+        known = found;
+    }
+    EXPECT_GT(known, countAtStart);
+}
+
+TEST_F(JsonArrayFileTest, keepsTheOldFileWhenTheDiskIsFull)
+{
+    DownloadStore store(folder());
+    store.add(bareRecord(QStringLiteral("A")));
+    const QByteArray before = readFile(fileName);
+    const QStringList filesBefore = QDir(folder()).entryList(QDir::Files);
+
+    // No file may grow beyond what is there now.
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit full{static_cast<rlim_t>(before.size()), limit.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &full), 0);
+    store.add(bareRecord(QStringLiteral("B")));
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, handler);
+
+    EXPECT_EQ(store.records().size(), 2);
+    EXPECT_EQ(readFile(fileName), before);
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files), filesBefore);
+
+    store.add(bareRecord(QStringLiteral("C")));
+    EXPECT_EQ(DownloadStore(folder()).records(), store.records());
+}
+
+TEST_F(JsonArrayFileTest, keepsARejectedFileBesideTheNewOne)
+{
+    for (const char *content : {"", "not JSON", R"([{"title": "no more"}])"}) {
+        writeFile(fileName, content);
+        DownloadStore store(folder());
+        EXPECT_TRUE(store.records().isEmpty());
+        store.add(bareRecord(QStringLiteral("A")));
+        store.add(bareRecord(QStringLiteral("B")));
+        EXPECT_EQ(DownloadStore(folder()).records(), store.records());
+    }
+    EXPECT_EQ(readFile(rejected), "");
+    EXPECT_EQ(readFile(rejected + QStringLiteral(".2")), "not JSON");
+    EXPECT_EQ(readFile(rejected + QStringLiteral(".3")), R"([{"title": "no more"}])");
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 4);
+}
+
+TEST_F(JsonArrayFileTest, keepsNothingAsideOfAGoodOrMissingFile)
+{
+    for (int start = 0; start < 2; ++start)
+        DownloadStore(folder()).add(bareRecord(QStringLiteral("A")));
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList{fileName});
+}
+
+TEST_F(JsonArrayFileTest, writesThroughASymbolicLink)
+{
+    ASSERT_TRUE(QDir(folder()).mkdir(QStringLiteral("elsewhere")));
+    const QString target = QStringLiteral("elsewhere/list.json");
+    ASSERT_TRUE(QFile::link(target, path(fileName)));
+    const auto isLink = [&] { return QFileInfo(path(fileName)).isSymLink(); };
+
+    DownloadStore(folder()).add(bareRecord(QStringLiteral("A"))); // the link leads nowhere yet
+    EXPECT_TRUE(isLink());
+    EXPECT_TRUE(readFile(target).contains("\"A\""));
+
+    writeFile(target, "bad");
+    DownloadStore(folder()).add(bareRecord(QStringLiteral("B")));
+    EXPECT_TRUE(isLink());
+    EXPECT_TRUE(readFile(target).contains("\"B\""));
+    EXPECT_EQ(readFile(rejected), "bad");
+}
+
+TEST_F(JsonArrayFileTest, loadsNoNamedPipe)
+{
+    ASSERT_EQ(mkfifo(QFile::encodeName(path(fileName)).constData(), 0600), 0);
+    EXPECT_TRUE(DownloadStore(folder()).records().isEmpty());
+}
+
+/// Gives up root's right to read everything, for as long as it lives.
+class OrdinaryUser {
+public:
+    explicit OrdinaryUser(const QString &folder) : m_isRoot(geteuid() == 0)
+    {
+        constexpr uid_t nobody = 65534;
+        if (m_isRoot
+            && (chown(QFile::encodeName(folder).constData(), nobody, nobody) != 0
+                || seteuid(nobody) != 0))
+            ADD_FAILURE() << "cannot become an ordinary user";
+    }
+    ~OrdinaryUser()
+    {
+        if (m_isRoot && seteuid(0) != 0)
+            ADD_FAILURE() << "cannot become root again";
+    }
+    OrdinaryUser(const OrdinaryUser &) = delete;
+    OrdinaryUser &operator=(const OrdinaryUser &) = delete;
+
+private:
+    bool m_isRoot;
+};
+
+TEST_F(JsonArrayFileTest, losesNothingOfAFileItMayNotRead)
+{
+    const OrdinaryUser user(folder());
+    writeFile(fileName, "secret");
+    QFile::setPermissions(path(fileName), {});
+    DownloadStore store(folder());
+    store.add(bareRecord(QStringLiteral("A")));
+    EXPECT_EQ(DownloadStore(folder()).records(), store.records());
+    EXPECT_EQ(readFile(rejected), "secret");
+}
+
+TEST_F(JsonArrayFileTest, leavesARejectedFileAloneThatItCannotKeep)
+{
+    const OrdinaryUser user(folder());
+    writeFile(fileName, "bad");
+    QFile::setPermissions(folder(), QFile::ReadOwner | QFile::ExeOwner);
+    DownloadStore store(folder());
+    store.add(bareRecord(QStringLiteral("A")));
+    EXPECT_EQ(readFile(fileName), "bad");
+
+    QFile::setPermissions(folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    store.add(bareRecord(QStringLiteral("B")));
+    EXPECT_EQ(DownloadStore(folder()).records(), store.records());
+    EXPECT_EQ(readFile(rejected), "bad");
+}
+
+} // namespace
+} // namespace clipwren

@@ -1,0 +1,49 @@
+#include "support/LibraryFixture.h"
+
+#include "core/library/Timestamp.h"
+
+#include <QFile>
+
+#include <stdexcept>
+
+namespace clipwren::test {
+
+void LibraryFixture::writeFile(const QString &name, const QByteArray &content) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        throw std::runtime_error("cannot write " + name.toStdString());
+}
+
+QByteArray LibraryFixture::readFile(const QString &name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+DownloadRecord fullRecord(const QString &title)
+{
+    DownloadRecord record = bareRecord(title);
+    record.thumbnailURL = QStringLiteral("https://i.example.org/1.jpg");
+    record.durationSeconds = 212.5;
+    record.trimStart = 0.1 + 0.2;
+    record.trimEnd = 100;
+    return record;
+}
+
+DownloadRecord bareRecord(const QString &title)
+{
+    return {
+        .id = QUuid::createUuid(),
+        .title = title,
+        .sourceURL = QStringLiteral("https://example.org/watch?a=1&b=2"),
+        .filePath = QStringLiteral("/home/a/Videos/%1.mp4").arg(title),
+        .thumbnailURL = {},
+        .durationSeconds = {},
+        .trimStart = {},
+        .trimEnd = {},
+        .createdAt = currentTimestamp(),
+    };
+}
+
+} // namespace clipwren::test
