@@ -41,7 +41,7 @@ TEST_F(YtDlp, fetchInfoReadsTheDocumentAndKeepsTheLog)
     QStringList statuses;
     const auto [info, log] = service(R"(
         for line in '[youtube] abc: Downloading webpage' 'plain [x]' '[info]' '[a] [b] c' '[] d' '[e'; do
-            echo "$line" >&2; sleep 0.02
+            echo "$line" >&2
         done
         echo '{"title": "Ü"}')")
                                  .fetchInfo(address, [&](const QString &s) { statuses.append(s); });
@@ -105,8 +105,8 @@ TEST_F(YtDlp, lookUpsEndAHangingToolAtTheirTimeLimit)
 
 TEST_F(YtDlp, stoppingALookUpIsACancellationHoweverLongTheToolTakesToEnd)
 {
-    YtDlpService slow = service("trap 'sleep 0.3; exit 143' TERM; echo ready >&2; sleep 30 & wait");
-    slow.infoTimeout = std::chrono::milliseconds(200);
+    YtDlpService slow = service("trap 'sleep 0.6; exit 143' TERM; echo ready >&2; sleep 30 & wait");
+    slow.infoTimeout = std::chrono::milliseconds(500);
     std::stop_source source;
     const auto stopAtFirstLine = [&](const QString &) { source.request_stop(); };
     EXPECT_THROW(slow.fetchInfo(address, stopAtFirstLine, source.get_token()), CancellationError);

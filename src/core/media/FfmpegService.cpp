@@ -1,0 +1,154 @@
+#include "core/media/FfmpegService.h"
+
+#include "core/Error.h"
+#include "core/media/FfprobeReport.h"
+#include "core/media/OutputFile.h"
+#include "core/process/ProcessRunner.h"
+#include "core/text/Numbers.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <filesystem>
+
+namespace clipwren {
+namespace {
+
+double lengthOf(const TrimRange &trim)
+{
+    return std::max(trim.end - trim.start, 0.001);
+}
+
+/// Seconds as printf's "%.3f" writes them in the C locale.
+QString secondsText(double seconds)
+{
+    std::array<char, 512> text{};
+    const auto result =
+        std::to_chars(text.data(), text.data() + text.size(), seconds, std::chars_format::fixed, 3);
+    return QString::fromLatin1(QByteArrayView(text.data(), result.ptr));
+}
+
+bool isSameFile(const QString &path, const QString &other)
+{
+    // Sees through links, and through other spellings of one path.
+    std::error_code ignored;
+    return path == other
+        || std::filesystem::equivalent(QFile::encodeName(path).toStdString(),
+                                       QFile::encodeName(other).toStdString(), ignored);
+}
+
+QString outputPath(const QString &input, const QString &ext, const QString &suffix)
+{
+    const qsizetype dot = input.lastIndexOf(u'.');
+    QString path = dot > input.lastIndexOf(u'/') + 1 ? input.first(dot) : input;
+    if (!suffix.isEmpty())
+        path += QStringLiteral(" — ") + suffix;
+    path += u'.' + ext;
+    return isSameFile(path, input) ? nextFreePath(path) : path;
+}
+
+QStringList transcodeArguments(const QString &input, const QString &output,
+                               const EncodeProfile &profile, const std::optional<TrimRange> &trim)
+{
+    QStringList arguments{QStringLiteral("-hide_banner"), QStringLiteral("-y")};
+    // In front of the input, ffmpeg seeks instead of decoding all that comes before.
+    if (trim)
+        arguments << QStringLiteral("-ss") << secondsText(trim->start);
+    arguments << QStringLiteral("-i") << input;
+    if (trim)
+        arguments << QStringLiteral("-t") << secondsText(lengthOf(*trim));
+    arguments << profile.videoArgs << profile.audioArgs;
+    if (profile.ext == u"mp4")
+        arguments << QStringLiteral("-movflags") << QStringLiteral("+faststart");
+    arguments << QStringLiteral("-progress") << QStringLiteral("pipe:1")
+              << QStringLiteral("-nostats") << output;
+    return arguments;
+}
+
+/// What a line of ffmpeg's progress report says of the whole; `total` is in microseconds, 0 when
+/// not known.
+std::optional<double> fractionIn(QStringView line, double total)
+{
+    const qsizetype equals = line.indexOf(u'=');
+    if (equals < 0)
+        return std::nullopt;
+    const QStringView key = line.first(equals);
+    const QStringView value = line.sliced(equals + 1);
+    if (key == u"progress" && value == u"end")
+        return 1.0;
+    if (key != u"out_time_us" || total <= 0)
+        return std::nullopt;
+    const auto time = readNumber(value);
+    return time ? std::optional(std::clamp(*time / total, 0.0, 1.0)) : std::nullopt;
+}
+
+/// Seconds; 0 when they cannot be found out, which only costs the progress in between.
+double knownDuration(const FfmpegService &service, const QString &path, const std::stop_token &stop)
+{
+    try {
+        return service.duration(path, stop);
+    } catch (const std::exception &) {
+        return 0;
+    }
+}
+
+} // namespace
+
+MediaInspection FfmpegService::inspect(const QString &path, std::stop_token stop) const
+{
+    const QString report = ProcessRunner::runCapturing(
+        {ffprobePath,
+         {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-print_format"),
+          QStringLiteral("json"), QStringLiteral("-show_format"), QStringLiteral("-show_streams"),
+          path}},
+        std::nullopt, stop);
+    if (report.isEmpty()) {
+        throw ClipwrenError(ClipwrenError::Code::EmptyProbeOutput,
+                            QStringLiteral("empty ffprobe output"));
+    }
+    return MediaInspection::fromReport(FfprobeReport::fromJson(report.toUtf8()));
+}
+
+double FfmpegService::duration(const QString &path, std::stop_token stop) const
+{
+    const QString seconds = ProcessRunner::runCapturing(
+        {ffprobePath,
+         {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-show_entries"),
+          QStringLiteral("format=duration"), QStringLiteral("-of"),
+          QStringLiteral("default=noprint_wrappers=1:nokey=1"), path}},
+        std::nullopt, stop);
+    return readNumber(seconds.trimmed()).value_or(0);
+}
+
+QString FfmpegService::transcode(const QString &input, const EncodeProfile &profile,
+                                 const std::optional<TrimRange> &trim, const QString &suffix,
+                                 const FractionHandler &onProgress, std::stop_token stop) const
+{
+    const double seconds = trim ? lengthOf(*trim) : knownDuration(*this, input, stop);
+    if (stop.stop_requested())
+        throw CancellationError();
+
+    const QString output = outputPath(input, profile.ext, suffix);
+    OutputFile file(output);
+    try {
+        ProcessRunner::runStreaming(
+            {ffmpegPath, transcodeArguments(input, output, profile, trim)},
+            [&](QStringView line) {
+                if (const auto fraction = fractionIn(line, seconds * 1'000'000);
+                    fraction && onProgress)
+                    onProgress(*fraction);
+            },
+            stop);
+    } catch (const ProcessRunner::ProcessError &) {
+        // Asked to stop, ffmpeg tidies up and exits with 255.
+        if (stop.stop_requested())
+            throw CancellationError();
+        throw;
+    }
+    file.keep();
+    return output;
+}
+
+} // namespace clipwren

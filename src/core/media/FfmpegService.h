@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/media/EncodeProfile.h"
+#include "core/media/MediaInspection.h"
+#include "core/media/TrimRange.h"
+
+#include <functional>
+#include <stop_token>
+
+namespace clipwren {
+
+/// Inspects media files with ffprobe, cuts and converts them with ffmpeg.
+///
+/// Every operation blocks the calling thread until its tool has ended; callbacks come on that
+/// thread. Paths are absolute. Besides what is named below, each throws what `ProcessRunner`
+/// throws.
+struct FfmpegService {
+    QString ffmpegPath;
+    QString ffprobePath;
+
+    /// Between 0 and 1. Need not increase.
+    using FractionHandler = std::function<void(double fraction)>;
+
+    /// Throws `ClipwrenError` with `EmptyProbeOutput`, or `DecodingError` when the report cannot be
+    /// read.
+    MediaInspection inspect(const QString &path, std::stop_token stop = {}) const;
+
+    /// Seconds; 0 when ffprobe does not know.
+    double duration(const QString &path, std::stop_token stop = {}) const;
+
+    /// Writes the file, or the part of it that `trim` names, anew beside it and returns the new
+    /// file's path: the input's name with " — " and the suffix, which may be empty, and the
+    /// profile's extension. A file of that name is replaced, but never the input: then the next
+    /// free name is taken, as in "Talk 2.mov".
+    ///
+    /// Nothing is replaced and no half-written file stays when this throws: `CancellationError`
+    /// after a request to stop, `std::system_error` when the file to replace cannot be moved.
+    QString transcode(const QString &input, const EncodeProfile &profile,
+                      const std::optional<TrimRange> &trim, const QString &suffix,
+                      const FractionHandler &onProgress, std::stop_token stop = {}) const;
+};
+
+} // namespace clipwren
