@@ -4,6 +4,7 @@
 #include "core/ytdlp/YtDlpService.h"
 
 #include <QRegularExpression>
+#include <QTextBoundaryFinder>
 
 namespace clipwren {
 namespace {
@@ -24,10 +25,25 @@ QString withoutVariables(QString text)
     return text;
 }
 
+// What "%(title).200B" leaves of a title. File systems take names of 255 bytes, and the tool's
+// partial files have longer ones than the file.
+constexpr qsizetype maximumStemBytes = 200;
+
+/// Cuts between characters as people see them.
+QString firstBytes(const QString &text, qsizetype maximum)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype end = 0;
+    while (finder.toNextBoundary() >= 0
+           && QStringView(text).first(finder.position()).toUtf8().size() <= maximum)
+        end = finder.position();
+    return text.first(end);
+}
+
 QString outputTemplate(const QString &directory, const std::optional<QString> &customFilename)
 {
     const QString stem = customFilename && !customFilename->isEmpty()
-        ? YtDlpService::sanitizeFilename(*customFilename)
+        ? firstBytes(YtDlpService::sanitizeFilename(*customFilename), maximumStemBytes)
         : QStringLiteral("%(title).200B");
     // The whole path is a template, so a "%" in a folder's name is doubled too.
     const QString folder = QString(directory).replace(u'%', QStringLiteral("%%"));

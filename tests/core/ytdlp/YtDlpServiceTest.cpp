@@ -192,6 +192,7 @@ TEST_F(YtDlp, downloadAsksForEachFormatInItsWay)
 TEST_F(YtDlp, downloadNamesTheFileAfterTheTitle)
 {
     qputenv("CLIPWREN_TEST_VARIABLE", "/elsewhere");
+    const QByteArray longTitle = QByteArray("漢").repeated(100);
     const QString odd = m_tools.path(QStringLiteral("100%%(id)s"));
     struct Case {
         std::optional<const char *> title;
@@ -201,6 +202,9 @@ TEST_F(YtDlp, downloadNamesTheFileAfterTheTitle)
         {std::nullopt, QStringLiteral("%(title).200B [%(id)s].%(ext)s")},
         {"", QStringLiteral("%(title).200B [%(id)s].%(ext)s")},
         {"...", QStringLiteral("Untitled [%(id)s].%(ext)s")},
+        // 100 characters of 3 bytes, too many for a file's name.
+        {longTitle.constData(),
+         QString::fromUtf8("漢").repeated(66) + QStringLiteral(" [%(id)s].%(ext)s")},
         // The tool would put the variable's value there.
         {"$CLIPWREN_TEST_VARIABLE, ${CLIPWREN_TEST_VARIABLE} or $5",
          QStringLiteral("$%(none|)sCLIPWREN_TEST_VARIABLE, $%(none|)s{CLIPWREN_TEST_VARIABLE} or $5"
