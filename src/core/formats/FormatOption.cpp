@@ -23,22 +23,6 @@ bool startsWithAny(const QString &text, std::initializer_list<QLatin1StringView>
                        [&](QLatin1StringView prefix) { return text.startsWith(prefix); });
 }
 
-QString prettyCodecName(const QString &codec)
-{
-    const QString name = codec.toLower();
-    if (startsWithAny(name, {"avc1"_L1, "h264"_L1}))
-        return QStringLiteral("H.264");
-    if (startsWithAny(name, {"hev"_L1, "hvc"_L1, "h265"_L1}))
-        return QStringLiteral("HEVC");
-    if (startsWithAny(name, {"av01"_L1}))
-        return QStringLiteral("AV1");
-    if (startsWithAny(name, {"vp9"_L1, "vp09"_L1}))
-        return QStringLiteral("VP9");
-    if (startsWithAny(name, {"vp8"_L1, "vp08"_L1}))
-        return QStringLiteral("VP8");
-    return codec.toUpper();
-}
-
 /// Takes more prefixes for H.264 than the name does. An empty codec needs another player.
 CompatLevel compatLevel(const QString &codec)
 {
@@ -188,13 +172,17 @@ FormatOption proRes422(qint64 height, double duration)
     return option;
 }
 
+QList<VideoFormat> formatsOf(const std::optional<VideoInfo> &info)
+{
+    return info ? info->formats.value_or(QList<VideoFormat>()) : QList<VideoFormat>();
+}
+
 } // namespace
 
 QList<FormatOption> FormatOption::options(const std::optional<VideoInfo> &info)
 {
-    const QList<VideoFormat> formats =
-        info ? info->formats.value_or(QList<VideoFormat>()) : QList<VideoFormat>();
-    const auto video = best(formats, isVideo, heightOf);
+    const QList<VideoFormat> formats = formatsOf(info);
+    const auto video = bestVideoFormat(info);
     const auto h264 = best(formats, isH264Video, heightOf);
     const qint64 audioBytes = sizeOf(best(formats, isM4aAudio, audioRateOf));
     const qint64 height = video ? heightOf(*video) : 0;
@@ -207,6 +195,27 @@ QList<FormatOption> FormatOption::options(const std::optional<VideoInfo> &info)
                     QStringLiteral("Strip video, best VBR audio."), CompatLevel::audioOnly,
                     std::nullopt});
     return options;
+}
+
+std::optional<VideoFormat> bestVideoFormat(const std::optional<VideoInfo> &info)
+{
+    return best(formatsOf(info), isVideo, heightOf);
+}
+
+QString prettyCodecName(const QString &codec)
+{
+    const QString name = codec.toLower();
+    if (startsWithAny(name, {"avc1"_L1, "h264"_L1}))
+        return QStringLiteral("H.264");
+    if (startsWithAny(name, {"hev"_L1, "hvc"_L1, "h265"_L1}))
+        return QStringLiteral("HEVC");
+    if (startsWithAny(name, {"av01"_L1}))
+        return QStringLiteral("AV1");
+    if (startsWithAny(name, {"vp9"_L1, "vp09"_L1}))
+        return QStringLiteral("VP9");
+    if (startsWithAny(name, {"vp8"_L1, "vp08"_L1}))
+        return QStringLiteral("VP8");
+    return codec.toUpper();
 }
 
 size_t qHash(const FormatOption &option, size_t seed)

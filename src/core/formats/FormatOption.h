@@ -7,6 +7,7 @@
 
 namespace clipwren {
 
+struct VideoFormat;
 struct VideoInfo;
 
 /// One output format as offered for a video.
@@ -25,6 +26,13 @@ struct FormatOption {
 
     bool operator==(const FormatOption &) const = default;
 };
+
+/// The format that "Best resolution" stands for: the first of the greatest height. Absent when the
+/// site offers no video.
+std::optional<VideoFormat> bestVideoFormat(const std::optional<VideoInfo> &info);
+
+/// "H.264" for "avc1.64001F" or "h264"; in upper case what is not known.
+QString prettyCodecName(const QString &codec);
 
 size_t qHash(const FormatOption &option, size_t seed = 0);
 

@@ -1,0 +1,27 @@
+#include "platform/desktop/SettingsPreferences.h"
+
+#include <QStandardPaths>
+
+namespace clipwren {
+
+SettingsPreferences::SettingsPreferences()
+    : m_settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+                     + QStringLiteral("/Clipwren/clipwren.conf"),
+                 QSettings::IniFormat)
+{
+}
+
+std::optional<QString> SettingsPreferences::text(const QString &key) const
+{
+    if (!m_settings.contains(key))
+        return std::nullopt;
+    return m_settings.value(key).toString();
+}
+
+void SettingsPreferences::setText(const QString &key, const QString &text)
+{
+    m_settings.setValue(key, text);
+    m_settings.sync();
+}
+
+} // namespace clipwren

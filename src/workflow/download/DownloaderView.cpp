@@ -1,0 +1,423 @@
+#include "workflow/download/DownloaderView.h"
+
+#include "core/library/DownloadStore.h"
+#include "core/library/HistoryStore.h"
+#include "core/process/ToolEnvironment.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/Preferences.h"
+#include "workflow/download/FetchErrorText.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <utility>
+
+namespace clipwren {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString outputFormatKey = u"outputFormat"_s;
+
+/// URL classes write schemes in lower case, so the text is looked at as it was typed.
+bool isWebAddress(const QString &text)
+{
+    return (text.startsWith("http:"_L1) || text.startsWith("https:"_L1))
+        && QUrl(text, QUrl::StrictMode).isValid() && !QUrl(text, QUrl::StrictMode).host().isEmpty();
+}
+
+} // namespace
+
+DownloaderView::DownloaderView(const Environment &environment,
+                               std::function<void(QUuid)> onCompleted, QObject *parent)
+    : QObject(parent), m_environment(environment), m_onCompleted(std::move(onCompleted)),
+      m_preview(environment.makePlayer)
+{
+}
+
+DownloaderView::~DownloaderView() = default;
+
+// Requests from outside
+
+void DownloaderView::takeUpRequests()
+{
+    connect(&m_environment.pendingFetch, &PendingFetchBox::changed, this,
+            &DownloaderView::takeUpRequest);
+    takeUpRequest();
+}
+
+void DownloaderView::takeUpRequest()
+{
+    const std::optional<PendingFetch> request = m_environment.pendingFetch.take();
+    if (!request)
+        return;
+    m_urlText = request->url;
+    fetchInfo(false);
+}
+
+// The look-up
+
+void DownloaderView::setUrlText(const QString &text)
+{
+    m_urlText = text;
+    Q_EMIT changed();
+}
+
+void DownloaderView::fetchInfo(bool retryingLast)
+{
+    m_lookup.cancel();
+    m_pipeline.cancel();
+    m_fetchError.reset();
+    m_fetchStatus.clear();
+    const QString address = (retryingLast ? m_lastAttemptedURL : m_urlText).trimmed();
+    if (address.isEmpty() || !isWebAddress(address)) {
+        if (!address.isEmpty())
+            m_fetchError = u"Enter a valid http(s) URL"_s;
+        returnToInput();
+        return;
+    }
+    if (retryingLast)
+        m_urlText = address;
+    m_lastAttemptedURL = address;
+    if (m_environment.tools.ytDlpPath() && m_environment.tools.ffmpegPath())
+        startLookup(address);
+    Q_EMIT changed();
+}
+
+void DownloaderView::returnToInput()
+{
+    // What was cancelled has nothing more to say.
+    m_lookup = BackgroundTask();
+    m_pipeline.drop();
+    m_phase = Phase::input;
+    Q_EMIT changed();
+}
+
+void DownloaderView::startLookup(const QString &address)
+{
+    m_pipeline.drop();
+    m_previewLookup = BackgroundTask();
+    m_phase = Phase::fetching;
+    m_info.reset();
+    m_lookup = BackgroundTask::start(
+        [this, service = ytDlp(), address](const std::stop_token &stop,
+                                           const BackgroundTask::Post &post) {
+            const auto onStatus = [this, &post](const QString &line) {
+                post([this, line] {
+                    m_fetchStatus = line;
+                    Q_EMIT changed();
+                });
+            };
+            return service.fetchInfo(address, onStatus, stop);
+        },
+        [this, address](const YtDlpService::FetchedInfo &lookup) {
+            lookupSucceeded(address, lookup);
+        },
+        [this](const std::exception_ptr &error) { lookupFailed(error); });
+}
+
+void DownloaderView::lookupSucceeded(const QString &address,
+                                     const YtDlpService::FetchedInfo &lookup)
+{
+    // "Cancel" came while the answer was on its way.
+    if (m_phase != Phase::fetching)
+        return;
+    m_info = lookup.info;
+    m_fetchLog = lookup.log;
+    m_fetchStatus.clear();
+    if (m_info->duration) {
+        m_trimStart = 0;
+        m_trimEnd = *m_info->duration;
+    }
+    m_customTitle = metadataTitle();
+    m_phase = Phase::confirming;
+    loadPreview(address);
+    Q_EMIT changed();
+}
+
+void DownloaderView::lookupFailed(const std::exception_ptr &error)
+{
+    m_fetchStatus.clear();
+    try {
+        std::rethrow_exception(error);
+    } catch (const CancellationError &) {
+        if (m_phase == Phase::fetching)
+            m_phase = Phase::input;
+    } catch (const std::exception &failure) {
+        if (m_phase == Phase::fetching) {
+            m_fetchError = friendlyFetchError(failure);
+            m_fetchLog = logOf(failure);
+            m_phase = Phase::input;
+        }
+    }
+    Q_EMIT changed();
+}
+
+void DownloaderView::loadPreview(const QString &address)
+{
+    const ToolEnvironment &tools = m_environment.tools;
+    if (!tools.ytDlpPath() || !tools.ffmpegPath() || !m_environment.makePlayer)
+        return;
+    m_previewLookup = BackgroundTask::start(
+        [service = ytDlp(), address](const std::stop_token &stop, const BackgroundTask::Post &) {
+            return service.fetchPreviewURL(address, stop);
+        },
+        [this](const std::optional<QUrl> &url) {
+            if (!url)
+                return;
+            m_previewURL = url;
+            m_preview.load(*url);
+            Q_EMIT changed();
+        },
+        // Without a stream the preview stays unavailable, which is all there is to say.
+        [](const std::exception_ptr &) {});
+}
+
+YtDlpService DownloaderView::ytDlp() const
+{
+    return {*m_environment.tools.ytDlpPath(), *m_environment.tools.ffmpegPath(),
+            m_environment.infoTimeout};
+}
+
+void DownloaderView::paste()
+{
+    const QString text = m_environment.desktop.clipboardText();
+    if (text.isEmpty() || isBusy(m_phase))
+        return;
+    m_urlText = text;
+    fetchInfo(false);
+}
+
+void DownloaderView::cancelFetch()
+{
+    if (m_phase != Phase::fetching)
+        return;
+    m_lookup.cancel();
+    m_phase = Phase::input;
+    Q_EMIT changed();
+}
+
+void DownloaderView::confirm()
+{
+    if (m_phase != Phase::confirming)
+        return;
+    m_phase = Phase::ready;
+    Q_EMIT changed();
+}
+
+void DownloaderView::resetAll()
+{
+    m_previewLookup = BackgroundTask();
+    m_preview.unload();
+    m_previewURL.reset();
+    m_urlText.clear();
+    m_info.reset();
+    m_fetchError.reset();
+    m_errorMessage.reset();
+    m_trimEnabled = false;
+    m_trimStart = 0;
+    m_trimEnd = 0;
+    m_downloadProgress = 0;
+    m_downloadStatus.clear();
+    returnToInput();
+}
+
+void DownloaderView::setShowLogs(bool show)
+{
+    m_showLogs = show;
+    Q_EMIT changed();
+}
+
+// What the user chooses before the download
+
+QString DownloaderView::metadataTitle() const
+{
+    return m_info ? m_info->title.value_or(QString()) : QString();
+}
+
+void DownloaderView::setCustomTitle(const QString &title)
+{
+    m_customTitle = title;
+    Q_EMIT changed();
+}
+
+void DownloaderView::resetCustomTitle()
+{
+    setCustomTitle(metadataTitle());
+}
+
+QString DownloaderView::outputFormatRaw() const
+{
+    return m_environment.preferences.text(outputFormatKey)
+        .value_or(rawValue(OutputFormat::bestResolution));
+}
+
+void DownloaderView::setOutputFormatRaw(const QString &rawValue)
+{
+    m_environment.preferences.setText(outputFormatKey, rawValue);
+    Q_EMIT changed();
+}
+
+OutputFormat DownloaderView::outputFormat() const
+{
+    return outputFormatFrom(outputFormatRaw());
+}
+
+FormatOption DownloaderView::selectedOption() const
+{
+    const QList<FormatOption> options = FormatOption::options(m_info);
+    const auto match = std::find_if(options.begin(), options.end(), [this](const auto &option) {
+        return option.kind == outputFormat();
+    });
+    return match != options.end() ? *match : options.first();
+}
+
+QString DownloaderView::filenamePreview() const
+{
+    QString title = m_customTitle;
+    if (title.isEmpty())
+        title = m_info ? m_info->title.value_or(u"Untitled"_s) : u"Untitled"_s;
+    const OutputFormat format = outputFormat();
+    const QString extension = format == OutputFormat::audioMP3 ? u"mp3"_s
+        : format == OutputFormat::proRes422                    ? u"mov"_s
+                                                               : u"mp4"_s;
+    return YtDlpService::sanitizeFilename(title) + u" [<id>]."_s + extension;
+}
+
+void DownloaderView::setTrimEnabled(bool enabled)
+{
+    m_trimEnabled = enabled;
+    Q_EMIT changed();
+}
+
+void DownloaderView::setTrimRange(double start, double end)
+{
+    m_trimStart = start;
+    m_trimEnd = end;
+    Q_EMIT changed();
+}
+
+void DownloaderView::resetTrim()
+{
+    setTrimRange(0, m_info ? m_info->duration.value_or(0) : 0);
+    m_preview.seek(0);
+}
+
+// The download
+
+void DownloaderView::start()
+{
+    const ToolEnvironment &tools = m_environment.tools;
+    if (!tools.allFound() || m_phase != Phase::ready)
+        return;
+    m_errorMessage.reset();
+    m_downloadProgress = 0;
+    m_downloadStatus = u"Starting…"_s;
+    m_phaseLabel = u"Downloading"_s;
+    m_phase = Phase::downloading;
+
+    const DownloadPipeline::Job job = downloadJob();
+    DownloadPipeline::Events events;
+    events.progress = [this](double fraction, const QString &status) {
+        m_downloadProgress = fraction;
+        m_downloadStatus = status;
+        Q_EMIT changed();
+    };
+    events.trimToApply = [this, job] { return trimToApply(job.download.format); };
+    events.processing = [this](const QString &heading) {
+        m_downloadProgress = 0;
+        m_downloadStatus.clear();
+        m_phaseLabel = heading;
+        m_phase = Phase::processing;
+        Q_EMIT changed();
+    };
+    events.isRecorded = [this](const QString &filePath) {
+        const QList<DownloadRecord> &records = m_environment.store.records();
+        return std::any_of(records.begin(), records.end(), [&](const DownloadRecord &record) {
+            return record.filePath == filePath;
+        });
+    };
+    events.finished = [this, job](const DownloadPipeline::Result &result) {
+        downloadFinished(job, result);
+    };
+    events.failed = [this](const QString &message) { downloadFailed(message); };
+    m_pipeline.start(job, std::move(events));
+    Q_EMIT changed();
+}
+
+DownloadPipeline::Job DownloaderView::downloadJob() const
+{
+    const ToolEnvironment &tools = m_environment.tools;
+    const QString typedTitle = m_customTitle.trimmed();
+    DownloadPipeline::Job job;
+    job.effectiveTitle = typedTitle.isEmpty() ? metadataTitle() : typedTitle;
+    job.download.downloader = ytDlp();
+    job.download.inspector = {*tools.ffmpegPath(), *tools.ffprobePath()};
+    job.download.address = m_urlText.trimmed();
+    job.download.outputDirectory = m_environment.downloadDirectory;
+    job.download.format = outputFormat();
+    if (!typedTitle.isEmpty() && typedTitle != metadataTitle())
+        job.download.customTitle = typedTitle;
+    job.download.info = m_info;
+    return job;
+}
+
+std::optional<TrimRange> DownloaderView::trimToApply(OutputFormat format) const
+{
+    constexpr double shortestTrimSeconds = 0.05;
+    if (!m_trimEnabled || format == OutputFormat::audioMP3
+        || !(m_trimStart + shortestTrimSeconds < m_trimEnd))
+        return std::nullopt;
+    return TrimRange{m_trimStart, m_trimEnd};
+}
+
+void DownloaderView::downloadFinished(const DownloadPipeline::Job &job,
+                                      const DownloadPipeline::Result &result)
+{
+    DownloadRecord record;
+    record.id = QUuid::createUuid();
+    record.title =
+        job.effectiveTitle.isEmpty() ? QFileInfo(result.filePath).fileName() : job.effectiveTitle;
+    record.sourceURL = job.download.address;
+    record.filePath = result.filePath;
+    record.createdAt = QDateTime::currentDateTimeUtc();
+    if (m_info) {
+        record.thumbnailURL = m_info->thumbnail;
+        record.durationSeconds = m_info->duration;
+    }
+    if (result.trim) {
+        record.trimStart = result.trim->start;
+        record.trimEnd = result.trim->end;
+    }
+    m_environment.store.add(record);
+    m_environment.history.recordDownload(record.sourceURL, job.effectiveTitle, record.thumbnailURL,
+                                         record.durationSeconds);
+    m_downloadProgress = 1;
+    m_downloadStatus.clear();
+    m_phase = Phase::done;
+    Q_EMIT changed();
+    m_environment.desktop.playCompletionSound();
+    if (m_onCompleted)
+        m_onCompleted(record.id);
+}
+
+void DownloaderView::downloadFailed(const QString &message)
+{
+    m_errorMessage = message;
+    m_phase = Phase::ready;
+    Q_EMIT changed();
+}
+
+void DownloaderView::cancelDownload()
+{
+    m_pipeline.cancel();
+}
+
+void DownloaderView::dismissErrorMessage()
+{
+    m_errorMessage.reset();
+    Q_EMIT changed();
+}
+
+} // namespace clipwren

@@ -1,0 +1,163 @@
+#pragma once
+
+#include "core/formats/FormatOption.h"
+#include "core/tasks/BackgroundTask.h"
+#include "core/ytdlp/VideoInfo.h"
+#include "platform/media/MediaPlayer.h"
+#include "workflow/download/DownloadPipeline.h"
+#include "workflow/download/PendingFetch.h"
+#include "workflow/download/Phase.h"
+#include "workflow/preview/PreviewPlayerController.h"
+
+#include <QObject>
+#include <QString>
+#include <QUrl>
+#include <QUuid>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+namespace clipwren {
+
+class Desktop;
+class DownloadStore;
+class HistoryStore;
+class Preferences;
+class ToolEnvironment;
+
+/// The state of one download, from the address to the recorded file, and its operations.
+///
+/// Lives on the user-interface thread. `changed()` follows every change of the state. A look-up or
+/// download that was replaced, or whose view is gone, changes nothing any more; destroying the view
+/// stops the running tool.
+class DownloaderView : public QObject {
+    Q_OBJECT
+
+public:
+    /// What outlives the view.
+    struct Environment {
+        DownloadStore &store;
+        HistoryStore &history;
+        ToolEnvironment &tools;
+        PendingFetchBox &pendingFetch;
+        Desktop &desktop;
+        Preferences &preferences;
+        MediaPlayerFactory makePlayer; ///< absent where nothing can be shown: no preview then
+        QString downloadDirectory; ///< absolute; created by the download
+        std::chrono::milliseconds infoTimeout = std::chrono::seconds(60);
+    };
+
+    /// `onCompleted` gets the new record's id, as the last thing that a download does; it may
+    /// delete the view with `deleteLater()`.
+    explicit DownloaderView(const Environment &environment,
+                            std::function<void(QUuid)> onCompleted = {}, QObject *parent = nullptr);
+    ~DownloaderView() override;
+
+    /// Takes up a request that waits, and from now on every later one.
+    void takeUpRequests();
+
+    // The look-up.
+    QString urlText() const { return m_urlText; }
+    void setUrlText(const QString &text);
+    Phase phase() const { return m_phase; }
+    std::optional<VideoInfo> info() const { return m_info; }
+    std::optional<QString> fetchError() const { return m_fetchError; }
+    QString fetchStatus() const { return m_fetchStatus; }
+    QString fetchLog() const { return m_fetchLog; }
+    QString lastAttemptedURL() const { return m_lastAttemptedURL; }
+    bool showLogs() const { return m_showLogs; }
+    void setShowLogs(bool show);
+
+    /// Looks up the address field's text, or again the last address that was valid.
+    void fetchInfo(bool retryingLast);
+    /// Puts the clipboard's text into the address field and looks it up. Nothing without a text.
+    void paste();
+    void cancelFetch();
+    /// The video is the right one.
+    void confirm();
+    /// Back to a blank address field.
+    void resetAll();
+
+    // What the user chooses before the download.
+    QString customTitle() const { return m_customTitle; }
+    void setCustomTitle(const QString &title);
+    void resetCustomTitle();
+    /// The stored raw value of the output format, whatever it is.
+    QString outputFormatRaw() const;
+    void setOutputFormatRaw(const QString &rawValue);
+    OutputFormat outputFormat() const;
+    FormatOption selectedOption() const;
+    /// The name that the file will get, with a placeholder for the video's identifier.
+    QString filenamePreview() const;
+
+    // The range to keep, in seconds.
+    bool trimEnabled() const { return m_trimEnabled; }
+    void setTrimEnabled(bool enabled);
+    double trimStart() const { return m_trimStart; }
+    double trimEnd() const { return m_trimEnd; }
+    void setTrimRange(double start, double end);
+    /// The whole video again, with the preview at its start.
+    void resetTrim();
+
+    PreviewPlayerController &preview() { return m_preview; }
+    std::optional<QUrl> previewURL() const { return m_previewURL; }
+
+    // The download.
+    /// Starts it when the phase is `ready` and the tools are there, otherwise does nothing.
+    void start();
+    void cancelDownload();
+    double downloadProgress() const { return m_downloadProgress; }
+    QString downloadStatus() const { return m_downloadStatus; }
+    QString phaseLabel() const { return m_phaseLabel; }
+    std::optional<QString> errorMessage() const { return m_errorMessage; }
+    void dismissErrorMessage();
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void takeUpRequest();
+    void startLookup(const QString &address);
+    void lookupSucceeded(const QString &address, const YtDlpService::FetchedInfo &lookup);
+    void lookupFailed(const std::exception_ptr &error);
+    void loadPreview(const QString &address);
+    void returnToInput();
+    /// Both tools must be known.
+    YtDlpService ytDlp() const;
+    QString metadataTitle() const;
+
+    DownloadPipeline::Job downloadJob() const;
+    std::optional<TrimRange> trimToApply(OutputFormat format) const;
+    void downloadFinished(const DownloadPipeline::Job &job, const DownloadPipeline::Result &result);
+    void downloadFailed(const QString &message);
+
+    Environment m_environment;
+    std::function<void(QUuid)> m_onCompleted;
+
+    QString m_urlText;
+    std::optional<VideoInfo> m_info;
+    Phase m_phase = Phase::input;
+    std::optional<QString> m_fetchError;
+    QString m_fetchStatus;
+    QString m_fetchLog;
+    QString m_lastAttemptedURL;
+    QString m_customTitle;
+    PreviewPlayerController m_preview;
+    std::optional<QUrl> m_previewURL;
+    double m_downloadProgress = 0;
+    QString m_downloadStatus;
+    QString m_phaseLabel;
+    std::optional<QString> m_errorMessage;
+    bool m_showLogs = false;
+    bool m_trimEnabled = false;
+    double m_trimStart = 0;
+    double m_trimEnd = 0;
+
+    // Declared last, so that work ends before what it reports to.
+    BackgroundTask m_lookup;
+    BackgroundTask m_previewLookup;
+    DownloadPipeline m_pipeline;
+};
+
+} // namespace clipwren

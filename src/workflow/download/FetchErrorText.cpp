@@ -1,0 +1,71 @@
+#include "workflow/download/FetchErrorText.h"
+
+#include "core/process/ProcessRunner.h"
+#include "core/ytdlp/YtDlpService.h"
+
+#include <QRegularExpression>
+
+#include <array>
+
+namespace clipwren {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct Sentence {
+    std::array<QLatin1StringView, 2> signs; ///< any of these in the error's description
+    QString text;
+};
+
+} // namespace
+
+QString friendlyFetchError(const std::exception &error)
+{
+    if (dynamic_cast<const ProcessRunner::TimeoutError *>(&error)) {
+        return u"Timed out after 60 s. YouTube may be rate-limiting — wait a minute and try again."_s;
+    }
+    static const Sentence sentences[] = {
+        {{{"Sign in to confirm"_L1, "not a bot"_L1}},
+         u"YouTube wants browser cookies for this video. Try another video, or sign in via Safari "
+         "first."_s},
+        {{{"Private video"_L1, "members-only"_L1}}, u"This video is private or members-only."_s},
+        {{{"Video unavailable"_L1, "region"_L1}},
+         u"Video unavailable (may be region-locked or removed)."_s},
+    };
+    const QString description = errorDescription(error);
+    for (const Sentence &sentence : sentences) {
+        for (const QLatin1StringView sign : sentence.signs) {
+            if (description.contains(sign))
+                return sentence.text;
+        }
+    }
+    return u"Couldn't fetch video info: "_s + description;
+}
+
+QString withoutLog(const QString &sentence)
+{
+    const qsizetype firstLineEnd = sentence.indexOf(u'\n');
+    if (firstLineEnd < 0)
+        return sentence;
+    QString lastLine;
+    QString lastError;
+    for (const QString &line : sentence.split(u'\n', Qt::SkipEmptyParts)) {
+        lastLine = line.trimmed();
+        if (lastLine.startsWith("ERROR:"_L1))
+            lastError = lastLine;
+    }
+    // The log begins behind the exit status: "… Process failed (exit 1): [debug] …".
+    static const QRegularExpression status(u"^.*?\\(exit \\d+\\): "_s);
+    return status.match(sentence).captured() + (lastError.isEmpty() ? lastLine : lastError);
+}
+
+QString logOf(const std::exception &error)
+{
+    if (const auto *fetchError = dynamic_cast<const YtDlpService::FetchError *>(&error))
+        return fetchError->log();
+    if (const auto *processError = dynamic_cast<const ProcessRunner::ProcessError *>(&error))
+        return processError->standardError();
+    return {};
+}
+
+} // namespace clipwren

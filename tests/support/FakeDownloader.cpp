@@ -1,0 +1,104 @@
+#include "support/FakeDownloader.h"
+
+#include <QTest>
+
+namespace clipwren::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+} // namespace
+
+FakeDownloader::FakeDownloader()
+    : m_lookup(u"echo '[site] abc: Downloading webpage' >&2; cat \"$0.json\""_s),
+      m_previewLookup(u"echo https://stream.example/preview.mp4"_s), m_download(defaultDownload()),
+      store(m_folder.filePath(u"library"_s)), history(m_folder.filePath(u"library"_s))
+{
+    QFile json(tools.path(u"yt-dlp.json"_s));
+    if (json.open(QIODevice::WriteOnly))
+        json.write(metadata());
+    json.close();
+    writeYtDlp();
+    onConvert(u"echo out_time_us=2500000; echo new > \"$output\"; echo progress=end"_s);
+    onProbe(u"vp9"_s, 2160);
+    toolEnvironment.emplace(QStringList{tools.directory()}, ToolEnvironment::Versions::Skip);
+}
+
+void FakeDownloader::onLookup(const QString &script)
+{
+    m_lookup = script;
+    writeYtDlp();
+}
+
+void FakeDownloader::onPreviewLookup(const QString &script)
+{
+    m_previewLookup = script;
+    writeYtDlp();
+}
+
+void FakeDownloader::onDownload(const QString &script)
+{
+    m_download = script;
+    writeYtDlp();
+}
+
+void FakeDownloader::onConvert(const QString &script)
+{
+    tools.add(u"ffmpeg"_s, u"for output; do :; done\n"_s + script);
+}
+
+void FakeDownloader::onProbe(const QString &codec, int height)
+{
+    tools.add(u"ffprobe"_s,
+              u"case \"$*\" in *show_entries*) echo 5.0 ;; *) echo '{\"streams\":"
+              "[{\"codec_type\":\"video\",\"codec_name\":\"%1\",\"height\":%2,\"width\":10}]}' ;; "
+              "esac"_s.arg(codec)
+                  .arg(height));
+}
+
+QByteArray FakeDownloader::metadata()
+{
+    return R"({"title":"Talk","duration":60.5,"uploader":"Someone",
+        "thumbnail":"https://site.example/t.jpg","formats":[
+        {"vcodec":"vp9","acodec":"none","height":2160,"ext":"webm"},
+        {"vcodec":"avc1.64001F","acodec":"none","height":1080,"ext":"mp4"}]})";
+}
+
+QString FakeDownloader::defaultDownload()
+{
+    return u"test -e \"$file\" || echo old > \"$file\"\n"
+           "echo '  42.3%||   1.20MiB/s||00:10'\n"
+           "echo \"filepath:$file\""_s;
+}
+
+void FakeDownloader::writeYtDlp()
+{
+    tools.add(u"yt-dlp"_s,
+              u"case \"$1\" in\n-J) "_s + m_lookup + u" ;;\n-g) "_s + m_previewLookup
+                  + u" ;;\n*)\n"
+                    "ext=mp4; template=\n"
+                    "while [ $# -gt 0 ]; do\n"
+                    "  case \"$1\" in -o) template=$2; shift ;; mp3) ext=mp3 ;; esac; shift\n"
+                    "done\n"
+                    "file=$(printf '%s' \"$template\" | sed -e 's/%(title).200B/Talk/'"
+                    " -e 's/%(id)s/id1/' -e \"s/%(ext)s/$ext/\" -e 's/%%/%/g')\n"_s
+                  + m_download + u"\n;;\nesac"_s);
+}
+
+DownloaderView::Environment FakeDownloader::environment()
+{
+    const auto makePlayer = [this] {
+        auto player = std::make_unique<ScriptedPlayer>(playerLog);
+        lastPlayer = player.get();
+        return player;
+    };
+    return {store,   history,     *toolEnvironment, pendingFetch,
+            desktop, preferences, makePlayer,       downloadFolder()};
+}
+
+bool reaches(DownloaderView &view, Phase phase)
+{
+    return QTest::qWaitFor([&] { return view.phase() == phase; }, 10'000);
+}
+
+} // namespace clipwren::test

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "core/library/DownloadStore.h"
+#include "core/library/HistoryStore.h"
+#include "core/process/ToolEnvironment.h"
+#include "support/FakeTool.h"
+#include "support/RecordingDesktop.h"
+#include "support/ScriptedPlayer.h"
+#include "workflow/download/DownloaderView.h"
+
+#include <QTemporaryDir>
+
+namespace clipwren::test {
+
+/// All that a downloader needs, over fake tools and temporary folders.
+class FakeDownloader {
+public:
+    FakeDownloader();
+
+    /// What the look-up does: `script` runs for "-J". The default prints `metadata()`.
+    void onLookup(const QString &script);
+    /// What the preview look-up does. The default prints an address.
+    void onPreviewLookup(const QString &script);
+    /// What a download does. The default writes the file "Title [id].EXT" where it is told to,
+    /// unless it is there, prints some progress and the path. `$file` is that path.
+    void onDownload(const QString &script);
+    /// What ffmpeg does; `$output` is its last argument, which the default writes.
+    void onConvert(const QString &script);
+    /// The codec and height that ffprobe finds in every file.
+    void onProbe(const QString &codec, int height);
+
+    static QByteArray metadata();
+    static QString defaultDownload();
+
+    DownloaderView::Environment environment();
+    QString downloadFolder() const { return m_folder.filePath(QStringLiteral("Movies/Clipwren")); }
+    QString libraryFolder() const { return m_folder.filePath(QStringLiteral("library")); }
+
+    FakeTools tools;
+    QStringList playerLog;
+    ScriptedPlayer *lastPlayer = nullptr; ///< valid while the view has it
+    RecordingDesktop desktop;
+    MemoryPreferences preferences;
+    PendingFetchBox pendingFetch;
+
+private:
+    void writeYtDlp();
+
+    QTemporaryDir m_folder;
+    QString m_lookup;
+    QString m_previewLookup;
+    QString m_download;
+
+public:
+    DownloadStore store;
+    HistoryStore history;
+    std::optional<ToolEnvironment> toolEnvironment;
+};
+
+/// Lets the event loop run until the view is in that phase.
+bool reaches(DownloaderView &view, Phase phase);
+
+} // namespace clipwren::test

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/Preferences.h"
+
+#include <QMap>
+#include <QStringList>
+
+namespace clipwren::test {
+
+/// Notes what it was asked for: "reveal PATH", "open PATH", "browse ADDRESS", "copy TEXT", "sound".
+class RecordingDesktop : public Desktop {
+public:
+    QStringList log;
+    QString clipboard;
+
+    void reveal(const QString &path) override { log << QStringLiteral("reveal ") + path; }
+    void openFile(const QString &path) override { log << QStringLiteral("open ") + path; }
+    void openAddress(const QUrl &address) override
+    {
+        log << QStringLiteral("browse ") + address.toString();
+    }
+    QString clipboardText() const override { return clipboard; }
+    void setClipboardText(const QString &text) override
+    {
+        clipboard = text;
+        log << QStringLiteral("copy ") + text;
+    }
+    void playCompletionSound() override { log << QStringLiteral("sound"); }
+};
+
+/// Preferences that are gone with the test.
+class MemoryPreferences : public Preferences {
+public:
+    std::optional<QString> text(const QString &key) const override
+    {
+        return m_texts.contains(key) ? std::optional(m_texts.value(key)) : std::nullopt;
+    }
+    void setText(const QString &key, const QString &text) override { m_texts.insert(key, text); }
+
+private:
+    QMap<QString, QString> m_texts;
+};
+
+} // namespace clipwren::test
