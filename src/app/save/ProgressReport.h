@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdio>
+
+namespace clipwren {
+
+/// Tells on a terminal, or in a log, how far a save has come.
+///
+/// On a terminal one line renews itself. Elsewhere each status is a line of its own, and a stage
+/// prints a line at its start, at every quarter, and at its end.
+class ProgressReport {
+public:
+    explicit ProgressReport(std::FILE *output);
+    ~ProgressReport();
+    ProgressReport(const ProgressReport &) = delete;
+    ProgressReport &operator=(const ProgressReport &) = delete;
+
+    /// A text that stays.
+    void line(const QString &text);
+    /// A text that the next one replaces.
+    void status(const QString &text);
+    /// `fraction` is 0 to 1; `detail` may be empty.
+    void progress(const QString &stage, double fraction, const QString &detail);
+
+private:
+    void renew(const QString &text);
+    void clear();
+    void write(const QString &text);
+
+    std::FILE *m_output;
+    bool m_isTerminal;
+    bool m_hasOpenLine = false;
+    QString m_stage;
+    int m_quarter = -1; ///< the last one printed of the stage
+};
+
+} // namespace clipwren

@@ -1,0 +1,89 @@
+#include "app/save/SaveArguments.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace clipwren {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+OutputFormat parseFormat(const QString &name)
+{
+    if (const auto format = outputFormatWithRawValue(name))
+        return *format;
+    QStringList names;
+    for (const OutputFormat format : allOutputFormats)
+        names.append(rawValue(format));
+    throw UsageError(u"“%1” is no format. Choose one of %2."_s.arg(name, names.join(u", "_s)));
+}
+
+TrimRange parseRange(const QString &text)
+{
+    const qsizetype dash = text.indexOf(u'-');
+    const auto start = parseTime(QStringView(text).left(std::max<qsizetype>(dash, 0)));
+    const auto end = parseTime(QStringView(text).mid(dash + 1));
+    if (dash < 0 || !start || !end) {
+        throw UsageError(
+            u"“%1” is no time range. Write START-END, as in 12.5-42 or 1:05-1:02:30."_s.arg(text));
+    }
+    if (*end <= *start)
+        throw UsageError(u"The time range “%1” ends before it starts."_s.arg(text));
+    return {*start, *end};
+}
+
+} // namespace
+
+QString SaveArguments::usage()
+{
+    return u"Usage: clipwren save [--format FORMAT] [--trim START-END] [--title TEXT] ADDRESS\n"
+           "\n"
+           "  --format FORMAT   bestResolution, macCompatible, proRes422 or audioMP3\n"
+           "  --trim START-END  keep this range only; times as 12.5 or [h:]mm:ss[.s]\n"
+           "  --title TEXT      the file's title instead of the video's\n"_s;
+}
+
+SaveArguments SaveArguments::parse(const QStringList &arguments)
+{
+    const QCommandLineOption format(u"format"_s, {}, u"format"_s);
+    const QCommandLineOption trim(u"trim"_s, {}, u"range"_s);
+    const QCommandLineOption title(u"title"_s, {}, u"text"_s);
+    QCommandLineParser parser;
+    parser.addOptions({format, trim, title});
+    // The parser skips the first argument, where a program's name stands.
+    if (!parser.parse(QStringList{u"save"_s} + arguments))
+        throw UsageError(parser.errorText());
+
+    const QStringList addresses = parser.positionalArguments();
+    if (addresses.size() != 1)
+        throw UsageError(addresses.isEmpty() ? u"An address is missing."_s
+                                             : u"One address at a time, please."_s);
+    SaveArguments result;
+    result.address = addresses.first();
+    if (parser.isSet(format))
+        result.format = parseFormat(parser.value(format));
+    if (parser.isSet(trim))
+        result.trim = parseRange(parser.value(trim));
+    if (parser.isSet(title))
+        result.title = parser.value(title);
+    return result;
+}
+
+std::optional<double> parseTime(QStringView text)
+{
+    static const QRegularExpression shape(
+        u"^(?:(?:(\\d{1,4}):)?(\\d{1,3}):)?(\\d{1,9}(?:\\.\\d+)?)$"_s);
+    const QRegularExpressionMatch match = shape.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    const double hours = match.captured(1).toDouble();
+    const double minutes = match.captured(2).toDouble();
+    const double seconds = match.captured(3).toDouble();
+    if ((match.hasCaptured(1) && minutes >= 60) || (match.hasCaptured(2) && seconds >= 60))
+        return std::nullopt;
+    return hours * 3600 + minutes * 60 + seconds;
+}
+
+} // namespace clipwren

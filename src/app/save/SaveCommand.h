@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/save/ProgressReport.h"
+#include "app/save/SaveArguments.h"
+#include "platform/desktop/Preferences.h"
+#include "workflow/download/DownloaderView.h"
+
+#include <QObject>
+
+#include <optional>
+
+namespace clipwren {
+
+/// Saves one video from the command line: drives the downloader as the screen would, tells on
+/// standard error how far it is, and prints the file's path on standard output.
+class SaveCommand : public QObject {
+    Q_OBJECT
+
+public:
+    enum ExitStatus { Saved = 0, Failed = 1, WrongUse = 2, Interrupted = 130 };
+
+    /// `preferences` say the format when the arguments do not.
+    SaveCommand(const SaveArguments &arguments, DownloadStore &store, HistoryStore &history,
+                ToolEnvironment &tools, Desktop &desktop, const Preferences &preferences);
+
+    void start();
+    /// Stops the running tool; `finished` follows.
+    void interrupt();
+
+Q_SIGNALS:
+    void finished(int exitStatus);
+
+private:
+    /// The format asked for, without touching the stored one.
+    class ChosenFormat : public Preferences {
+    public:
+        explicit ChosenFormat(const QString &rawValue);
+        std::optional<QString> text(const QString &key) const override;
+        void setText(const QString &key, const QString &text) override;
+
+    private:
+        QString m_rawValue;
+    };
+
+    void follow();
+    void chooseAndStart();
+    void printPath(QUuid record);
+    void fail(const QString &sentence, ExitStatus status = Failed);
+    void finish(ExitStatus status);
+
+    SaveArguments m_arguments;
+    const DownloadStore &m_store;
+    const ToolEnvironment &m_tools;
+    ChosenFormat m_format;
+    PendingFetchBox m_noRequests;
+    ProgressReport m_report;
+    QString m_lastStatus;
+    bool m_interrupted = false;
+    bool m_isFinished = false;
+    DownloaderView m_view;
+};
+
+/// The sentence that names what is missing, with how to install it; nothing when all is there.
+std::optional<QString> missingTools(const ToolEnvironment &tools);
+
+} // namespace clipwren

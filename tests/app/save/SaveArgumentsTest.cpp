@@ -1,0 +1,79 @@
+#include "app/save/SaveArguments.h"
+
+#include <gmock/gmock.h>
+
+namespace clipwren {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(SaveArguments, ReadsTimes)
+{
+    struct Case {
+        const char16_t *text;
+        std::optional<double> seconds;
+    };
+    const Case cases[] = {
+        {u"12.5", 12.5},
+        {u"0", 0.0},
+        {u"1:05", 65.0},
+        {u"90:00", 5400.0},
+        {u"1:02:05.5", 3725.5},
+        {u"", {}},
+        {u"1:60", {}},
+        {u"1:60:00", {}},
+        {u"-1", {}},
+        {u"1,5", {}},
+        {u"1e3", {}},
+        {u" 1", {}},
+        {u"1:2:3:4", {}},
+        {u"12.", {}},
+        {u":30", {}},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(QString::fromUtf16(c.text).toStdString());
+        EXPECT_EQ(parseTime(QString::fromUtf16(c.text)), c.seconds);
+    }
+}
+
+TEST(SaveArguments, ReadsOptionsInAnyPlace)
+{
+    const SaveArguments arguments =
+        SaveArguments::parse({u"--format"_s, u"audioMP3"_s, u"https://a/"_s, u"--trim=1:00-90"_s,
+                              u"--title"_s, u"-x-"_s});
+    EXPECT_EQ(arguments.address, u"https://a/"_s);
+    EXPECT_EQ(arguments.format, OutputFormat::audioMP3);
+    EXPECT_EQ(arguments.trim, (TrimRange{60, 90}));
+    EXPECT_EQ(arguments.title, u"-x-"_s);
+    EXPECT_EQ(SaveArguments::parse({u"--"_s, u"--odd"_s}).address, u"--odd"_s);
+}
+
+TEST(SaveArguments, SaysWhatIsWrong)
+{
+    struct Case {
+        QStringList arguments;
+        const char *part;
+    };
+    const Case cases[] = {
+        {{}, "address is missing"},
+        {{u"a"_s, u"b"_s}, "One address"},
+        {{u"a"_s, u"--format"_s, u"AudioMP3"_s}, "“AudioMP3” is no format"},
+        {{u"a"_s, u"--trim"_s, u"5"_s}, "“5” is no time range"},
+        {{u"a"_s, u"--trim"_s, u"5-x"_s}, "no time range"},
+        {{u"a"_s, u"--trim"_s, u"5-5"_s}, "ends before it starts"},
+        {{u"a"_s, u"--quality"_s}, "quality"},
+        {{u"a"_s, u"--title"_s}, "title"},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.part);
+        try {
+            SaveArguments::parse(c.arguments);
+            ADD_FAILURE();
+        } catch (const UsageError &error) {
+            EXPECT_THAT(error.errorDescription().toStdString(), testing::HasSubstr(c.part));
+        }
+    }
+}
+
+} // namespace
+} // namespace clipwren
