@@ -14,6 +14,7 @@ class Video:
     # What the player lists, as paths below the media folder.
     sources: tuple = ("tide-clock/manifest.mpd", "tide-clock-360p.mpd")
     slow: bool = False
+    silent: bool = False
     refusal: str | None = None
 
 
@@ -21,6 +22,7 @@ VIDEOS = {
     "tide-clock-01": Video("Building a tide clock from scratch"),
     "hls": Video("Mending a net in one afternoon", sources=("tide-clock-hls/master.m3u8",)),
     "slow": Video("A long way out on a slow line", slow=True),
+    "silent": Video("Fog", silent=True),
     "no-duration": Video("Waiting for the ferry", duration=None),
     "long-title": Video(
         "Every harbour between the river mouth and the northern lighthouse, visited by rowing boat "
@@ -29,7 +31,7 @@ VIDEOS = {
         uploader="The Society for the Slow Exploration of Small Harbours and Their Inhabitants",
     ),
     "rtl": Video(
-        "بناء ساعة المدّ والجزر من الصفر: الحلقة 3", uploader="ورشة الميناء",
+        "بناء ساعة المدّ والجزر من الصفر (الحلقة 3)", uploader="ورشة الميناء",
         description="ساعة تتبع البحر بدلًا من الشمس.",
     ),
     "private": Video("Members' evening", refusal="Private video"),
