@@ -96,16 +96,18 @@ TEST_F(YtDlp, lookUpsEndAHangingToolAtTheirTimeLimit)
 {
     // Partial output does not make it an answer.
     YtDlpService hanging = service("echo '{}'; exec sleep 30");
-    hanging.infoTimeout = std::chrono::milliseconds(30);
-    hanging.previewTimeout = std::chrono::milliseconds(30);
+    hanging.infoTimeout = std::chrono::milliseconds(100);
+    hanging.previewTimeout = std::chrono::milliseconds(100);
     EXPECT_THROW(hanging.fetchInfo(address, {}), ProcessRunner::TimeoutError);
     EXPECT_EQ(test::childCount(), 0);
     EXPECT_THROW(hanging.fetchPreviewURL(address), ProcessRunner::TimeoutError);
+    EXPECT_TRUE(test::eventually([] { return test::childCount() == 0; }));
 }
 
 TEST_F(YtDlp, stoppingALookUpIsACancellationHoweverLongTheToolTakesToEnd)
 {
-    YtDlpService slow = service("trap 'sleep 0.6; exit 143' TERM; echo ready >&2; sleep 30 & wait");
+    YtDlpService slow =
+        service("trap 'sleep 0.6; exit 143' TERM; echo ready >&2; while :; do sleep 0.01; done");
     slow.infoTimeout = std::chrono::milliseconds(500);
     std::stop_source source;
     const auto stopAtFirstLine = [&](const QString &) { source.request_stop(); };
