@@ -1,0 +1,97 @@
+#include "ui/components/DesktopAppearance.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QFile>
+
+using Settings = QMap<QString, QVariantMap>;
+
+namespace clipwren {
+
+namespace {
+
+const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
+const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
+const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
+const auto gnomeGroup = QStringLiteral("org.gnome.desktop.interface");
+
+/// False where connecting would make the D-Bus library start a bus of its own.
+bool hasSessionBus()
+{
+    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")
+        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+}
+
+} // namespace
+
+DesktopAppearance::DesktopAppearance(const QString &busAddress, QObject *parent) : QObject(parent)
+{
+    qDBusRegisterMetaType<Settings>();
+    if (busAddress.isEmpty() && !hasSessionBus())
+        return;
+    if (!busAddress.isEmpty())
+        m_connectionName = QStringLiteral("clipwren-appearance");
+    // Connecting waits for the bus to answer, so it happens beside the start of the window.
+    m_connecting = BackgroundTask::start(
+        [busAddress, name = m_connectionName](std::stop_token, const BackgroundTask::Post &) {
+            return busAddress.isEmpty() ? QDBusConnection::sessionBus()
+                                        : QDBusConnection::connectToBus(busAddress, name);
+        },
+        [this](QDBusConnection bus) { ask(bus); }, [](const std::exception_ptr &) {});
+}
+
+DesktopAppearance::~DesktopAppearance()
+{
+    if (!m_connectionName.isEmpty())
+        QDBusConnection::disconnectFromBus(m_connectionName);
+}
+
+void DesktopAppearance::ask(QDBusConnection &bus)
+{
+    if (!bus.isConnected())
+        return;
+    bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    auto message =
+        QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("ReadAll"));
+    message << QStringList{appearanceGroup, gnomeGroup};
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        const QDBusPendingReply<Settings> reply = *watcher;
+        watcher->deleteLater();
+        if (reply.isError())
+            return;
+        const Settings settings = reply.value();
+        for (auto group = settings.begin(); group != settings.end(); ++group) {
+            for (auto entry = group->begin(); entry != group->end(); ++entry)
+                take(group.key(), entry.key(), entry.value());
+        }
+        Q_EMIT changed();
+    });
+}
+
+void DesktopAppearance::settingChanged(const QString &group, const QString &key,
+                                       const QDBusVariant &value)
+{
+    take(group, key, value.variant());
+    Q_EMIT changed();
+}
+
+void DesktopAppearance::take(const QString &group, const QString &key, const QVariant &value)
+{
+    if (group == appearanceGroup && key == QStringLiteral("color-scheme")) {
+        const uint scheme = value.toUInt();
+        m_prefersDark = scheme == 1 || scheme == 2 ? std::optional(scheme == 1) : std::nullopt;
+    } else if (group == appearanceGroup && key == QStringLiteral("reduced-motion")) {
+        m_reducedMotion = value.toUInt() == 1;
+    } else if (group == gnomeGroup && key == QStringLiteral("enable-animations")) {
+        m_animations = value.toBool();
+    }
+}
+
+} // namespace clipwren

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/tasks/BackgroundTask.h"
+
+#include <QObject>
+#include <QVariantMap>
+
+#include <optional>
+
+class QDBusConnection;
+class QDBusVariant;
+
+namespace clipwren {
+
+/// What the desktop's settings say about colours and motion, read from its portal.
+///
+/// Never blocks: until the answer comes, and where there is no portal, nothing is known and
+/// motion is not reduced. User-interface thread only.
+class DesktopAppearance : public QObject {
+    Q_OBJECT
+public:
+    /// Asks the portal on the bus at `busAddress`; an empty one is the session's bus.
+    explicit DesktopAppearance(const QString &busAddress = {}, QObject *parent = nullptr);
+    ~DesktopAppearance() override;
+    DesktopAppearance(const DesktopAppearance &) = delete;
+    DesktopAppearance &operator=(const DesktopAppearance &) = delete;
+
+    /// Absent while the desktop names no preference.
+    std::optional<bool> prefersDark() const { return m_prefersDark; }
+    bool reducedMotion() const { return m_reducedMotion.value_or(!m_animations); }
+
+Q_SIGNALS:
+    void changed();
+
+private Q_SLOTS:
+    void settingChanged(const QString &group, const QString &key, const QDBusVariant &value);
+
+private:
+    void ask(QDBusConnection &bus);
+    void take(const QString &group, const QString &key, const QVariant &value);
+
+    QString m_connectionName;
+    BackgroundTask m_connecting;
+    std::optional<bool> m_prefersDark;
+    std::optional<bool> m_reducedMotion;
+    bool m_animations = true;
+};
+
+} // namespace clipwren

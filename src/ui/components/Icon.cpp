@@ -1,0 +1,110 @@
+#include "ui/components/Icon.h"
+
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+#include <cmath>
+
+namespace clipwren {
+
+namespace {
+
+QPixmap drawTinted(const QString &name, int pixels, const QColor &color)
+{
+    QImage drawing(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    drawing.fill(Qt::transparent);
+    QPainter painter(&drawing);
+    QSvgRenderer(QStringLiteral(":/icons/%1.svg").arg(name)).render(&painter);
+    painter.end();
+
+    // The files are drawn in black; white strokes over it cut a hole, so that what lies behind
+    // the symbol shows through it in every scheme.
+    QImage tinted(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < pixels; ++y) {
+        const auto *from = reinterpret_cast<const QRgb *>(drawing.constScanLine(y));
+        auto *to = reinterpret_cast<QRgb *>(tinted.scanLine(y));
+        for (int x = 0; x < pixels; ++x) {
+            const int coverage = qAlpha(from[x]) - qRed(from[x]);
+            to[x] = qPremultiply(
+                qRgba(color.red(), color.green(), color.blue(), coverage * color.alpha() / 255));
+        }
+    }
+    return QPixmap::fromImage(tinted);
+}
+
+QPixmap tinted(const QString &name, int pixels, const QColor &color)
+{
+    const QString key =
+        QStringLiteral("icon/%1/%2/%3").arg(name).arg(pixels).arg(color.rgba(), 8, 16);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = drawTinted(name, pixels, color);
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
+/// Draws a symbol at whatever size and ratio a style asks for.
+class SymbolEngine : public QIconEngine {
+public:
+    SymbolEngine(Icon icon, const QColor &color, const QColor &disabled)
+        : m_icon(icon), m_color(color), m_disabled(disabled)
+    {
+    }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
+    {
+        m_icon.paint(*painter, rect, mode == QIcon::Disabled ? m_disabled : m_color);
+    }
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override
+    {
+        return m_icon.pixmap(std::min(size.width(), size.height()),
+                             mode == QIcon::Disabled ? m_disabled : m_color, 1);
+    }
+    QIconEngine *clone() const override { return new SymbolEngine(*this); }
+
+private:
+    Icon m_icon;
+    QColor m_color;
+    QColor m_disabled;
+};
+
+} // namespace
+
+QString Icon::name() const
+{
+    return isNull() ? QString() : QString::fromUtf16(names[static_cast<std::size_t>(m_index)]);
+}
+
+QPixmap Icon::pixmap(int size, const QColor &color, qreal devicePixelRatio) const
+{
+    if (isNull() || size <= 0)
+        return {};
+    QPixmap pixmap = tinted(name(), static_cast<int>(std::lround(size * devicePixelRatio)), color);
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+}
+
+void Icon::paint(QPainter &painter, const QRectF &rect, const QColor &color) const
+{
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const qreal side = std::min(rect.width(), rect.height());
+    const int pixels = static_cast<int>(std::lround(side * ratio));
+    if (isNull() || pixels <= 0)
+        return;
+    QPixmap pixmap = tinted(name(), pixels, color);
+    pixmap.setDevicePixelRatio(ratio);
+    // On whole device pixels, or the picture would be smoothed once more.
+    const QTransform toDevice = painter.deviceTransform();
+    const QPointF corner = rect.center() - QPointF(pixels, pixels) / (2 * ratio);
+    painter.drawPixmap(toDevice.inverted().map(QPointF(toDevice.map(corner).toPoint())), pixmap);
+}
+
+QIcon Icon::toQIcon(const QColor &color, const QColor &disabled) const
+{
+    return isNull() ? QIcon() : QIcon(new SymbolEngine(*this, color, disabled));
+}
+
+} // namespace clipwren
