@@ -1,11 +1,11 @@
 #include "ui/components/Theme.h"
 
 #include "ui/components/DesktopAppearance.h"
+#include "ui/components/Style.h"
 
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
-#include <QStyleFactory>
 
 #include <array>
 
@@ -49,6 +49,7 @@ constexpr std::array colorRows = {
     ColorRow{Color::BlueText, 0xFF0960DA, 0xFF5AA2FF},
     ColorRow{Color::BlueFill, 0x260A66E8, 0x295AA2FF},
     ColorRow{Color::Red, 0xFFC9302C, 0xFFFF6E69},
+    ColorRow{Color::RedFill, 0xFFC9302C, 0xFFC9302C},
     ColorRow{Color::Button, 0xFFFFFFFF, 0xFF34343A},
     ColorRow{Color::ButtonBorder, 0x29000000, 0x24FFFFFF},
     ColorRow{Color::SwitchOff, 0x29000000, 0x38FFFFFF},
@@ -143,8 +144,7 @@ Theme::Theme(QObject *parent)
 {
     Q_ASSERT(!currentTheme);
     currentTheme = this;
-    // The one style that follows a palette everywhere; the desktop's own would mix two looks.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new Style);
     QApplication::setFont(font(TextStyle::Body));
     setApplicationPalette();
 }

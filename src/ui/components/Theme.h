@@ -48,6 +48,7 @@ public:
         BlueText, ///< on BlueFill
         BlueFill,
         Red, ///< destructive
+        RedFill, ///< destructive prominent buttons; text on it OnAccent
         Button, ///< bordered buttons
         ButtonBorder,
         SwitchOff, ///< track of a switch that is off

@@ -1,0 +1,62 @@
+#include "ui/components/Banner.h"
+
+#include "ui/components/Button.h"
+#include "ui/components/IconView.h"
+#include "ui/components/Label.h"
+
+#include <QHBoxLayout>
+
+namespace clipwren {
+
+Banner::Banner(QWidget *parent)
+    : Card(Theme::Color::OrangeFill, 10, parent), m_title(new Label(Theme::TextStyle::Strong)),
+      m_message(new Label(Theme::TextStyle::Callout)),
+      m_dismiss(Button::iconOnly(u"xmark", tr("Dismiss")))
+{
+    auto *texts = new QVBoxLayout;
+    texts->setSpacing(3);
+    texts->addWidget(m_title);
+    texts->addWidget(m_message);
+    m_title->hide();
+    m_title->setWordWrap(true);
+    m_message->setWordWrap(true);
+    m_dismiss->setSize(Button::Size::Small);
+    m_dismiss->hide();
+
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(11, 10, 12, 10);
+    row->setSpacing(9);
+    row->addWidget(new IconView(u"exclamationmark.triangle.fill", 18, Theme::Color::OrangeIcon), 0,
+                   Qt::AlignTop);
+    row->addLayout(texts, 1);
+    row->addWidget(m_dismiss, 0, Qt::AlignTop);
+    connect(m_dismiss, &Button::clicked, this, &Banner::dismissed);
+}
+
+void Banner::setTitle(const QString &title)
+{
+    m_title->setText(title);
+    m_title->setVisible(!title.isEmpty());
+}
+
+void Banner::setMessage(const QString &message)
+{
+    m_message->setTextFormat(Qt::PlainText);
+    m_message->setText(message);
+    m_message->setColor(Theme::Color::Text);
+    m_message->setSelectable(true);
+}
+
+void Banner::setMarkdown(const QString &message)
+{
+    m_message->setMarkdown(message);
+    m_message->setColor(Theme::Color::Secondary);
+    m_message->setSelectable(false);
+}
+
+void Banner::setDismissible(bool dismissible)
+{
+    m_dismiss->setVisible(dismissible);
+}
+
+} // namespace clipwren

@@ -1,0 +1,122 @@
+#include "ui/components/ElidedLabel.h"
+
+#include "ui/components/DigitText.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
+
+#include <cmath>
+
+namespace clipwren {
+
+ElidedLabel::ElidedLabel(Theme::TextStyle style, Theme::Color color, const QString &text,
+                         QWidget *parent)
+    : Label(style, color, {}, parent)
+{
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setFullText(text);
+}
+
+void ElidedLabel::setElideMode(Qt::TextElideMode mode)
+{
+    m_mode = mode;
+    cut();
+}
+
+void ElidedLabel::setFullText(const QString &text)
+{
+    if (m_fullText == text && !m_line.isNull())
+        return;
+    m_fullText = text;
+    m_line = text.simplified();
+    setAccessibleName(m_line);
+    setAlignment(Qt::AlignAbsolute | Qt::AlignVCenter
+                 | (m_line.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
+    cut();
+    updateGeometry();
+}
+
+qreal ElidedLabel::widthOf(const QString &text) const
+{
+    return paintsDigits() ? DigitText(text, font()).width()
+                          : QFontMetricsF(font()).horizontalAdvance(text);
+}
+
+void ElidedLabel::cut()
+{
+    const int room = contentsRect().width();
+    QString shown = m_line;
+    if (std::ceil(widthOf(m_line)) > room)
+        shown = QFontMetricsF(font()).elidedText(m_line, m_mode, room);
+    if (shown == text())
+        return;
+    setText(shown);
+    // As markup, or a title that looks like some would be shown as one.
+    setToolTip(isCut() ? QStringLiteral("<span>%1</span>").arg(m_line.toHtmlEscaped()) : QString());
+}
+
+QSize ElidedLabel::sizeHint() const
+{
+    return {static_cast<int>(std::ceil(widthOf(m_line))), QFontMetrics(font()).height()};
+}
+
+QSize ElidedLabel::minimumSizeHint() const
+{
+    const auto ellipsis = QFontMetricsF(font()).horizontalAdvance(QChar(0x2026));
+    return {std::min(static_cast<int>(std::ceil(ellipsis)), sizeHint().width()),
+            QFontMetrics(font()).height()};
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent *event)
+{
+    Label::resizeEvent(event);
+    cut();
+}
+
+void ElidedLabel::changeEvent(QEvent *event)
+{
+    Label::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        cut();
+        updateGeometry();
+    }
+}
+
+QString ElidedLabel::copyText() const
+{
+    return isCut() || !hasSelectedText() ? m_fullText : selectedText();
+}
+
+void ElidedLabel::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Copy) && hasSelectedText())
+        QGuiApplication::clipboard()->setText(copyText());
+    else
+        Label::keyPressEvent(event);
+}
+
+void ElidedLabel::mouseReleaseEvent(QMouseEvent *event)
+{
+    Label::mouseReleaseEvent(event);
+    auto *clipboard = QGuiApplication::clipboard();
+    if (hasSelectedText() && clipboard->supportsSelection())
+        clipboard->setText(copyText(), QClipboard::Selection);
+}
+
+void ElidedLabel::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (textInteractionFlags() == Qt::NoTextInteraction) {
+        event->ignore();
+        return;
+    }
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(tr("Copy")), &QAction::triggered, this,
+            [text = copyText()] { QGuiApplication::clipboard()->setText(text); });
+    menu->popup(event->globalPos());
+}
+
+} // namespace clipwren

@@ -1,0 +1,88 @@
+#include "ui/components/FocusRing.h"
+
+#include "ui/components/Theme.h"
+
+#include <QFocusEvent>
+#include <QFocusFrame>
+#include <QPainter>
+#include <QStyle>
+
+namespace clipwren {
+
+namespace {
+
+constexpr qreal thickness = 2;
+// The style's margin: the ring's own room and a gap, so that it shows around a filled control.
+constexpr qreal margin = 4;
+
+class RingFrame : public QFocusFrame {
+public:
+    RingFrame(QWidget *parent, qreal radius) : QFocusFrame(parent), m_radius(radius)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Theme::current().color(Theme::Color::FocusRing), thickness));
+        const qreal radius = m_radius + margin - thickness / 2;
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), radius, radius);
+    }
+
+private:
+    qreal m_radius;
+};
+
+bool isKeyboard(Qt::FocusReason reason)
+{
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+        || reason == Qt::ShortcutFocusReason;
+}
+
+/// Reasons that bring back the focus a control had before.
+bool isReturn(Qt::FocusReason reason)
+{
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+}
+
+} // namespace
+
+FocusRing::FocusRing(QWidget *control, QWidget *framed, qreal radius, When when)
+    : QObject(control), m_framed(framed), m_radius(radius), m_when(when)
+{
+    control->installEventFilter(this);
+}
+
+void FocusRing::install(QWidget *control, qreal radius, When when, QWidget *framed)
+{
+    new FocusRing(control, framed ? framed : control, radius, when);
+}
+
+bool FocusRing::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn) {
+        const auto reason = static_cast<QFocusEvent *>(event)->reason();
+        if (!isReturn(reason))
+            m_byKeyboard = isKeyboard(reason);
+        if (m_framed && (m_byKeyboard || m_when == When::Always)) {
+            if (!m_frame)
+                m_frame = new RingFrame(m_framed, m_radius);
+            m_frame->setWidget(m_framed);
+        }
+    } else if (event->type() == QEvent::FocusOut && m_frame) {
+        m_frame->setWidget(nullptr);
+    } else if (event->type() == QEvent::KeyPress && !m_byKeyboard && m_when == When::Keyboard) {
+        // A clicked control that is then operated by keys shows where the keys go.
+        m_byKeyboard = true;
+        if (!m_frame && m_framed)
+            m_frame = new RingFrame(m_framed, m_radius);
+        if (m_frame)
+            m_frame->setWidget(m_framed);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace clipwren

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class QFocusFrame;
+class QWidget;
+
+namespace clipwren {
+
+/// A ring around a control while it has the keyboard's attention, drawn outside its edge.
+///
+/// Appears when focus came by Tab or a shortcut, so that clicks leave no ring behind. The ring
+/// belongs to the control that it is installed on and takes no room in its layout.
+class FocusRing : public QObject {
+    Q_OBJECT
+public:
+    enum class When {
+        Keyboard, ///< focus came from the keyboard
+        Always, ///< for text fields, which take keys however they got focus
+    };
+
+    /// Watches `control`. The ring lies around `framed`, by default the control itself, whose
+    /// corners have `radius` logical pixels.
+    static void install(QWidget *control, qreal radius, When when = When::Keyboard,
+                        QWidget *framed = nullptr);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    FocusRing(QWidget *control, QWidget *framed, qreal radius, When when);
+
+    QPointer<QWidget> m_framed;
+    QPointer<QFocusFrame> m_frame;
+    qreal m_radius;
+    When m_when;
+    bool m_byKeyboard = false;
+};
+
+} // namespace clipwren

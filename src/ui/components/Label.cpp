@@ -1,0 +1,90 @@
+#include "ui/components/Label.h"
+
+#include "ui/components/DigitText.h"
+
+#include <QPainter>
+#include <QRegularExpression>
+#include <QStyle>
+
+#include <cmath>
+
+namespace clipwren {
+
+Label::Label(Theme::TextStyle style, Theme::Color color, const QString &text, QWidget *parent)
+    : QLabel(text, parent), m_style(style), m_color(color)
+{
+    setTextFormat(Qt::PlainText);
+    setFont(Theme::font(style));
+    applyColor();
+    connect(&Theme::current(), &Theme::changed, this, &Label::applyColor);
+}
+
+void Label::setColor(Theme::Color color)
+{
+    if (m_color == color)
+        return;
+    m_color = color;
+    applyColor();
+}
+
+void Label::setStyle(Theme::TextStyle style)
+{
+    if (m_style == style)
+        return;
+    m_style = style;
+    setFont(Theme::font(style));
+}
+
+void Label::setMarkdown(const QString &text)
+{
+    static const QRegularExpression bold(QStringLiteral("\\*\\*(.+?)\\*\\*"));
+    static const QRegularExpression italic(QStringLiteral("\\*(.+?)\\*"));
+    QString html = text.toHtmlEscaped();
+    html.replace(bold, QStringLiteral("<b>\\1</b>")).replace(italic, QStringLiteral("<i>\\1</i>"));
+    setTextFormat(Qt::RichText);
+    setText(html);
+}
+
+void Label::setSelectable(bool selectable)
+{
+    setTextInteractionFlags(selectable ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                       : Qt::NoTextInteraction);
+}
+
+void Label::applyColor()
+{
+    QPalette colors = palette();
+    colors.setColor(foregroundRole(), Theme::current().color(m_color));
+    setPalette(colors);
+}
+
+bool Label::paintsDigits() const
+{
+    return Theme::hasMonospacedDigits(m_style) && textInteractionFlags() == Qt::NoTextInteraction
+        && !wordWrap();
+}
+
+QSize Label::sizeHint() const
+{
+    const QSize size = QLabel::sizeHint();
+    if (!paintsDigits())
+        return size;
+    return {static_cast<int>(std::ceil(DigitText(text(), font()).width())), size.height()};
+}
+
+void Label::paintEvent(QPaintEvent *event)
+{
+    if (!paintsDigits()) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    const DigitText digits(text(), font());
+    const QFontMetricsF metrics(font());
+    const QSize size(static_cast<int>(std::ceil(digits.width())), fontMetrics().height());
+    const QRect place = QStyle::alignedRect(layoutDirection(), alignment(), size, contentsRect());
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    digits.paint(painter, QPointF(place.x(), place.y() + metrics.ascent()));
+}
+
+} // namespace clipwren

@@ -1,0 +1,135 @@
+#include "ui/components/Picker.h"
+
+#include "ui/components/FocusRing.h"
+#include "ui/components/Painting.h"
+#include "ui/components/Theme.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace clipwren {
+
+namespace {
+
+constexpr int rowHeight = 30;
+constexpr int radius = 7;
+constexpr int padding = 13;
+constexpr int symbolSize = 16;
+constexpr int gap = 4;
+constexpr int chevronSize = 14;
+constexpr int chevronGap = 6;
+
+} // namespace
+
+Picker::Picker(QWidget *parent) : QComboBox(parent)
+{
+    setFont(Theme::font(Theme::TextStyle::Label));
+    setIconSize({symbolSize, symbolSize});
+    setSizeAdjustPolicy(AdjustToContents);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+    FocusRing::install(this, radius);
+    connect(&Theme::current(), &Theme::changed, this, &Picker::tintIcons);
+    connect(this, &QComboBox::activated, this, [this] { Q_EMIT picked(currentKey()); });
+}
+
+void Picker::setEntries(const QList<Entry> &entries)
+{
+    if (m_entries == entries)
+        return;
+    const QString key = currentKey();
+    m_entries = entries;
+    clear();
+    for (const Entry &entry : m_entries)
+        addItem(entry.title, entry.key);
+    tintIcons();
+    setCurrentKey(key);
+    updateGeometry();
+}
+
+QString Picker::currentKey() const
+{
+    return currentData().toString();
+}
+
+int Picker::indexOf(const QString &key) const
+{
+    return findData(key);
+}
+
+void Picker::setCurrentKey(const QString &key)
+{
+    setCurrentIndex(indexOf(key));
+    updateGeometry();
+}
+
+void Picker::tintIcons()
+{
+    const Theme &theme = Theme::current();
+    for (int index = 0; index < count(); ++index) {
+        setItemIcon(index,
+                    m_entries[index].icon.toQIcon(theme.color(Theme::Color::Text),
+                                                  theme.color(Theme::Color::Tertiary)));
+    }
+}
+
+QSize Picker::sizeHint() const
+{
+    return {2 * padding + symbolSize + gap + fontMetrics().horizontalAdvance(currentText())
+                + chevronGap + chevronSize,
+            rowHeight};
+}
+
+QSize Picker::minimumSizeHint() const
+{
+    return {2 * padding + symbolSize + gap + chevronGap + chevronSize + 40, rowHeight};
+}
+
+void Picker::paintEvent(QPaintEvent *)
+{
+    const Theme &theme = Theme::current();
+    const auto mirrored = [this](const QRect &place) {
+        return QStyle::visualRect(layoutDirection(), rect(), place);
+    };
+    QPainter painter(this);
+    if (!isEnabled())
+        painter.setOpacity(0.4);
+    // The last line is left to the shadow.
+    const QRectF box = QRectF(rect()).adjusted(0, 0, 0, -1);
+    paintBoxShadow(painter, box, radius);
+    paintBox(painter, box, radius, theme.color(Theme::Color::Button),
+             theme.color(Theme::Color::ButtonBorder));
+    if (underMouse())
+        paintBox(painter, box, radius, theme.color(Theme::Color::Hover));
+
+    const QColor ink = theme.color(Theme::Color::Text);
+    const int middle = static_cast<int>(box.height()) / 2;
+    if (currentIndex() >= 0)
+        m_entries[currentIndex()].icon.paint(
+            painter, mirrored({padding, middle - symbolSize / 2, symbolSize, symbolSize}), ink);
+    Icon(u"chevron.up.chevron.down")
+        .paint(painter,
+               mirrored({width() - padding - chevronSize, middle - chevronSize / 2, chevronSize,
+                         chevronSize}),
+               theme.color(Theme::Color::Secondary));
+    const int left = padding + symbolSize + gap;
+    const QRect place = mirrored({left, 0, width() - left - padding - chevronSize - chevronGap,
+                                  static_cast<int>(box.height())});
+    painter.setPen(ink);
+    painter.drawText(
+        place,
+        static_cast<int>(Qt::AlignVCenter)
+            | static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)),
+        fontMetrics().elidedText(currentText(), Qt::ElideRight, place.width()));
+}
+
+void Picker::wheelEvent(QWheelEvent *event)
+{
+    // Scrolling the page must not change the choice under the pointer.
+    event->ignore();
+}
+
+} // namespace clipwren

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ui/components/Icon.h"
+
+#include <QComboBox>
+
+namespace clipwren {
+
+/// A button that shows what is chosen and opens a menu of the others.
+class Picker : public QComboBox {
+    Q_OBJECT
+public:
+    struct Entry {
+        Icon icon;
+        QString title;
+        QString key; ///< names the entry towards the program
+
+        bool operator==(const Entry &) const = default;
+    };
+
+    explicit Picker(QWidget *parent = nullptr);
+
+    /// Keeps the chosen key when it is still there, else nothing is chosen.
+    void setEntries(const QList<Entry> &entries);
+    QString currentKey() const;
+    /// Chooses without `picked()`; a key that is not there leaves nothing chosen.
+    void setCurrentKey(const QString &key);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The user chose an entry.
+    void picked(const QString &key);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void tintIcons();
+    int indexOf(const QString &key) const;
+
+    QList<Entry> m_entries;
+};
+
+} // namespace clipwren

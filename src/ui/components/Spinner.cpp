@@ -1,0 +1,56 @@
+#include "ui/components/Spinner.h"
+
+#include "ui/components/Theme.h"
+
+#include <QPainter>
+
+#include <chrono>
+
+namespace clipwren {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// One turn a second, at thirty pictures.
+constexpr auto interval = 33ms;
+constexpr int degreesAStep = 12;
+
+} // namespace
+
+Spinner::Spinner(int size, QWidget *parent) : QWidget(parent), m_size(size)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAccessibleName(tr("In progress"));
+}
+
+void Spinner::showEvent(QShowEvent *)
+{
+    if (!Theme::current().reducedMotion())
+        m_timer.start(static_cast<int>(interval.count()), this);
+}
+
+void Spinner::hideEvent(QHideEvent *)
+{
+    m_timer.stop();
+}
+
+void Spinner::timerEvent(QTimerEvent *)
+{
+    m_degrees = (m_degrees + degreesAStep) % 360;
+    update();
+}
+
+void Spinner::paintEvent(QPaintEvent *)
+{
+    const qreal stroke = m_size / 8.0;
+    QRectF ring(0, 0, m_size - stroke, m_size - stroke);
+    ring.moveCenter(QRectF(rect()).center());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(
+        QPen(Theme::current().color(Theme::Color::Secondary), stroke, Qt::SolidLine, Qt::RoundCap));
+    painter.drawArc(ring, (90 - m_degrees) * 16, -270 * 16);
+}
+
+} // namespace clipwren

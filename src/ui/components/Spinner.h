@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QWidget>
+
+namespace clipwren {
+
+/// Says that something of unknown length is going on. Wakes nobody up while hidden, and stands
+/// still under reduced motion.
+class Spinner : public QWidget {
+    Q_OBJECT
+public:
+    /// `size` is the ring's diameter in logical pixels.
+    explicit Spinner(int size = 18, QWidget *parent = nullptr);
+
+    bool isTurning() const { return m_timer.isActive(); }
+    QSize sizeHint() const override { return {m_size, m_size}; }
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    int m_size;
+    int m_degrees = 0;
+    QBasicTimer m_timer;
+};
+
+} // namespace clipwren

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QWidget>
+
+namespace clipwren::gallery {
+
+/// Every kind of control in each of its states.
+QWidget *controlsPage();
+/// The controls together, as the screens of the application use them.
+QWidget *cardsPage();
+/// The whole set of symbols, small and large.
+QWidget *iconsPage();
+QWidget *logPage();
+
+} // namespace clipwren::gallery
