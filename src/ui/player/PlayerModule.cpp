@@ -1,0 +1,100 @@
+#include "ui/player/PlayerModule.h"
+
+#include "core/Error.h"
+#include "platform/media/UnavailablePlayer.h"
+#include "ui/player/PlayerBackend.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QLibrary>
+#include <QPalette>
+#include <QWidget>
+
+#include <exception>
+#include <utility>
+
+namespace clipwren {
+namespace {
+
+const QString moduleName = QStringLiteral("clipwren_player.so");
+
+QString findModule(const QStringList &folders)
+{
+    for (const QString &folder : folders) {
+        const QFileInfo file(folder + u'/' + moduleName);
+        if (file.isFile())
+            return file.absoluteFilePath();
+    }
+    return {};
+}
+
+} // namespace
+
+PlayerModule::PlayerModule(QStringList folders, std::chrono::milliseconds networkTimeout)
+    : m_folders(std::move(folders)), m_networkTimeout(networkTimeout)
+{
+}
+
+QStringList PlayerModule::defaultFolders()
+{
+    const QString here = QCoreApplication::applicationDirPath();
+    return {here, here + QStringLiteral("/../lib/clipwren"),
+            here + QStringLiteral("/../../lib/clipwren")};
+}
+
+void PlayerModule::warmUp()
+{
+    if (m_backend)
+        return;
+    m_warmUp = BackgroundTask::start(
+        [path = findModule(m_folders)](const std::stop_token &, const BackgroundTask::Post &) {
+            // Whether it worked is found out, with the reason, when the first player is made.
+            QLibrary(path).load();
+        },
+        [] {}, [](const std::exception_ptr &) {});
+}
+
+PlayerBackend *PlayerModule::backend()
+{
+    if (m_backend)
+        return m_backend;
+    const QString path = findModule(m_folders);
+    if (path.isEmpty()) {
+        m_failure = QStringLiteral("The player is missing: %1 was not found. "
+                                   "Installing Clipwren again should bring it back.")
+                        .arg(moduleName);
+        return nullptr;
+    }
+    QLibrary library(path);
+    if (const auto function = library.resolve("clipwrenPlayerBackend1")) {
+        m_backend = reinterpret_cast<decltype(&clipwrenPlayerBackend1)>(function)();
+        return m_backend;
+    }
+    m_failure = QStringLiteral("The player cannot be used: %1").arg(library.errorString());
+    return nullptr;
+}
+
+std::unique_ptr<MediaPlayer> PlayerModule::makePlayer()
+{
+    try {
+        if (PlayerBackend *const loaded = backend())
+            return loaded->makePlayer(m_networkTimeout);
+    } catch (const std::exception &error) {
+        m_failure = errorDescription(error);
+    }
+    return std::make_unique<UnavailablePlayer>(m_failure);
+}
+
+QWidget *PlayerModule::makeSurface(MediaPlayer &player, QWidget *parent)
+{
+    if (m_backend) {
+        if (QWidget *const surface = m_backend->makeSurface(player, parent))
+            return surface;
+    }
+    auto *const nothing = new QWidget(parent);
+    nothing->setAutoFillBackground(true);
+    nothing->setPalette(QPalette(Qt::black));
+    return nothing;
+}
+
+} // namespace clipwren

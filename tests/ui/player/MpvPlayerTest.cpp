@@ -1,0 +1,162 @@
+#include "PlayerStage.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace clipwren {
+namespace {
+
+using namespace test;
+
+struct MpvPlayerTest : testing::Test {
+    PlayerStage stage;
+    std::unique_ptr<MediaPlayer> player = playerModule().makePlayer();
+
+    static void SetUpTestSuite() { PlayerStage::warmUp(); }
+
+    void loadShown(int stream = 1)
+    {
+        player->load(numberedVideo(stream));
+        stage.show(*player);
+        ASSERT_TRUE(stage.waitFor({stream, 0})) << player->failure().toStdString();
+    }
+    /// True once the picture of a time is there.
+    bool seek(double seconds)
+    {
+        bool arrived = false;
+        player->seek(seconds, [&](bool finished) { arrived = finished; });
+        return waitUntil([&] { return arrived; });
+    }
+    bool playToThePause()
+    {
+        return waitUntil([&] { return !player->isPlaying(); });
+    }
+};
+
+TEST_F(MpvPlayerTest, seeksShowTheFirstFrameAtOrAfterATime)
+{
+    loadShown();
+    EXPECT_EQ(player->durationSeconds(), 8.0);
+    struct Case {
+        double seconds;
+        int frame;
+    };
+    for (const auto &[seconds, frame] :
+         {Case{4, 100}, Case{0.04, 1}, Case{4.01, 101}, Case{2.36, 59}, Case{2.4, 60},
+          Case{2.44, 61}, Case{7.96, 199}, Case{0, 0}, Case{8, 199}, Case{3.2, 80}, Case{99, 199},
+          Case{-5, 0}}) {
+        ASSERT_TRUE(seek(seconds)) << seconds;
+        EXPECT_TRUE(stage.waitFor({1, frame}))
+            << seconds << " showed " << testing::PrintToString(stage.latest());
+    }
+}
+
+TEST_F(MpvPlayerTest, aRangeStopsOnItsLastFrame)
+{
+    loadShown();
+    QSignalSpy ends(player.get(), &MediaPlayer::endTimeReached);
+    struct Range {
+        double start;
+        double end;
+        int lastFrame;
+    };
+    for (const auto &[start, end, lastFrame] :
+         {Range{2, 2.4, 59}, Range{2, 2.41, 60}, Range{1, 1.04, 25}, Range{7.8, 8, 199},
+          Range{2, 2.4, 59}, Range{7.8, 20, 199}, Range{7.92, 8, 199}}) {
+        player->setEndTime({});
+        ASSERT_TRUE(seek(start));
+        stage.forgetPictures();
+        player->setEndTime(end);
+        player->play();
+        EXPECT_TRUE(player->isPlaying());
+        ASSERT_TRUE(playToThePause()) << start;
+        EXPECT_TRUE(stage.waitFor({1, lastFrame}) || stage.pictures().empty()) << start;
+        for (const auto &picture : stage.pictures())
+            EXPECT_LE(picture.value().frame, lastFrame);
+        EXPECT_NEAR(player->positionSeconds(), lastFrame / framesPerSecond, 0.06);
+    }
+    EXPECT_EQ(ends.size(), 7);
+}
+
+TEST_F(MpvPlayerTest, goesOnAfterARangeAndStartsAgainAfterTheEnd)
+{
+    loadShown();
+    ASSERT_TRUE(seek(1));
+    player->setEndTime(1.2);
+    player->play();
+    ASSERT_TRUE(playToThePause());
+    player->setEndTime({});
+    stage.forgetPictures();
+    player->play();
+    ASSERT_TRUE(waitUntil([&] { return stage.latest() && stage.latest()->frame > 35; }));
+    EXPECT_TRUE(std::all_of(stage.pictures().begin(), stage.pictures().end(),
+                            [](const auto &picture) { return picture->frame >= 29; }));
+
+    player->pause();
+    ASSERT_TRUE(seek(7.8));
+    player->play();
+    ASSERT_TRUE(playToThePause());
+    stage.forgetPictures();
+    player->play();
+    ASSERT_TRUE(waitUntil([&] { return stage.latest() && stage.latest()->frame < 30; }));
+    EXPECT_TRUE(player->isPlaying());
+}
+
+TEST_F(MpvPlayerTest, aHundredQuickDragsEndOnTheLast)
+{
+    loadShown();
+    int answers = 0;
+    for (int step = 1; step <= 100; ++step) {
+        player->seek(step * 0.07, [&](bool) { ++answers; });
+        // Some are asked for while an earlier one is on its way.
+        if (step % 7 == 0)
+            QTest::qWait(1);
+    }
+    EXPECT_TRUE(stage.waitFor({1, 175}));
+    EXPECT_TRUE(waitUntil([&] { return answers == 100; })) << answers;
+    EXPECT_EQ(stage.latest(), (FrameNumber{1, 175}));
+}
+
+TEST_F(MpvPlayerTest, opensWithoutASurfaceAndShowsTheFrameItIsAt)
+{
+    player->load(numberedVideo(2));
+    player->seek(3, {});
+    ASSERT_TRUE(waitUntil([&] { return player->status() == MediaPlayer::Status::Ready; }));
+    ASSERT_TRUE(seek(5));
+    stage.show(*player);
+    EXPECT_TRUE(stage.waitFor({2, 125}));
+}
+
+TEST_F(MpvPlayerTest, keepsItsPictureWhenTheSurfaceMovesOrIsReplaced)
+{
+    loadShown();
+    ASSERT_TRUE(seek(2));
+    for (int move = 0; move < 3; ++move) {
+        stage.forgetPictures();
+        stage.moveToNewWindow();
+        EXPECT_TRUE(stage.waitFor({1, 50}));
+    }
+    stage.removeSurface();
+    ASSERT_TRUE(seek(3));
+    stage.show(*player);
+    EXPECT_TRUE(stage.waitFor({1, 75}));
+}
+
+TEST_F(MpvPlayerTest, neverShowsThePictureOfTheReplacedStream)
+{
+    loadShown(1);
+    for (int round = 0; round < 20; ++round) {
+        const int stream = round % 2 == 0 ? 2 : 1;
+        player->load(numberedVideo(stream));
+        stage.forgetPictures();
+        ASSERT_TRUE(stage.waitFor({stream, 0})) << round;
+        for (const auto &picture : stage.pictures())
+            EXPECT_EQ(picture.value_or(FrameNumber{stream, 0}).stream, stream);
+    }
+}
+
+} // namespace
+} // namespace clipwren

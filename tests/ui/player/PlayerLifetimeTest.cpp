@@ -1,0 +1,124 @@
+#include "AnsweringServer.h"
+#include "PlayerStage.h"
+
+#include <QDir>
+#include <QRandomGenerator>
+#include <QTest>
+#include <QThreadPool>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace clipwren {
+namespace {
+
+using namespace test;
+
+int threadCount()
+{
+    return static_cast<int>(QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs).size());
+}
+
+struct PlayerLifetimeTest : testing::Test {
+    // Which picture may be on screen now; 0 for none.
+    int stream = 0;
+    PlayerStage stage;
+    std::unique_ptr<MediaPlayer> player = playerModule().makePlayer();
+    AnsweringServer missing{"404 Not Found"};
+    AnsweringServer silent{""};
+    // Printed on failure, so that the same moments can be tried again.
+    const quint32 seed = QRandomGenerator::global()->generate();
+    QRandomGenerator random{seed};
+
+    static void SetUpTestSuite() { PlayerStage::warmUp(); }
+
+    void load(const QUrl &url, int number)
+    {
+        player->load(url);
+        stage.forgetPictures();
+        stream = number;
+    }
+    void doSomething()
+    {
+        switch (random.bounded(12)) {
+        case 0:
+        case 1:
+            return load(numberedVideo(1), 1);
+        case 2:
+            return load(numberedVideo(2), 2);
+        case 3:
+            return load(missing.url(), 0);
+        case 4:
+            return load(silent.url(), 0);
+        case 5:
+            player = playerModule().makePlayer();
+            stage.forgetPictures();
+            stream = 0;
+            return;
+        case 6:
+            stage.forgetPictures();
+            return stage.show(*player);
+        case 7:
+            return stage.removeSurface();
+        case 8:
+            if (stage.surface())
+                stage.moveToNewWindow();
+            return;
+        case 9:
+            return player->seek(random.bounded(8.0), {});
+        case 10:
+            player->setEndTime(random.bounded(8.0));
+            return player->play();
+        default:
+            player->setEndTime({});
+            return player->pause();
+        }
+    }
+    void expectNoWrongPicture() const
+    {
+        for (const auto &picture : stage.pictures())
+            EXPECT_EQ(picture.value_or(FrameNumber{stream, 0}).stream, stream) << "seed " << seed;
+    }
+};
+
+TEST_F(PlayerLifetimeTest, survivesEverythingAtEveryMoment)
+{
+    const int threadsBefore = threadCount();
+    for (int step = 0; step < 250; ++step) {
+        doSomething();
+        // From at once to after the first pictures.
+        if (const int wait = random.bounded(4) * random.bounded(20); wait > 0)
+            QTest::qWait(wait);
+        expectNoWrongPicture();
+    }
+    stage.removeSurface();
+    player = playerModule().makePlayer();
+    stage.show(*player);
+    load(numberedVideo(2), 2);
+    EXPECT_TRUE(stage.waitFor({2, 0})) << "seed " << seed;
+    stage.removeSurface();
+    player.reset();
+    QThreadPool::globalInstance()->waitForDone();
+    EXPECT_TRUE(waitUntil([&] { return threadCount() <= threadsBefore + 2; }))
+        << threadCount() << " threads, before " << threadsBefore;
+}
+
+TEST_F(PlayerLifetimeTest, playerAndSurfaceGoInEitherOrderAHundredTimes)
+{
+    for (int round = 0; round < 100; ++round) {
+        player = playerModule().makePlayer();
+        load(numberedVideo(1 + round % 2), 1 + round % 2);
+        stage.show(*player);
+        if (const int wait = random.bounded(120); round % 3 != 0)
+            QTest::qWait(wait);
+        if (round % 2 == 0)
+            stage.removeSurface();
+        player.reset();
+        QTest::qWait(random.bounded(3));
+        expectNoWrongPicture();
+        stage.removeSurface();
+    }
+}
+
+} // namespace
+} // namespace clipwren
