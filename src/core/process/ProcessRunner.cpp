@@ -26,7 +26,7 @@ using ChunkHandler = std::function<void(QByteArrayView chunk)>;
 constexpr qsizetype chunkSize = 64 * 1024;
 
 // Some thirty years: what is longer would not fit the clock's whole nanoseconds.
-constexpr std::chrono::duration<double> longestTimeout {1e9};
+constexpr std::chrono::duration<double> longestTimeout{1e9};
 
 /// Programs that outlived their time limit, each seen to its end on a thread of its own. What is
 /// still there when the application ends is killed.

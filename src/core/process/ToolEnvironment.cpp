@@ -34,8 +34,7 @@ QStringList ToolEnvironment::defaultSearchDirectories()
 }
 
 ToolEnvironment::ToolEnvironment(const QStringList &searchDirectories, Versions versions)
-    : m_searchDirectories(searchDirectories)
-    , m_versions(versions)
+    : m_searchDirectories(searchDirectories), m_versions(versions)
 {
     refresh();
 }

@@ -50,8 +50,7 @@ void DownloadPipeline::decide(const PromisedDownload::Result &downloaded)
 }
 
 void DownloadPipeline::process(const PromisedDownload::Result &downloaded,
-                               const EncodeProfile &profile,
-                               const std::optional<TrimRange> &trim)
+                               const EncodeProfile &profile, const std::optional<TrimRange> &trim)
 {
     m_step = BackgroundTask::start(
         [this, ffmpeg = m_job.download.inspector, downloaded, profile,
