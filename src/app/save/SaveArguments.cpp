@@ -62,6 +62,9 @@ SaveArguments SaveArguments::parse(const QStringList &arguments)
                                              : u"One address at a time, please."_s);
     SaveArguments result;
     result.address = addresses.first();
+    // The look-up passes over a blank address without a word.
+    if (result.address.trimmed().isEmpty())
+        throw UsageError(u"The address is empty."_s);
     if (parser.isSet(format))
         result.format = parseFormat(parser.value(format));
     if (parser.isSet(trim))

@@ -57,6 +57,8 @@ TEST(SaveArguments, SaysWhatIsWrong)
     const Case cases[] = {
         {{}, "address is missing"},
         {{u"a"_s, u"b"_s}, "One address"},
+        {{u""_s}, "address is empty"},
+        {{u" \n"_s}, "address is empty"},
         {{u"a"_s, u"--format"_s, u"AudioMP3"_s}, "“AudioMP3” is no format"},
         {{u"a"_s, u"--trim"_s, u"5"_s}, "“5” is no time range"},
         {{u"a"_s, u"--trim"_s, u"5-x"_s}, "no time range"},
