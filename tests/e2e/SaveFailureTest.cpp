@@ -18,14 +18,16 @@ TEST_F(SaveTest, tellsInOneSentenceWhyAVideoCannotBeSaved)
 {
     const struct {
         QString page;
+        QStringList options;
         const char *sentence;
     } cases[] = {
-        {u"nowhere"_s, "HTTP Error 404"},
-        {u"private"_s, "This video is private or members-only."},
+        {u"nowhere"_s, {}, "HTTP Error 404"},
+        {u"private"_s, {}, "This video is private or members-only."},
+        {u"hls"_s, {u"--trim"_s, u"20-30"_s}, "The video ends before the time range starts."},
     };
     for (const auto &expected : cases) {
         SCOPED_TRACE(expected.page.toStdString());
-        const Outcome outcome = save(expected.page);
+        const Outcome outcome = save(expected.page, expected.options);
         EXPECT_EQ(outcome.exitStatus, 1);
         EXPECT_EQ(outcome.standardOutput, QString());
         EXPECT_THAT(lastLine(outcome.standardError).toStdString(), HasSubstr(expected.sentence))
@@ -34,11 +36,22 @@ TEST_F(SaveTest, tellsInOneSentenceWhyAVideoCannotBeSaved)
     }
 }
 
+TEST_F(ProgramTest, refusesToTrimSoundAlone)
+{
+    const Outcome outcome = run({u"save"_s, u"--trim"_s, u"1-2"_s, u"--format"_s, u"audioMP3"_s,
+                                 u"http://127.0.0.1/watch?v=tide-clock-01"_s});
+    EXPECT_EQ(outcome.exitStatus, 2);
+    EXPECT_EQ(outcome.standardOutput, QString());
+    EXPECT_THAT(outcome.standardError.toStdString(), HasSubstr("Audio is saved whole"));
+}
+
 TEST_F(ProgramTest, answersWrongUseWithTheUsage)
 {
     const QString address = u"http://127.0.0.1/watch?v=tide-clock-01"_s;
     const QStringList cases[] = {
+        {u"keep"_s, address},
         {u"save"_s},
+        {u"save"_s, u""_s},
         {u"save"_s, address, address},
         {u"save"_s, u"--format"_s, u"mp4"_s, address},
         {u"save"_s, u"--format"_s, u"audiomp3"_s, address},
