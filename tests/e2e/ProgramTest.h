@@ -25,7 +25,7 @@ protected:
     Outcome run(const QStringList &arguments) const
     {
         ProgramRun run(program(), arguments, m_home.environment());
-        EXPECT_TRUE(run.waitForExit(std::chrono::seconds(100))) << "the program does not end";
+        EXPECT_TRUE(run.waitForExit(std::chrono::seconds(150))) << "the program does not end";
         EXPECT_EQ(m_home.processes(), QStringList()) << "a tool was left running";
         return {run.exitStatus(), run.standardOutput(), run.standardError()};
     }

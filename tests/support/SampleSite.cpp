@@ -9,7 +9,7 @@ namespace {
 using namespace std::chrono_literals;
 
 // Covers the wait for another test that makes the films on a busy machine.
-constexpr std::chrono::milliseconds generationLimit = 100s;
+constexpr std::chrono::milliseconds generationLimit = 150s;
 constexpr std::chrono::milliseconds answerLimit = 20s;
 
 QString script(const char *name)
