@@ -6,6 +6,8 @@
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 
+#include <chrono>
+#include <future>
 #include <mpv/render_gl.h>
 #include <utility>
 
@@ -52,19 +54,29 @@ void VideoSurface::initializeGL()
         m_context,
         [](void *self) {
             QMetaObject::invokeMethod(static_cast<VideoSurface *>(self),
-                                      qOverload<>(&QWidget::update), Qt::QueuedConnection);
+                                      &VideoSurface::updateIfThereIsANewPicture,
+                                      Qt::QueuedConnection);
         },
         this);
     m_mpv->useSurface(true);
+}
+
+void VideoSurface::updateIfThereIsANewPicture()
+{
+    if (m_context && (mpv_render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME) != 0)
+        update();
 }
 
 void VideoSurface::releaseContext()
 {
     if (!m_context)
         return;
-    // Before the context goes, as mpv would otherwise switch the video track off for good.
-    m_mpv->useSurface(false);
     makeCurrent();
+    // Before the context goes, as mpv would otherwise switch the video track off for good. It
+    // cannot answer while it waits for its picture to be taken.
+    const auto left = std::async(std::launch::async, [this] { m_mpv->useSurface(false); });
+    while (left.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready)
+        takePicture({}, true);
     // After this returns, no callback runs any more.
     mpv_render_context_set_update_callback(m_context, nullptr, nullptr);
     mpv_render_context_free(std::exchange(m_context, nullptr));
@@ -76,19 +88,21 @@ void VideoSurface::paintGL()
     QOpenGLFunctions *const gl = context()->functions();
     gl->glClearColor(0, 0, 0, 1);
     gl->glClear(GL_COLOR_BUFFER_BIT);
-    if (!m_context)
-        return;
-    const QSize pixels = size() * devicePixelRatio();
+    if (m_context)
+        takePicture(size() * devicePixelRatio(), m_mpv->isBlank());
+}
+
+void VideoSurface::takePicture(QSize pixels, bool skip)
+{
     mpv_opengl_fbo target{static_cast<int>(defaultFramebufferObject()), pixels.width(),
                           pixels.height(), 0};
     int upsideDown = 1;
     int wait = 0;
-    // mpv goes on only when its picture was taken, even one that is not to be seen.
-    int skip = m_mpv->isBlank() ? 1 : 0;
+    int skipDrawing = skip ? 1 : 0;
     mpv_render_param parameters[]{{MPV_RENDER_PARAM_OPENGL_FBO, &target},
                                   {MPV_RENDER_PARAM_FLIP_Y, &upsideDown},
                                   {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &wait},
-                                  {MPV_RENDER_PARAM_SKIP_RENDERING, &skip},
+                                  {MPV_RENDER_PARAM_SKIP_RENDERING, &skipDrawing},
                                   {MPV_RENDER_PARAM_INVALID, nullptr}};
     mpv_render_context_render(m_context, parameters);
 }

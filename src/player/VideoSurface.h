@@ -24,7 +24,10 @@ protected:
     void paintGL() override;
 
 private:
+    void updateIfThereIsANewPicture();
     void releaseContext();
+    /// mpv goes on only when its picture was taken, even one that is not to be seen.
+    void takePicture(QSize pixels, bool skip);
 
     std::shared_ptr<MpvInstance> m_mpv;
     // Null before the first paint, between two windows, and when another surface shows this core.
