@@ -2,6 +2,7 @@
 
 #include "player/MpvInstance.h"
 #include "player/MpvLog.h"
+#include "player/MpvValues.h"
 #include "player/PlaybackFailure.h"
 
 #include <QPointer>
@@ -29,16 +30,6 @@ constexpr double endToleranceSeconds = 0.1;
 constexpr double framesAhead = 4;
 constexpr double usualFramesPerSecond = 25;
 
-QByteArray seconds(double value)
-{
-    return QByteArray::number(value, 'f', 6);
-}
-
-QByteArray yesNo(bool value)
-{
-    return value ? QByteArrayLiteral("yes") : QByteArrayLiteral("no");
-}
-
 bool isPlayable(const QUrl &url)
 {
     const QString scheme = url.scheme();
@@ -48,32 +39,6 @@ bool isPlayable(const QUrl &url)
 QByteArray addressOf(const QUrl &url)
 {
     return url.isLocalFile() ? url.toLocalFile().toUtf8() : url.toEncoded();
-}
-
-std::optional<qint64> playlistEntry(const mpv_node &result)
-{
-    if (result.format != MPV_FORMAT_NODE_MAP)
-        return {};
-    for (int i = 0; i < result.u.list->num; ++i) {
-        if (std::string_view(result.u.list->keys[i]) == "playlist_entry_id")
-            return result.u.list->values[i].u.int64;
-    }
-    return {};
-}
-
-// Properties come without a value while there is none.
-std::optional<double> number(const mpv_event_property &property)
-{
-    if (property.format != MPV_FORMAT_DOUBLE)
-        return {};
-    return *static_cast<const double *>(property.data);
-}
-
-bool flag(const mpv_event_property &property, bool fallback)
-{
-    if (property.format != MPV_FORMAT_FLAG)
-        return fallback;
-    return *static_cast<const int *>(property.data) != 0;
 }
 
 } // namespace
