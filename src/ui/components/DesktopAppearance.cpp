@@ -5,7 +5,6 @@
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusVariant>
 #include <QFile>
 
 using Settings = QMap<QString, QVariantMap>;
@@ -32,6 +31,8 @@ bool hasSessionBus()
 DesktopAppearance::DesktopAppearance(const QString &busAddress, QObject *parent) : QObject(parent)
 {
     qDBusRegisterMetaType<Settings>();
+    // Else the slot is only found once Qt has come across the type by itself.
+    qRegisterMetaType<QDBusVariant>();
     if (busAddress.isEmpty() && !hasSessionBus())
         return;
     if (!busAddress.isEmpty())
@@ -55,7 +56,8 @@ void DesktopAppearance::ask(QDBusConnection &bus)
 {
     if (!bus.isConnected())
         return;
-    bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+    // From whatever sender: to find out who owns the portal's name would be to wait for the bus.
+    bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto message =
         QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("ReadAll"));

@@ -2,13 +2,13 @@
 
 #include "core/tasks/BackgroundTask.h"
 
+#include <QDBusVariant>
 #include <QObject>
 #include <QVariantMap>
 
 #include <optional>
 
 class QDBusConnection;
-class QDBusVariant;
 
 namespace clipwren {
 

@@ -49,26 +49,28 @@ QPixmap tinted(const QString &name, int pixels, const QColor &color)
 /// Draws a symbol at whatever size and ratio a style asks for.
 class SymbolEngine : public QIconEngine {
 public:
-    SymbolEngine(Icon icon, const QColor &color, const QColor &disabled)
-        : m_icon(icon), m_color(color), m_disabled(disabled)
-    {
-    }
+    SymbolEngine(Icon icon, const Icon::MenuColors &colors) : m_icon(icon), m_colors(colors) { }
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
     {
-        m_icon.paint(*painter, rect, mode == QIcon::Disabled ? m_disabled : m_color);
+        m_icon.paint(*painter, rect, colorFor(mode));
     }
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override
     {
-        return m_icon.pixmap(std::min(size.width(), size.height()),
-                             mode == QIcon::Disabled ? m_disabled : m_color, 1);
+        return m_icon.pixmap(std::min(size.width(), size.height()), colorFor(mode), 1);
     }
     QIconEngine *clone() const override { return new SymbolEngine(*this); }
 
 private:
+    QColor colorFor(QIcon::Mode mode) const
+    {
+        if (mode == QIcon::Disabled)
+            return m_colors.disabled;
+        return mode == QIcon::Selected ? m_colors.selected : m_colors.normal;
+    }
+
     Icon m_icon;
-    QColor m_color;
-    QColor m_disabled;
+    Icon::MenuColors m_colors;
 };
 
 } // namespace
@@ -102,9 +104,9 @@ void Icon::paint(QPainter &painter, const QRectF &rect, const QColor &color) con
     painter.drawPixmap(toDevice.inverted().map(QPointF(toDevice.map(corner).toPoint())), pixmap);
 }
 
-QIcon Icon::toQIcon(const QColor &color, const QColor &disabled) const
+QIcon Icon::toQIcon(const MenuColors &colors) const
 {
-    return isNull() ? QIcon() : QIcon(new SymbolEngine(*this, color, disabled));
+    return isNull() ? QIcon() : QIcon(new SymbolEngine(*this, colors));
 }
 
 } // namespace clipwren

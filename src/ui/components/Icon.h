@@ -81,8 +81,13 @@ public:
     void paint(QPainter &painter, const QRectF &rect, const QColor &color) const;
     /// A square picture of `size` logical pixels for a screen of the given ratio.
     QPixmap pixmap(int size, const QColor &color, qreal devicePixelRatio) const;
-    /// For menus and actions, which draw icons themselves. `disabled` is used in that mode.
-    QIcon toQIcon(const QColor &color, const QColor &disabled) const;
+    struct MenuColors {
+        QColor normal;
+        QColor selected; ///< of the item under the pointer
+        QColor disabled;
+    };
+    /// For menus and lists, which draw icons themselves.
+    QIcon toQIcon(const MenuColors &colors) const;
 
     bool operator==(const Icon &) const = default;
 

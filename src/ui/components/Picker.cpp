@@ -71,8 +71,9 @@ void Picker::tintIcons()
     const Theme &theme = Theme::current();
     for (int index = 0; index < count(); ++index) {
         setItemIcon(index,
-                    m_entries[index].icon.toQIcon(theme.color(Theme::Color::Text),
-                                                  theme.color(Theme::Color::Tertiary)));
+                    m_entries[index].icon.toQIcon({theme.color(Theme::Color::Text),
+                                                   theme.color(Theme::Color::OnAccent),
+                                                   theme.color(Theme::Color::Tertiary)}));
     }
 }
 

@@ -30,7 +30,7 @@ constexpr std::array tonesTable = {
 
 } // namespace
 
-Pill::Pill(QWidget *parent) : QWidget(parent)
+Pill::Pill(QWidget *parent) : QLabel(parent)
 {
     setFont(Theme::font(Theme::TextStyle::CaptionLabel));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -40,15 +40,14 @@ void Pill::display(Tone tone, Icon icon, const QString &text)
 {
     m_tone = tone;
     m_icon = icon;
-    m_text = text;
-    setAccessibleName(text);
+    setText(text);
     updateGeometry();
     update();
 }
 
 QSize Pill::sizeHint() const
 {
-    return {2 * paddingAcross + iconSize + gap + fontMetrics().horizontalAdvance(m_text), 23};
+    return {2 * paddingAcross + iconSize + gap + fontMetrics().horizontalAdvance(text()), 23};
 }
 
 void Pill::paintEvent(QPaintEvent *)
@@ -61,7 +60,7 @@ void Pill::paintEvent(QPaintEvent *)
                  theme.color(tones.icon));
     painter.setPen(theme.color(tones.text));
     painter.drawText(rect().adjusted(paddingAcross + iconSize + gap, 0, 0, 0),
-                     Qt::AlignLeft | Qt::AlignVCenter, m_text);
+                     Qt::AlignLeft | Qt::AlignVCenter, text());
 }
 
 } // namespace clipwren

@@ -2,12 +2,12 @@
 
 #include "ui/components/Icon.h"
 
-#include <QWidget>
+#include <QLabel>
 
 namespace clipwren {
 
 /// A short verdict with its symbol on a capsule of the same colour.
-class Pill : public QWidget {
+class Pill : public QLabel {
     Q_OBJECT
 public:
     enum class Tone { Green, Blue, Orange };
@@ -17,6 +17,7 @@ public:
     void display(Tone tone, Icon icon, const QString &text);
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -24,7 +25,6 @@ protected:
 private:
     Tone m_tone = Tone::Green;
     Icon m_icon;
-    QString m_text;
 };
 
 } // namespace clipwren

@@ -18,8 +18,10 @@ constexpr int degreesAStep = 12;
 
 } // namespace
 
-Spinner::Spinner(int size, QWidget *parent) : QWidget(parent), m_size(size)
+Spinner::Spinner(int size, QWidget *parent) : QProgressBar(parent), m_size(size)
 {
+    setRange(0, 0);
+    setTextVisible(false);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAccessibleName(tr("In progress"));
 }

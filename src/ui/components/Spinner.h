@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QWidget>
+#include <QProgressBar>
 
 namespace clipwren {
 
 /// Says that something of unknown length is going on. Wakes nobody up while hidden, and stands
-/// still under reduced motion.
-class Spinner : public QWidget {
+/// still under reduced motion. A progress bar without an end to assistive tools.
+class Spinner : public QProgressBar {
     Q_OBJECT
 public:
     /// `size` is the ring's diameter in logical pixels.
@@ -15,6 +15,7 @@ public:
 
     bool isTurning() const { return m_timer.isActive(); }
     QSize sizeHint() const override { return {m_size, m_size}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -1,11 +1,12 @@
 #include "ui/components/Style.h"
 
+#include "ui/components/Icon.h"
 #include "ui/components/Painting.h"
 #include "ui/components/Theme.h"
 
 #include <QPainter>
 #include <QStyleFactory>
-#include <QStyleOptionSlider>
+#include <QStyleOption>
 
 namespace clipwren {
 
@@ -30,6 +31,54 @@ QRect handleRect(const QStyleOptionSlider &bar)
                    : QRect(bar.rect.x() + start, bar.rect.y(), handle, bar.rect.height());
 }
 
+constexpr int menuInset = 4;
+constexpr int menuPadding = 8; // of an item, on the left and right
+constexpr int menuIconSize = 16;
+constexpr int menuIconGap = 8;
+
+void drawMenuItem(const QStyleOptionMenuItem &item, QPainter &painter)
+{
+    const Theme &theme = Theme::current();
+    if (item.menuItemType == QStyleOptionMenuItem::Separator) {
+        painter.fillRect(QRect(item.rect.left() + menuPadding, item.rect.center().y(),
+                               item.rect.width() - 2 * menuPadding, 1),
+                         theme.color(Theme::Color::Separator));
+        return;
+    }
+    const bool enabled = item.state.testFlag(QStyle::State_Enabled);
+    const bool active = enabled && item.state.testFlag(QStyle::State_Selected);
+    if (active)
+        paintBox(painter, item.rect, 5, theme.color(Theme::Color::AccentFill));
+    const QColor ink = theme.color(active        ? Theme::Color::OnAccent
+                                       : enabled ? Theme::Color::Text
+                                                 : Theme::Color::Tertiary);
+    QRect place = item.rect.adjusted(menuPadding, 0, -menuPadding, 0);
+    const QRect iconPlace(place.left(), place.center().y() - menuIconSize / 2 + 1, menuIconSize,
+                          menuIconSize);
+    const auto visual = [&item](const QRect &rect) {
+        return QStyle::visualRect(item.direction, item.rect, rect);
+    };
+    if (!item.icon.isNull())
+        item.icon.paint(&painter, visual(iconPlace), Qt::AlignCenter,
+                        active        ? QIcon::Selected
+                            : enabled ? QIcon::Normal
+                                      : QIcon::Disabled);
+    else if (item.checked)
+        Icon(u"checkmark").paint(painter, visual(iconPlace), ink);
+    if (item.maxIconWidth > 0 || item.menuHasCheckableItems)
+        place.setLeft(iconPlace.right() + 1 + menuIconGap);
+    painter.setPen(ink);
+    painter.setFont(item.font);
+    const QStringList parts = item.text.split(u'\t');
+    const auto side = [&item](Qt::Alignment alignment) {
+        return static_cast<int>(QStyle::visualAlignment(item.direction, alignment))
+            | static_cast<int>(Qt::AlignVCenter) | Qt::TextShowMnemonic | Qt::TextSingleLine;
+    };
+    painter.drawText(visual(place), side(Qt::AlignLeft), parts.first());
+    if (parts.size() > 1)
+        painter.drawText(visual(place), side(Qt::AlignRight), parts.last());
+}
+
 } // namespace
 
 // The one style that follows a palette everywhere; the desktop's own would mix two looks.
@@ -47,6 +96,9 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
         return scrollBarWidth;
     case PM_ScrollView_ScrollBarSpacing:
         return 0;
+    case PM_MenuHMargin:
+    case PM_MenuVMargin:
+        return menuInset;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -85,6 +137,52 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex *o
             : QRect(QPoint(handle.right() + 1, bar->rect.top()), bar->rect.bottomRight());
     default:
         return {};
+    }
+}
+
+QSize Style::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
+                              const QWidget *widget) const
+{
+    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    if (type != CT_MenuItem || !item)
+        return QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (item->menuItemType == QStyleOptionMenuItem::Separator)
+        return {contents.width(), 9};
+    const bool iconColumn = item->maxIconWidth > 0 || item->menuHasCheckableItems;
+    const QStringList parts = item->text.split(u'\t');
+    int width = 2 * menuPadding + (iconColumn ? menuIconSize + menuIconGap : 0);
+    for (const QString &part : parts)
+        width +=
+            item->fontMetrics.boundingRect({}, Qt::TextShowMnemonic, part).width() + menuIconGap;
+    return {width, item->fontMetrics.height() + 8};
+}
+
+void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                          const QWidget *widget) const
+{
+    if (element != PE_FrameMenu && element != PE_PanelMenu) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    const Theme &theme = Theme::current();
+    if (element == PE_PanelMenu)
+        painter->fillRect(option->rect, theme.color(Theme::Color::Card));
+    painter->save();
+    painter->setPen(theme.color(Theme::Color::ButtonBorder));
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
+}
+
+void Style::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                        const QWidget *widget) const
+{
+    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    if (element == CE_MenuItem && item) {
+        painter->save();
+        drawMenuItem(*item, *painter);
+        painter->restore();
+    } else if (element != CE_MenuEmptyArea) {
+        QProxyStyle::drawControl(element, option, painter, widget);
     }
 }
 
