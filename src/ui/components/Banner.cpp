@@ -15,6 +15,7 @@ Banner::Banner(QWidget *parent)
 {
     auto *texts = new QVBoxLayout;
     texts->setSpacing(3);
+    texts->setContentsMargins(0, 2, 0, 2);
     texts->addWidget(m_title);
     texts->addWidget(m_message);
     m_title->hide();
@@ -24,10 +25,13 @@ Banner::Banner(QWidget *parent)
     m_dismiss->hide();
 
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(11, 10, 12, 10);
+    row->setContentsMargins(11, 8, 12, 8);
     row->setSpacing(9);
-    row->addWidget(new IconView(u"exclamationmark.triangle.fill", 18, Theme::Color::OrangeIcon), 0,
-                   Qt::AlignTop);
+    auto *symbol = new QVBoxLayout;
+    symbol->setContentsMargins(0, 2, 0, 2);
+    symbol->addWidget(new IconView(u"exclamationmark.triangle.fill", 18, Theme::Color::OrangeIcon),
+                      0, Qt::AlignTop);
+    row->addLayout(symbol);
     row->addLayout(texts, 1);
     row->addWidget(m_dismiss, 0, Qt::AlignTop);
     connect(m_dismiss, &Button::clicked, this, &Banner::dismissed);

@@ -21,7 +21,8 @@ FieldBox::FieldBox(Icon icon, const QString &name, QWidget *parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFixedHeight(40);
     setCursor(Qt::IBeamCursor);
-    m_row->setContentsMargins(13, 0, 13, 0);
+    // The text field brings two pixels of its own.
+    m_row->setContentsMargins(icon.isNull() ? 11 : 13, 0, 13, 0);
     m_row->setSpacing(9);
     if (!icon.isNull())
         m_row->addWidget(new IconView(icon, 16, Theme::Color::Secondary));

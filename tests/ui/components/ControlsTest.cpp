@@ -15,6 +15,7 @@
 #include <QFocusFrame>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -40,6 +41,31 @@ public:
         activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(this));
     }
+};
+
+/// Sees which of some widgets are painted from now on.
+class PaintCounter : public QObject {
+public:
+    explicit PaintCounter(const QList<QWidget *> &widgets)
+    {
+        for (QWidget *widget : widgets) {
+            if (!widget->isVisible() || widget->size().isEmpty())
+                continue;
+            m_waiting.insert(widget);
+            widget->installEventFilter(this);
+        }
+    }
+
+    bool allPainted() const { return m_waiting.isEmpty(); }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            m_waiting.remove(watched);
+        return false;
+    }
+
+private:
+    QSet<QObject *> m_waiting;
 };
 
 bool ringShows(const QWidget &window)
@@ -97,6 +123,22 @@ TEST(ControlsTest, assistiveToolsHearNameAndRole)
         QAccessible::queryAccessibleInterface(segments.findChild<QAbstractButton *>());
     EXPECT_EQ(first->role(), QAccessible::RadioButton);
     EXPECT_TRUE(first->state().checked);
+}
+
+TEST(ControlsTest, aNewSchemeRepaintsEveryControl)
+{
+    Theme::current().forceScheme(Theme::Scheme::Light);
+    auto *banner = new Banner;
+    banner->setMessage(QStringLiteral("Process failed"));
+    Stage stage({new Button(Button::Style::Bordered, QStringLiteral("Cancel")),
+                 new SegmentedControl({QStringLiteral("Recent"), QStringLiteral("History")}),
+                 new Switch(QStringLiteral("Trim")), new LinearProgress, makePicker(), banner,
+                 new FieldBox(u"link", QStringLiteral("Address"))});
+    const auto old = stage.findChildren<QWidget *>();
+    PaintCounter counter(old);
+    Theme::current().forceScheme(Theme::Scheme::Dark);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return counter.allPainted(); }));
+    Theme::current().forceScheme(std::nullopt);
 }
 
 TEST(ButtonTest, spaceAndReturnPressItUnlessDisabled)

@@ -46,8 +46,9 @@ TEST(LogTextTest, takesTenMegabytesWithoutStallingAndCopiesThemUnchanged)
             QCoreApplication::processEvents();
             longest = std::max(longest, turn.elapsed());
         }
-        RecordProperty("firstMilliseconds", static_cast<int>(first));
-        RecordProperty("longestMilliseconds", static_cast<int>(longest));
+        const std::string kind = std::to_string(logs.indexOf(log));
+        RecordProperty("firstMilliseconds" + kind, static_cast<int>(first));
+        RecordProperty("longestMilliseconds" + kind, static_cast<int>(longest));
         EXPECT_LT(longest, longestTurnMilliseconds);
         text.selectAll();
         text.copy();
