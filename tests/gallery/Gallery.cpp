@@ -13,6 +13,7 @@
 #include "ui/components/SegmentedControl.h"
 #include "ui/components/Spinner.h"
 #include "ui/components/Switch.h"
+#include "ui/downloader/TrimSlider.h"
 #include "ui/shell/LogViewer.h"
 #include "ui/shell/ThumbnailView.h"
 
@@ -316,6 +317,14 @@ QLayout *progress()
     return all;
 }
 
+TrimSlider *trimSlider()
+{
+    auto *made = new TrimSlider;
+    made->setDuration(754);
+    made->setRange({188, 475});
+    return made;
+}
+
 QLayout *titleField()
 {
     auto *field = new FieldBox({}, QStringLiteral("File name"));
@@ -403,6 +412,7 @@ QWidget *cardsPage()
     all->addLayout(titleField());
     all->addLayout(formatRow());
     all->addWidget(warning());
+    all->addWidget(trimSlider());
     all->addLayout(progress());
     all->addWidget(successCard());
     all->addWidget(failure());

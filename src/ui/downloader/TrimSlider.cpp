@@ -1,0 +1,242 @@
+#include "ui/downloader/TrimSlider.h"
+
+#include "ui/components/Painting.h"
+#include "ui/components/Theme.h"
+#include "ui/downloader/TrimHandle.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+#include <utility>
+
+namespace clipwren {
+
+namespace {
+
+constexpr double trackHeight = TrimGeometry::trackHeight;
+constexpr double knobSize = TrimGeometry::knobSize;
+constexpr double outline = 2.5;
+constexpr double draggedScale = 1.12;
+constexpr Spring scaleSpring{0.15, 1};
+constexpr Spring glideSpring{0.5, 1};
+constexpr double shadowRadius = 2;
+
+void paintKnobShadow(QPainter &painter, const QRectF &knob)
+{
+    const QColor black = Theme::current().color(Theme::Color::Shadow);
+    const QPointF middle = knob.center() + QPointF(0, 1);
+    const double reach = knob.width() / 2 + shadowRadius;
+    QRadialGradient blur(middle, reach);
+    blur.setColorAt(0, black);
+    blur.setColorAt(1 - 2 * shadowRadius / reach, black);
+    blur.setColorAt(1, Qt::transparent);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(blur);
+    painter.drawEllipse(middle, reach, reach);
+}
+
+} // namespace
+
+TrimSlider::TrimSlider(QWidget *parent)
+    : QWidget(parent), m_start{new TrimHandle(tr("Start"), this),
+                               {glideSpring, 0, [this](double) { placeHandles(); }},
+                               {scaleSpring, 1, [this](double) { update(); }}},
+      m_end{new TrimHandle(tr("End"), this),
+            {glideSpring, 1, [this](double) { placeHandles(); }},
+            {scaleSpring, 1, [this](double) { update(); }}}
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMouseTracking(true);
+    connect(m_start.handle, &TrimHandle::wanted, this,
+            [this](double seconds) { move(Handle::start, seconds); });
+    connect(m_end.handle, &TrimHandle::wanted, this,
+            [this](double seconds) { move(Handle::end, seconds); });
+}
+
+QSize TrimSlider::sizeHint() const
+{
+    return {320, static_cast<int>(TrimGeometry::height)};
+}
+
+QSize TrimSlider::minimumSizeHint() const
+{
+    return {static_cast<int>(knobSize) * 3, static_cast<int>(TrimGeometry::height)};
+}
+
+void TrimSlider::setDuration(double seconds)
+{
+    if (!(seconds > 0) || std::isinf(seconds) || seconds == m_duration)
+        return;
+    m_duration = seconds;
+    m_start.handle->setDuration(seconds);
+    m_end.handle->setDuration(seconds);
+    placeHandles();
+}
+
+void TrimSlider::setRange(const TrimRange &range, Motion motion)
+{
+    if (range == m_range)
+        return;
+    m_range = range;
+    for (const auto &[knob, seconds] :
+         {std::pair(&m_start, range.start), std::pair(&m_end, range.end)}) {
+        knob->handle->setValue(seconds);
+        if (motion == Motion::Glide && isVisible())
+            knob->seconds.moveTo(seconds);
+        else
+            knob->seconds.jumpTo(seconds);
+    }
+}
+
+// Where things are
+
+QRectF TrimSlider::knobRect(const Knob &knob) const
+{
+    return {geometryNow().handleX(knob.seconds.position()), (height() - knobSize) / 2, knobSize,
+            knobSize};
+}
+
+TrimSlider::Handle TrimSlider::handleNear(double x) const
+{
+    const double middle = (knobRect(m_start).center().x() + knobRect(m_end).center().x()) / 2;
+    return x < middle ? Handle::start : Handle::end;
+}
+
+bool TrimSlider::isOnKnob(const QPointF &point) const
+{
+    const QMarginsF reach(0, height(), 0, height());
+    return knobRect(m_start).marginsAdded(reach).contains(point)
+        || knobRect(m_end).marginsAdded(reach).contains(point);
+}
+
+void TrimSlider::placeHandles()
+{
+    for (const Knob *knob : {&m_start, &m_end})
+        knob->handle->move(knobRect(*knob).toAlignedRect().topLeft());
+    update();
+}
+
+// Moving
+
+void TrimSlider::move(Handle handle, double seconds)
+{
+    if (std::isnan(seconds))
+        return;
+    setRange(handle == Handle::start ? withStart(m_range, seconds)
+                                     : withEnd(m_range, seconds, m_duration));
+    Q_EMIT rangeChanged(m_range);
+    Q_EMIT scrubbed(handle == Handle::start ? m_range.start : m_range.end, handle);
+}
+
+void TrimSlider::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    m_dragging = handleNear(event->position().x());
+    knob(*m_dragging).handle->setFocus(Qt::MouseFocusReason);
+    knob(*m_dragging).scale.moveTo(draggedScale);
+    setCursor(Qt::ClosedHandCursor);
+    mouseMoveEvent(event);
+}
+
+void TrimSlider::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_dragging)
+        move(*m_dragging, geometryNow().timeAt(event->position().x()));
+    else
+        hover(event->position());
+}
+
+void TrimSlider::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    endDrag();
+    hover(event->position());
+}
+
+void TrimSlider::endDrag()
+{
+    if (!m_dragging)
+        return;
+    knob(*m_dragging).scale.moveTo(1);
+    m_dragging.reset();
+    Q_EMIT scrubEnded();
+}
+
+void TrimSlider::hover(const QPointF &point)
+{
+    m_hovered = isOnKnob(point) ? std::optional(handleNear(point.x())) : std::nullopt;
+    if (m_hovered)
+        setCursor(Qt::OpenHandCursor);
+    else
+        unsetCursor();
+    update();
+}
+
+void TrimSlider::leaveEvent(QEvent *)
+{
+    m_hovered.reset();
+    update();
+}
+
+void TrimSlider::hideEvent(QHideEvent *)
+{
+    // The release will not come here.
+    endDrag();
+    m_hovered.reset();
+}
+
+void TrimSlider::resizeEvent(QResizeEvent *)
+{
+    placeHandles();
+}
+
+// Painting
+
+void TrimSlider::paintEvent(QPaintEvent *)
+{
+    const Theme &theme = Theme::current();
+    QPainter painter(this);
+    if (!isEnabled())
+        painter.setOpacity(0.4);
+    const double top = (height() - trackHeight) / 2;
+    paintBox(painter, QRectF(knobSize / 2, top, width() - knobSize, trackHeight), trackHeight / 2,
+             theme.color(Theme::Color::Quaternary));
+
+    const double from = knobRect(m_start).center().x();
+    const double to = std::max(knobRect(m_end).center().x(), from);
+    const QColor accent = theme.color(Theme::Color::Accent);
+    QLinearGradient gradient(from, 0, to, 0);
+    gradient.setColorAt(0, faded(accent, 0.85));
+    gradient.setColorAt(1, accent);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(gradient);
+    const double radius = std::min(trackHeight, to - from) / 2;
+    painter.drawRoundedRect(QRectF(from, top, to - from, trackHeight), radius, radius);
+
+    paintKnob(painter, Handle::start);
+    paintKnob(painter, Handle::end);
+}
+
+void TrimSlider::paintKnob(QPainter &painter, Handle handle) const
+{
+    const Theme &theme = Theme::current();
+    const Knob &knob = handle == Handle::start ? m_start : m_end;
+    const double side = knobSize * knob.scale.position();
+    QRectF rect(0, 0, side, side);
+    rect.moveCenter(knobRect(knob).center());
+    paintKnobShadow(painter, rect);
+    paintBox(painter, rect, side / 2, theme.color(Theme::Color::Knob));
+    if (m_dragging == handle || (!m_dragging && m_hovered == handle))
+        paintBox(painter, rect, side / 2, faded(theme.color(Theme::Color::Accent), 0.15));
+    const double inside = outline / 2;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(theme.color(Theme::Color::Accent), outline));
+    painter.drawEllipse(rect.adjusted(inside, inside, -inside, -inside));
+}
+
+} // namespace clipwren

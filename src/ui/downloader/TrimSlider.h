@@ -1,0 +1,85 @@
+#pragma once
+
+#include "core/media/TrimRange.h"
+#include "ui/components/SpringAnimation.h"
+#include "ui/downloader/TrimGeometry.h"
+
+#include <QWidget>
+
+#include <cstdint>
+#include <optional>
+
+namespace clipwren {
+
+class TrimHandle;
+
+/// Chooses the part of a video to keep, with a handle at each end.
+///
+/// Times are seconds. A handle is dragged, or moved by keys while it has focus: arrows by 0.1 s,
+/// with Shift by 1 s, Page Up and Page Down by 10 s, Home and End as far as it goes. Time runs
+/// from left to right in every language.
+class TrimSlider : public QWidget {
+    Q_OBJECT
+public:
+    enum class Handle : std::uint8_t { start, end };
+    enum class Motion : std::uint8_t { Jump, Glide };
+
+    explicit TrimSlider(QWidget *parent = nullptr);
+
+    /// Greater than 0; anything else is ignored.
+    void setDuration(double seconds);
+    /// Shows a range, without signals. Its ends may lie closer than the user can bring them.
+    void setRange(const TrimRange &range, Motion motion = Motion::Jump);
+    TrimRange range() const { return m_range; }
+    /// The handle that is being dragged.
+    std::optional<Handle> dragging() const { return m_dragging; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The user moved a handle.
+    void rangeChanged(const TrimRange &range);
+    /// With every step of a handle, after `rangeChanged()`: its new time.
+    void scrubbed(double seconds, Handle handle);
+    /// A drag ended.
+    void scrubEnded();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    struct Knob {
+        TrimHandle *handle;
+        SpringAnimation seconds; // where it is shown
+        SpringAnimation scale;
+    };
+
+    TrimGeometry geometryNow() const { return {static_cast<double>(width()), m_duration}; }
+    Knob &knob(Handle handle) { return handle == Handle::start ? m_start : m_end; }
+    /// The one nearer to a place; where both stand, the one that can move away to that side.
+    Handle handleNear(double x) const;
+    bool isOnKnob(const QPointF &point) const;
+    QRectF knobRect(const Knob &knob) const;
+
+    void move(Handle handle, double seconds);
+    void endDrag();
+    void hover(const QPointF &point);
+    void placeHandles();
+    void paintKnob(QPainter &painter, Handle handle) const;
+
+    double m_duration = 1;
+    TrimRange m_range{0, 1};
+    std::optional<Handle> m_dragging;
+    std::optional<Handle> m_hovered;
+    Knob m_start;
+    Knob m_end;
+};
+
+} // namespace clipwren

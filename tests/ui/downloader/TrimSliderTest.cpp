@@ -1,0 +1,169 @@
+#include "ui/downloader/TrimSlider.h"
+
+#include "ui/downloader/TrimHandle.h"
+
+#include <QAccessible>
+#include <QFocusFrame>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace clipwren {
+namespace {
+
+using Handle = TrimSlider::Handle;
+
+/// A slider over 100 s in a shown window, with a track of 500 pixels: five for a second.
+class TrimSliderTest : public testing::Test {
+protected:
+    TrimSliderTest()
+    {
+        auto *column = new QVBoxLayout(&m_window);
+        column->addWidget(&m_slider);
+        m_slider.setFixedWidth(518);
+        m_slider.setDuration(100);
+        m_slider.setRange({0, 100});
+        QObject::connect(&m_slider, &TrimSlider::scrubbed, &m_window,
+                         [this](double seconds, Handle handle) {
+                             m_scrubs.append({handle, seconds});
+                         });
+        QObject::connect(&m_slider, &TrimSlider::scrubEnded, &m_window, [this] { ++m_ends; });
+        m_window.show();
+        m_window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&m_window));
+    }
+    ~TrimSliderTest() override { m_slider.setParent(nullptr); }
+
+    void press(int x) { QTest::mousePress(&m_slider, Qt::LeftButton, {}, {x, 13}); }
+    void drag(int x) { QTest::mouseMove(&m_slider, {x, 13}); }
+    void release(int x) { QTest::mouseRelease(&m_slider, Qt::LeftButton, {}, {x, 13}); }
+    TrimHandle *handle(Handle which)
+    {
+        return m_slider.findChildren<TrimHandle *>().at(which == Handle::start ? 0 : 1);
+    }
+
+    TrimSlider m_slider;
+    QWidget m_window;
+    QList<std::pair<Handle, double>> m_scrubs;
+    int m_ends = 0;
+};
+
+TEST_F(TrimSliderTest, dragsTheStart)
+{
+    press(9);
+    EXPECT_EQ(m_slider.dragging(), Handle::start);
+    drag(259);
+    EXPECT_EQ(m_slider.range(), (TrimRange{50, 100}));
+    drag(9000);
+    EXPECT_EQ(m_slider.range(), (TrimRange{99.9, 100}));
+    release(9000);
+    EXPECT_EQ(m_slider.dragging(), std::nullopt);
+    const QList<std::pair<Handle, double>> scrubs = {
+        {Handle::start, 0}, {Handle::start, 50}, {Handle::start, 99.9}};
+    EXPECT_EQ(m_scrubs, scrubs);
+    EXPECT_EQ(m_ends, 1);
+}
+
+TEST_F(TrimSliderTest, dragsTheEndBackToTheStart)
+{
+    m_slider.setRange({50, 100});
+    press(509);
+    drag(-20);
+    release(-20);
+    EXPECT_EQ(m_slider.range(), (TrimRange{50, 50.1}));
+    EXPECT_EQ(m_scrubs.last(), std::pair(Handle::end, 50.1));
+}
+
+TEST_F(TrimSliderTest, bothHandlesCanBeTakenWhereTheyCoverEachOther)
+{
+    for (const double place : {0.0, 99.9}) {
+        m_slider.setRange({place, place + 0.1});
+        const int x = static_cast<int>(9 + place * 5);
+        press(x - 3);
+        EXPECT_EQ(m_slider.dragging(), Handle::start);
+        release(x - 3);
+        m_slider.setRange({place, place + 0.1});
+        press(x + 4);
+        EXPECT_EQ(m_slider.dragging(), Handle::end);
+        release(x + 4);
+    }
+}
+
+TEST_F(TrimSliderTest, aDragEndsWhenTheSliderGoes)
+{
+    press(9);
+    m_window.hide();
+    EXPECT_EQ(m_slider.dragging(), std::nullopt);
+    EXPECT_EQ(m_ends, 1);
+}
+
+TEST_F(TrimSliderTest, showsWhichHandleCanBeTaken)
+{
+    drag(100);
+    EXPECT_EQ(m_slider.cursor().shape(), Qt::ArrowCursor);
+    drag(9);
+    EXPECT_EQ(m_slider.cursor().shape(), Qt::OpenHandCursor);
+    press(9);
+    EXPECT_EQ(m_slider.cursor().shape(), Qt::ClosedHandCursor);
+}
+
+TEST_F(TrimSliderTest, keysMoveTheHandleThatHasFocus)
+{
+    struct Case {
+        Handle handle;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        TrimRange expected; // from 20 to 60.54
+    };
+    const Case cases[] = {
+        {Handle::start, Qt::Key_Right, {}, {20.1, 60.54}},
+        {Handle::start, Qt::Key_Left, {}, {19.9, 60.54}},
+        {Handle::start, Qt::Key_Up, Qt::ShiftModifier, {21, 60.54}},
+        {Handle::start, Qt::Key_PageUp, {}, {30, 60.54}},
+        {Handle::start, Qt::Key_PageDown, {}, {10, 60.54}},
+        {Handle::start, Qt::Key_Home, {}, {0, 60.54}},
+        {Handle::start, Qt::Key_End, {}, {60.54 - 0.1, 60.54}},
+        {Handle::end, Qt::Key_Down, {}, {20, 60.4}},
+        {Handle::end, Qt::Key_Left, Qt::ShiftModifier, {20, 59.5}},
+        {Handle::end, Qt::Key_End, {}, {20, 100}},
+        {Handle::end, Qt::Key_Home, {}, {20, 20.1}},
+        {Handle::end, Qt::Key_Right, Qt::ControlModifier, {20, 60.54}},
+    };
+    for (const Case &c : cases) {
+        m_slider.setRange({20, 60.54});
+        handle(c.handle)->setFocus();
+        QTest::keyClick(handle(c.handle), c.key, c.modifiers);
+        EXPECT_EQ(m_slider.range(), c.expected) << c.key;
+    }
+}
+
+TEST_F(TrimSliderTest, tabGoesFromHandleToHandle)
+{
+    handle(Handle::end)->setFocus();
+    handle(Handle::start)->setFocus(Qt::TabFocusReason);
+    const auto *ring = m_window.findChild<QFocusFrame *>();
+    ASSERT_TRUE(ring && ring->isVisible());
+    EXPECT_EQ(ring->widget(), handle(Handle::start));
+    QTest::keyClick(handle(Handle::start), Qt::Key_Tab);
+    EXPECT_TRUE(handle(Handle::end)->hasFocus());
+}
+
+TEST_F(TrimSliderTest, assistiveToolsReadAndMoveTheHandles)
+{
+    m_slider.setRange({20, 75.2});
+    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(handle(Handle::end));
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(seen->role(), QAccessible::Slider);
+    EXPECT_EQ(seen->text(QAccessible::Name), u"End");
+    EXPECT_EQ(seen->text(QAccessible::Value), u"1:15");
+    QAccessibleValueInterface *value = seen->valueInterface();
+    ASSERT_TRUE(value);
+    EXPECT_EQ(value->currentValue().toDouble(), 75.2);
+    EXPECT_EQ(value->maximumValue().toDouble(), 100);
+    value->setCurrentValue(10);
+    EXPECT_EQ(m_slider.range(), (TrimRange{20, 20.1}));
+}
+
+} // namespace
+} // namespace clipwren
