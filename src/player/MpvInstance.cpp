@@ -2,6 +2,7 @@
 
 #include "core/Error.h"
 
+#include <QFile>
 #include <QThreadPool>
 
 #include <utility>
@@ -40,10 +41,23 @@ constexpr Option options[] = {
     {"demuxer-max-bytes", "48MiB"},
     {"demuxer-max-back-bytes", "16MiB"},
     {"video-timing-offset", "0"},
-    {"hwdec", "auto-copy"},
+    // Only for decoders whose pictures stay on the graphics card. The libraries of those that are
+    // not there write to standard error.
+    {"gpu-hwdec-interop", "no"},
+    // The sound of desktops. What else mpv would try fails with lines on standard error.
+    {"ao", "pipewire,pulse,alsa,jack"},
     {"audio-fallback-to-null", "yes"},
     {"audio-client-name", "Clipwren"},
 };
+
+/// Looking for decoders of a graphics card that is not there takes time, and their libraries
+/// write to standard error.
+const char *hardwareDecoders()
+{
+    const bool hasGraphicsCard =
+        QFile::exists(QStringLiteral("/dev/dri")) || QFile::exists(QStringLiteral("/dev/nvidia0"));
+    return hasGraphicsCard ? "auto-copy" : "no";
+}
 
 } // namespace
 
@@ -55,6 +69,7 @@ MpvInstance::MpvInstance(std::chrono::milliseconds networkTimeout)
     // Options that this version lacks are of no use to it either.
     for (const Option &option : options)
         mpv_set_option_string(m_handle, option.name, option.value);
+    mpv_set_option_string(m_handle, "hwdec", hardwareDecoders());
     double timeoutSeconds = std::chrono::duration<double>(networkTimeout).count();
     mpv_set_option(m_handle, "network-timeout", MPV_FORMAT_DOUBLE, &timeoutSeconds);
     mpv_request_log_messages(m_handle, "error");

@@ -15,6 +15,7 @@ MpvLog::MpvLog() : m_core(mpv_create())
     if (!m_core)
         return;
     mpv_set_option_string(m_core, "config", "no");
+    mpv_set_option_string(m_core, "terminal", "no");
     mpv_set_option_string(m_core, "load-scripts", "no");
     mpv_set_option_string(m_core, "load-stats-overlay", "no");
     mpv_set_option_string(m_core, "load-osd-console", "no");
