@@ -106,6 +106,7 @@ private:
     LatestSeek m_seeks{[this](double seconds) {
         m_position = seconds;
         note(QStringLiteral("seek %1").arg(seconds));
+        Q_EMIT positionChanged();
     }};
     QUrl m_url;
     Status m_status = Status::Empty;

@@ -60,7 +60,9 @@ constexpr std::array colorRows = {
     ColorRow{Color::FocusRing, 0xFF0A66E8, 0xFF5AA2FF},
     ColorRow{Color::Video, 0xFF000000, 0xFF000000},
     ColorRow{Color::OnVideo, 0xFFFFFFFF, 0xFFFFFFFF},
+    ColorRow{Color::OnVideoSecondary, 0xCCFFFFFF, 0xCCFFFFFF},
     ColorRow{Color::OnVideoFaint, 0x59FFFFFF, 0x59FFFFFF},
+    ColorRow{Color::VideoBar, 0xB8161616, 0xB8161616},
 };
 
 enum class Family : std::uint8_t { System, Monospaced };

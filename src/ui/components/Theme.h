@@ -59,7 +59,9 @@ public:
         FocusRing,
         Video, ///< behind moving pictures, dark in both schemes
         OnVideo,
+        OnVideoSecondary, ///< messages in the place of a video
         OnVideoFaint, ///< tracks and outlines over a video
+        VideoBar, ///< behind the controls that float over a video
     };
 
     enum class TextStyle : std::uint8_t {

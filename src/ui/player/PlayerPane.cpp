@@ -1,0 +1,199 @@
+#include "ui/player/PlayerPane.h"
+
+#include "ui/components/FocusRing.h"
+#include "ui/components/IconView.h"
+#include "ui/components/Label.h"
+#include "ui/components/Painting.h"
+#include "ui/player/CornerFrame.h"
+#include "ui/player/VideoPane.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+
+namespace clipwren {
+
+namespace {
+
+constexpr int controlsMargin = 14; // below the controls
+constexpr int failureMargin = 24;
+constexpr int warningSize = 22;
+
+bool isPlainKey(const QKeyEvent &event)
+{
+    return (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+bool isOurKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Space:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_M:
+    case Qt::Key_F:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+PlayerPane::PlayerPane(PlayerModule &module, const Options &options, QWidget *parent)
+    : QWidget(parent), m_options(options), m_video(new VideoPane(module, this)),
+      m_failureText(new Label(Theme::TextStyle::Callout, Theme::Color::OnVideoSecondary)),
+      m_failure(makeFailure()), m_controls(new PlayerControls(options.fullScreen, this))
+{
+    // The pointer moves over this pane, whatever the picture is made of.
+    m_video->setAttribute(Qt::WA_TransparentForMouseEvents);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Video"));
+    m_failure->hide();
+    m_controls->hide();
+
+    m_rest.setSingleShot(true);
+    connect(&m_rest, &QTimer::timeout, this, &PlayerPane::hideControlsAtRest);
+    connect(m_controls, &PlayerControls::fullScreenToggled, this, &PlayerPane::fullScreenToggled);
+    if (options.fullScreen == PlayerControls::FullScreen::CanLeave)
+        return;
+    m_video->frame().setRadius(options.radius);
+    drawOutline();
+    connect(&Theme::current(), &Theme::changed, this, &PlayerPane::drawOutline);
+    FocusRing::install(this, options.radius);
+}
+
+// The player may be a child that goes after those that show it.
+PlayerPane::~PlayerPane()
+{
+    setPlayer(nullptr);
+}
+
+QWidget *PlayerPane::makeFailure()
+{
+    auto *const failure = new QWidget(this);
+    failure->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_failureText->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    m_failureText->setWordWrap(true);
+    auto *const column = new QVBoxLayout(failure);
+    column->setContentsMargins(failureMargin, failureMargin, failureMargin, failureMargin);
+    column->setSpacing(8);
+    column->addStretch(1);
+    column->addWidget(
+        new IconView(u"exclamationmark.triangle.fill", warningSize, Theme::Color::OrangeIcon), 0,
+        Qt::AlignHCenter);
+    column->addWidget(m_failureText);
+    column->addStretch(1);
+    return failure;
+}
+
+void PlayerPane::drawOutline()
+{
+    const QColor separator = Theme::current().color(Theme::Color::Separator);
+    m_video->frame().setOutline(faded(separator, 0.5), 0.5);
+}
+
+void PlayerPane::setPlayer(MediaPlayer *player)
+{
+    if (m_player)
+        m_player->disconnect(this);
+    m_player = player;
+    m_video->setPlayer(player);
+    m_controls->setPlayer(player);
+    if (player) {
+        connect(player, &QObject::destroyed, this, [this] { setPlayer(nullptr); });
+        connect(player, &MediaPlayer::playingChanged, this, &PlayerPane::followPlayer);
+        connect(player, &MediaPlayer::statusChanged, this, &PlayerPane::followPlayer);
+    }
+    followPlayer();
+}
+
+void PlayerPane::followPlayer()
+{
+    const bool failed = m_player && m_player->status() == MediaPlayer::Status::Failed;
+    if (failed)
+        m_failureText->setText(m_player->failure());
+    m_failure->setVisible(failed);
+    wakeControls();
+}
+
+void PlayerPane::wakeControls()
+{
+    unsetCursor();
+    const auto status = m_player ? m_player->status() : MediaPlayer::Status::Empty;
+    m_controls->setVisible(status == MediaPlayer::Status::Loading
+                           || status == MediaPlayer::Status::Ready);
+    if (m_player && m_player->isPlaying())
+        m_rest.start(m_options.hideControlsAfter);
+    else
+        m_rest.stop();
+}
+
+void PlayerPane::hideControlsAtRest()
+{
+    if (m_controls->isInUse()) {
+        m_rest.start(m_options.hideControlsAfter);
+        return;
+    }
+    m_controls->hide();
+    if (m_options.fullScreen == PlayerControls::FullScreen::CanLeave)
+        setCursor(Qt::BlankCursor);
+}
+
+bool PlayerPane::event(QEvent *event)
+{
+    // While the video has the focus, its keys come before shortcuts of the window.
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *const key = static_cast<QKeyEvent *>(event);
+        if (isPlainKey(*key) && isOurKey(key->key()))
+            event->accept();
+    }
+    return QWidget::event(event);
+}
+
+void PlayerPane::keyPressEvent(QKeyEvent *event)
+{
+    if (!isPlainKey(*event) || !m_controls->pressKey(event->key(), event->isAutoRepeat())) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    wakeControls();
+}
+
+void PlayerPane::mouseMoveEvent(QMouseEvent *)
+{
+    wakeControls();
+}
+
+void PlayerPane::mousePressEvent(QMouseEvent *event)
+{
+    event->accept();
+    wakeControls();
+}
+
+void PlayerPane::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton
+        && m_options.fullScreen != PlayerControls::FullScreen::None)
+        Q_EMIT fullScreenToggled();
+}
+
+void PlayerPane::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    wakeControls();
+}
+
+void PlayerPane::resizeEvent(QResizeEvent *)
+{
+    m_video->setGeometry(rect());
+    m_failure->setGeometry(rect());
+    const QSize size(PlayerControls::widthOver(width()), m_controls->sizeHint().height());
+    m_controls->setGeometry((width() - size.width()) / 2, height() - controlsMargin - size.height(),
+                            size.width(), size.height());
+}
+
+} // namespace clipwren

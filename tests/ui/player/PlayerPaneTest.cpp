@@ -1,0 +1,308 @@
+#include "ui/player/PlayerPane.h"
+
+#include "PlayerStage.h"
+#include "support/ScriptedPlayer.h"
+#include "ui/components/Button.h"
+#include "ui/components/Label.h"
+#include "ui/components/Theme.h"
+#include "ui/player/ThinSlider.h"
+#include "ui/player/TimeButton.h"
+
+#include <QAccessible>
+#include <QLayout>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace clipwren {
+namespace {
+
+using namespace test;
+using FullScreen = PlayerControls::FullScreen;
+
+/// A pane in a window with a player of 100 s that is ready, at its start and paused.
+struct PlayerPaneTest : testing::Test {
+    Theme theme;
+    QStringList log;
+    std::unique_ptr<ScriptedPlayer> player = std::make_unique<ScriptedPlayer>(log);
+    QWidget window;
+    PlayerPane *pane = nullptr;
+
+    static void SetUpTestSuite() { PlayerStage::warmUp(); }
+
+    PlayerPaneTest()
+    {
+        window.resize(704, 320);
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        player->load(numberedVideo(1));
+        player->setDuration(100);
+        player->becomeReady();
+        log.clear();
+        makePane(FullScreen::CanEnter);
+    }
+    void makePane(FullScreen fullScreen)
+    {
+        delete pane;
+        pane = new PlayerPane(
+            playerModule(),
+            {.fullScreen = fullScreen, .hideControlsAfter = std::chrono::milliseconds(20)},
+            &window);
+        pane->setGeometry(window.rect());
+        pane->show();
+        pane->setPlayer(player.get());
+        pane->setFocus();
+    }
+    template <typename Part> Part &part(const char *name)
+    {
+        for (Part *each : pane->findChildren<Part *>()) {
+            if (each->accessibleName() == QLatin1String(name))
+                return *each;
+        }
+        ADD_FAILURE() << "there is no " << name;
+        std::abort();
+    }
+    ThinSlider &position() { return part<ThinSlider>("Position"); }
+    PlayerControls &controls() { return *pane->findChild<PlayerControls *>(); }
+    bool controlsVanish()
+    {
+        return waitUntil([&] { return controls().isHidden(); });
+    }
+    QPoint at(double fraction)
+    {
+        return {qRound(position().width() * fraction), position().height() / 2};
+    }
+};
+
+TEST_F(PlayerPaneTest, obeysKeys)
+{
+    player->seek(50, {});
+    player->finishSeek();
+    log.clear();
+    for (const auto &[key, told] : {std::pair(Qt::Key_Space, "play"),
+                                    {Qt::Key_Space, "pause"},
+                                    {Qt::Key_Left, "seek 45"},
+                                    {Qt::Key_Right, "seek 50"}}) {
+        QTest::keyClick(pane, key);
+        EXPECT_EQ(log, QStringList(QLatin1String(told)));
+        log.clear();
+        player->finishSeek();
+    }
+    QTest::keyClick(pane, Qt::Key_Down);
+    EXPECT_EQ(player->volume(), 0.95);
+    QTest::keyClick(pane, Qt::Key_M);
+    EXPECT_TRUE(player->isMuted());
+    QTest::keyClick(pane, Qt::Key_Up);
+    EXPECT_FALSE(player->isMuted());
+    EXPECT_EQ(player->volume(), 1);
+
+    // Not those of somebody else's shortcuts.
+    QTest::keyClick(pane, Qt::Key_M, Qt::ControlModifier);
+    EXPECT_FALSE(player->isMuted());
+}
+
+TEST_F(PlayerPaneTest, asksForFullScreenWhereThereIsSuch)
+{
+    struct Case {
+        FullScreen fullScreen;
+        int byF;
+        int byEscape;
+        int byDoubleClick;
+    };
+    for (const Case &each : {Case{FullScreen::None, 0, 0, 0}, Case{FullScreen::CanEnter, 1, 0, 1},
+                             Case{FullScreen::CanLeave, 1, 1, 1}}) {
+        makePane(each.fullScreen);
+        QSignalSpy asked(pane, &PlayerPane::fullScreenToggled);
+        QTest::keyClick(pane, Qt::Key_F);
+        EXPECT_EQ(asked.count(), each.byF);
+        QTest::keyClick(pane, Qt::Key_Escape);
+        EXPECT_EQ(asked.count(), each.byF + each.byEscape);
+        QTest::mouseDClick(pane, Qt::LeftButton, {}, {10, 10});
+        EXPECT_EQ(asked.count(), each.byF + each.byEscape + each.byDoubleClick);
+        // The picture is what is double-clicked, not the bar.
+        QTest::mouseDClick(&controls(), Qt::LeftButton, {}, {2, 2});
+        EXPECT_EQ(asked.count(), each.byF + each.byEscape + each.byDoubleClick);
+    }
+}
+
+TEST_F(PlayerPaneTest, buttonsLeaveTheArrowKeysToTheVideo)
+{
+    auto &play = part<Button>("Play");
+    play.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&play, Qt::Key_Right);
+    EXPECT_EQ(log, QStringList(QStringLiteral("seek 5")));
+    QTest::keyClick(&play, Qt::Key_Space);
+    EXPECT_EQ(log.last(), QStringLiteral("play"));
+    EXPECT_TRUE(play.hasFocus());
+    EXPECT_EQ(play.accessibleName(), QStringLiteral("Pause"));
+}
+
+TEST_F(PlayerPaneTest, controlsGoWhileItPlaysAndThePointerRests)
+{
+    EXPECT_FALSE(controls().isHidden());
+    player->play();
+    EXPECT_FALSE(controls().isHidden());
+    ASSERT_TRUE(controlsVanish());
+
+    QTest::mouseMove(pane, {300, 40});
+    QTest::mouseMove(pane, {310, 50});
+    EXPECT_TRUE(waitUntil([&] { return !controls().isHidden(); }));
+    ASSERT_TRUE(controlsVanish());
+
+    QTest::keyClick(pane, Qt::Key_Right);
+    EXPECT_FALSE(controls().isHidden());
+    ASSERT_TRUE(controlsVanish());
+
+    player->pause();
+    EXPECT_FALSE(controls().isHidden());
+    QTest::qWait(50);
+    EXPECT_FALSE(controls().isHidden());
+}
+
+TEST_F(PlayerPaneTest, controlsStayWhileTheyHaveTheFocusOrAreDragged)
+{
+    player->play();
+    part<Button>("Pause").setFocus(Qt::TabFocusReason);
+    QTest::qWait(50);
+    EXPECT_FALSE(controls().isHidden());
+    pane->setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(controlsVanish());
+
+    player->pause();
+    QTest::mousePress(&position(), Qt::LeftButton, {}, at(0.5));
+    player->play();
+    QTest::qWait(50);
+    EXPECT_FALSE(controls().isHidden());
+}
+
+TEST_F(PlayerPaneTest, onlyFullScreenHidesThePointer)
+{
+    player->play();
+    ASSERT_TRUE(controlsVanish());
+    EXPECT_NE(pane->cursor().shape(), Qt::BlankCursor);
+    makePane(FullScreen::CanLeave);
+    ASSERT_TRUE(controlsVanish());
+    EXPECT_EQ(pane->cursor().shape(), Qt::BlankCursor);
+    player->pause();
+    EXPECT_NE(pane->cursor().shape(), Qt::BlankCursor);
+}
+
+TEST_F(PlayerPaneTest, thePictureFollowsADragAndThenGoesOn)
+{
+    player->setEndTime(60);
+    player->play();
+    log.clear();
+    QTest::mousePress(&position(), Qt::LeftButton, {}, at(0.25));
+    EXPECT_FALSE(player->isPlaying());
+    EXPECT_NEAR(player->positionSeconds(), 25, 0.5);
+    // Else it would stop there when it goes on beyond.
+    EXPECT_EQ(player->endTime(), std::nullopt);
+    QTest::mouseMove(&position(), at(0.5));
+    QTest::mouseMove(&position(), at(0.75));
+    player->finishSeek();
+    EXPECT_NEAR(player->positionSeconds(), 75, 0.5);
+    EXPECT_TRUE(part<Button>("Pause").isVisible());
+    QTest::mouseRelease(&position(), Qt::LeftButton, {}, at(0.75));
+    EXPECT_TRUE(player->isPlaying());
+}
+
+TEST_F(PlayerPaneTest, aDragDoesNotStartWhatWasPausedNorWhatIsAtItsEnd)
+{
+    QTest::mousePress(&position(), Qt::LeftButton, {}, at(0.25));
+    QTest::mouseRelease(&position(), Qt::LeftButton, {}, at(0.25));
+    EXPECT_FALSE(player->isPlaying());
+    player->finishSeek();
+
+    player->play();
+    QTest::mousePress(&position(), Qt::LeftButton, {}, at(0.25));
+    player->finishSeek();
+    QTest::mouseMove(&position(), {position().width() + 50, 0});
+    player->finishSeek();
+    EXPECT_EQ(player->positionSeconds(), 100);
+    QTest::mouseRelease(&position(), Qt::LeftButton, {}, at(1));
+    EXPECT_FALSE(player->isPlaying());
+}
+
+TEST_F(PlayerPaneTest, forgetsAPlayerThatGoesWhileItIsDragged)
+{
+    player->play();
+    QTest::mousePress(&position(), Qt::LeftButton, {}, at(0.25));
+    player.reset();
+    EXPECT_TRUE(controls().isHidden());
+    EXPECT_EQ(pane->player(), nullptr);
+    QTest::mouseRelease(&position(), Qt::LeftButton, {}, at(0.5));
+    QTest::keyClick(pane, Qt::Key_Space);
+
+    ScriptedPlayer other(log);
+    other.load(numberedVideo(2));
+    pane->setPlayer(&other);
+    EXPECT_FALSE(other.isPlaying());
+    pane->setPlayer(nullptr);
+}
+
+TEST_F(PlayerPaneTest, narrowPanesLeavePartsOut)
+{
+    const auto isShown = [&](QWidget &part) { return part.isVisible(); };
+    auto &end = *pane->findChild<TimeButton *>();
+    struct Case {
+        int width;
+        bool volume, end, mute;
+    };
+    for (const Case &each : {Case{704, true, true, true}, Case{484, true, true, true},
+                             Case{300, false, true, true}, Case{200, false, false, false}}) {
+        pane->resize(each.width, 220);
+        EXPECT_EQ(isShown(part<ThinSlider>("Volume")), each.volume) << each.width;
+        EXPECT_EQ(isShown(end), each.end) << each.width;
+        EXPECT_EQ(isShown(part<Button>("Mute")), each.mute) << each.width;
+        EXPECT_TRUE(isShown(part<Button>("Play"))) << each.width;
+        EXPECT_TRUE(isShown(part<Button>("Full Screen"))) << each.width;
+        // What is left has the room it needs.
+        EXPECT_LE(controls().layout()->minimumSize().width(), controls().width()) << each.width;
+    }
+}
+
+TEST_F(PlayerPaneTest, countsToTheEndWhenItsTimeIsClicked)
+{
+    auto &end = *pane->findChild<TimeButton *>();
+    EXPECT_EQ(end.text(), QStringLiteral("1:40"));
+    QTest::mouseClick(&end, Qt::LeftButton);
+    player->seek(9.6, {});
+    EXPECT_EQ(end.text(), QStringLiteral("−1:30"));
+    QTest::mouseClick(&end, Qt::LeftButton);
+    EXPECT_EQ(end.text(), QStringLiteral("1:40"));
+}
+
+TEST_F(PlayerPaneTest, assistiveToolsReadAndSetThePosition)
+{
+    player->seek(65, {});
+    player->finishSeek();
+    QAccessibleInterface *const slider = QAccessible::queryAccessibleInterface(&position());
+    ASSERT_NE(slider, nullptr);
+    EXPECT_EQ(slider->role(), QAccessible::Slider);
+    EXPECT_EQ(slider->text(QAccessible::Value), QStringLiteral("1:05"));
+    slider->valueInterface()->setCurrentValue(300.0);
+    EXPECT_EQ(log.last(), QStringLiteral("seek 100"));
+}
+
+TEST_F(PlayerPaneTest, saysWhyAStreamCannotBePlayed)
+{
+    player->fail(QStringLiteral("This is not a video."));
+    EXPECT_TRUE(controls().isHidden());
+    const auto labels = pane->findChildren<Label *>();
+    const auto sentence = std::find_if(labels.begin(), labels.end(), [](const Label *label) {
+        return label->text() == QStringLiteral("This is not a video.");
+    });
+    ASSERT_NE(sentence, labels.end());
+    EXPECT_TRUE((*sentence)->isVisible());
+    QTest::mouseMove(pane, {300, 40});
+    EXPECT_TRUE(controls().isHidden());
+
+    player->load(numberedVideo(1));
+    EXPECT_FALSE((*sentence)->isVisible());
+    EXPECT_FALSE(controls().isHidden());
+}
+
+} // namespace
+} // namespace clipwren
