@@ -1,0 +1,60 @@
+#include "ui/downloader/PreviewPlayerView.h"
+
+#include "ui/player/PlayerPane.h"
+#include "workflow/preview/PreviewPlayerController.h"
+
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+namespace clipwren {
+
+PreviewPlayerView::PreviewPlayerView(PreviewPlayerController &controller, PlayerModule &module,
+                                     QWidget *parent, double radius)
+    : QWidget(parent), m_controller(controller), m_pane(new PlayerPane(module, {.radius = radius}))
+{
+    auto *const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_pane);
+    setFocusProxy(m_pane);
+}
+
+PreviewPlayerView::~PreviewPlayerView()
+{
+    letGo();
+}
+
+void PreviewPlayerView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (event->spontaneous() || m_following)
+        return;
+    m_following =
+        connect(&m_controller, &PreviewPlayerController::changed, this, &PreviewPlayerView::render);
+    render();
+}
+
+void PreviewPlayerView::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous())
+        letGo();
+}
+
+void PreviewPlayerView::render()
+{
+    if (m_pane->player() != m_controller.player())
+        m_pane->setPlayer(m_controller.player());
+}
+
+// Pausing makes the controller tell of it, so following ends first.
+void PreviewPlayerView::letGo()
+{
+    disconnect(m_following);
+    m_following = {};
+    MediaPlayer *const player = m_pane->player();
+    m_pane->setPlayer(nullptr);
+    if (player)
+        player->pause();
+}
+
+} // namespace clipwren

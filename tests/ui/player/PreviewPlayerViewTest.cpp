@@ -1,0 +1,89 @@
+#include "ui/downloader/PreviewPlayerView.h"
+
+#include "PlayerStage.h"
+#include "support/ScriptedPlayer.h"
+#include "ui/components/Theme.h"
+#include "ui/player/PlayerPane.h"
+#include "workflow/preview/PreviewPlayerController.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <gtest/gtest.h>
+
+namespace clipwren {
+namespace {
+
+using namespace test;
+
+struct PreviewPlayerViewTest : testing::Test {
+    Theme theme;
+    QStringList log;
+    PreviewPlayerController controller{[this] { return std::make_unique<ScriptedPlayer>(log); }};
+    QWidget window;
+    PreviewPlayerView *view = new PreviewPlayerView(controller, playerModule(), &window);
+
+    PreviewPlayerViewTest() { window.show(); }
+    MediaPlayer *shown() const { return view->findChild<PlayerPane *>()->player(); }
+    void play()
+    {
+        controller.load(numberedVideo(1));
+        static_cast<ScriptedPlayer *>(controller.player())->becomeReady();
+        controller.player()->play();
+    }
+};
+
+TEST_F(PreviewPlayerViewTest, showsThePlayerOfTheMoment)
+{
+    EXPECT_EQ(shown(), nullptr);
+    controller.load(numberedVideo(1));
+    ASSERT_NE(controller.player(), nullptr);
+    EXPECT_EQ(shown(), controller.player());
+    controller.load(numberedVideo(2));
+    EXPECT_EQ(shown(), controller.player());
+    static_cast<ScriptedPlayer *>(controller.player())->fail({});
+    EXPECT_EQ(shown(), nullptr);
+}
+
+TEST_F(PreviewPlayerViewTest, hiddenItPausesAndLetsGo)
+{
+    play();
+    view->hide();
+    EXPECT_FALSE(controller.isPlaying());
+    EXPECT_EQ(shown(), nullptr);
+    // Somebody else may show the player meanwhile.
+    play();
+    EXPECT_EQ(shown(), nullptr);
+    view->show();
+    EXPECT_EQ(shown(), controller.player());
+    EXPECT_TRUE(controller.isPlaying());
+    window.hide();
+    EXPECT_FALSE(controller.isPlaying());
+}
+
+TEST_F(PreviewPlayerViewTest, pausesWhenItIsDestroyed)
+{
+    play();
+    delete view;
+    EXPECT_FALSE(controller.isPlaying());
+    EXPECT_NE(controller.player(), nullptr);
+}
+
+TEST_F(PreviewPlayerViewTest, outlivesTheControllersPlayers)
+{
+    play();
+    const QPointer<MediaPlayer> player = controller.player();
+    view->hide();
+    view->deleteLater();
+    // While the first view still waits for its end, the next shows the next stream.
+    auto *const next = new PreviewPlayerView(controller, playerModule(), &window);
+    next->show();
+    play();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(player.isNull());
+    EXPECT_TRUE(controller.isPlaying());
+    EXPECT_EQ(next->findChild<PlayerPane *>()->player(), controller.player());
+}
+
+} // namespace
+} // namespace clipwren
