@@ -11,5 +11,7 @@ QWidget *cardsPage();
 /// The whole set of symbols, small and large.
 QWidget *iconsPage();
 QWidget *logPage();
+/// The controls that float over a video, wide and narrow, playing and paused.
+QWidget *videoPage();
 
 } // namespace clipwren::gallery

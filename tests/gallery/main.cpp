@@ -27,6 +27,7 @@ const QList<Page> &pages()
         {QStringLiteral("cards"), gallery::cardsPage},
         {QStringLiteral("icons"), gallery::iconsPage},
         {QStringLiteral("log"), gallery::logPage},
+        {QStringLiteral("video"), gallery::videoPage},
     };
     return all;
 }
