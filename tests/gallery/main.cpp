@@ -1,3 +1,4 @@
+#include "DownloaderShots.h"
 #include "Gallery.h"
 #include "ui/components/DesktopAppearance.h"
 #include "ui/components/SegmentedControl.h"
@@ -17,7 +18,7 @@ namespace {
 
 struct Page {
     QString name;
-    QWidget *(*make)();
+    std::function<QWidget *()> make;
 };
 
 const QList<Page> &pages()
@@ -32,14 +33,23 @@ const QList<Page> &pages()
     return all;
 }
 
-/// Writes a picture of every page in both schemes. False when one cannot be written.
+/// The pages, and the screens that would be too many for tabs.
+QList<Page> shotPages()
+{
+    QList<Page> all = pages();
+    for (const gallery::DownloaderShot &shot : gallery::downloaderShots())
+        all.append({shot.name, shot.make});
+    return all;
+}
+
+/// Writes a picture of each of them in both schemes. False when one cannot be written.
 bool writeShots(Theme &theme, const QDir &folder)
 {
     bool written = true;
     theme.forceReducedMotion(true);
     for (const auto scheme : {Theme::Scheme::Light, Theme::Scheme::Dark}) {
         theme.forceScheme(scheme);
-        for (const Page &page : pages()) {
+        for (const Page &page : shotPages()) {
             const std::unique_ptr<QWidget> widget(page.make());
             widget->setAutoFillBackground(true);
             // Qt keeps new windows below two thirds of the screen.

@@ -45,8 +45,7 @@ void Banner::setTitle(const QString &title)
 
 void Banner::setMessage(const QString &message)
 {
-    m_message->setTextFormat(Qt::PlainText);
-    m_message->setText(message);
+    m_message->setBreakableText(message);
     m_message->setColor(Theme::Color::Text);
     m_message->setSelectable(true);
 }

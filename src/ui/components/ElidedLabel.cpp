@@ -2,11 +2,7 @@
 
 #include "ui/components/DigitText.h"
 
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QGuiApplication>
-#include <QKeyEvent>
-#include <QMenu>
+#include <QEvent>
 
 #include <cmath>
 
@@ -88,35 +84,6 @@ void ElidedLabel::changeEvent(QEvent *event)
 QString ElidedLabel::copyText() const
 {
     return isCut() || !hasSelectedText() ? m_fullText : selectedText();
-}
-
-void ElidedLabel::keyPressEvent(QKeyEvent *event)
-{
-    if (event->matches(QKeySequence::Copy) && hasSelectedText())
-        QGuiApplication::clipboard()->setText(copyText());
-    else
-        Label::keyPressEvent(event);
-}
-
-void ElidedLabel::mouseReleaseEvent(QMouseEvent *event)
-{
-    Label::mouseReleaseEvent(event);
-    auto *clipboard = QGuiApplication::clipboard();
-    if (hasSelectedText() && clipboard->supportsSelection())
-        clipboard->setText(copyText(), QClipboard::Selection);
-}
-
-void ElidedLabel::contextMenuEvent(QContextMenuEvent *event)
-{
-    if (textInteractionFlags() == Qt::NoTextInteraction) {
-        event->ignore();
-        return;
-    }
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    connect(menu->addAction(tr("Copy")), &QAction::triggered, this,
-            [text = copyText()] { QGuiApplication::clipboard()->setText(text); });
-    menu->popup(event->globalPos());
 }
 
 } // namespace clipwren

@@ -27,15 +27,12 @@ public:
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void contextMenuEvent(QContextMenuEvent *event) override;
+    /// The marked part, but the whole text when it is cut.
+    QString copyText() const override;
 
 private:
     qreal widthOf(const QString &text) const;
     void cut();
-    /// What copying takes: the marked part, but the whole text when it is cut.
-    QString copyText() const;
 
     QString m_fullText;
     QString m_line; // the full text without line breaks

@@ -2,6 +2,11 @@
 
 #include "ui/components/DigitText.h"
 
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QStyle>
@@ -9,6 +14,13 @@
 #include <cmath>
 
 namespace clipwren {
+
+namespace {
+
+constexpr QChar breakPoint(0x200B); // zero width space
+constexpr int unbrokenLetters = 24;
+
+} // namespace
 
 Label::Label(Theme::TextStyle style, Theme::Color color, const QString &text, QWidget *parent)
     : QLabel(text, parent), m_style(style), m_color(color)
@@ -45,10 +57,60 @@ void Label::setMarkdown(const QString &text)
     setText(html);
 }
 
+void Label::setBreakableText(const QString &text)
+{
+    QString broken;
+    int letters = 0;
+    for (const QChar c : text) {
+        letters = c.isSpace() ? 0 : letters + 1;
+        // Not between the halves of one letter.
+        if (letters > unbrokenLetters && !c.isLowSurrogate() && !c.isMark())
+            broken += breakPoint;
+        broken += c;
+    }
+    setTextFormat(Qt::PlainText);
+    setText(broken);
+}
+
 void Label::setSelectable(bool selectable)
 {
     setTextInteractionFlags(selectable ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
                                        : Qt::NoTextInteraction);
+}
+
+QString Label::copyText() const
+{
+    QString copied = hasSelectedText() ? selectedText() : text();
+    return copied.remove(breakPoint).replace(QChar::ParagraphSeparator, u'\n');
+}
+
+void Label::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Copy) && hasSelectedText())
+        QGuiApplication::clipboard()->setText(copyText());
+    else
+        QLabel::keyPressEvent(event);
+}
+
+void Label::mouseReleaseEvent(QMouseEvent *event)
+{
+    QLabel::mouseReleaseEvent(event);
+    auto *clipboard = QGuiApplication::clipboard();
+    if (hasSelectedText() && clipboard->supportsSelection())
+        clipboard->setText(copyText(), QClipboard::Selection);
+}
+
+void Label::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (textInteractionFlags() == Qt::NoTextInteraction) {
+        event->ignore();
+        return;
+    }
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(tr("Copy")), &QAction::triggered, this,
+            [text = copyText()] { QGuiApplication::clipboard()->setText(text); });
+    menu->popup(event->globalPos());
 }
 
 void Label::applyColor()

@@ -18,6 +18,9 @@ public:
     void setStyle(Theme::TextStyle style);
     /// Shows `**bold**` and `*italic*` of a text of ours.
     void setMarkdown(const QString &text);
+    /// Plain text of which a line may end within a word that is longer than most, such as an
+    /// address or a path. Copying takes it as it was given.
+    void setBreakableText(const QString &text);
     /// Lets the user mark and copy the text with mouse and keyboard.
     void setSelectable(bool selectable);
 
@@ -27,6 +30,11 @@ protected:
     Theme::TextStyle textStyle() const { return m_style; }
     /// True when the digits are laid out by `DigitText`: one line that nobody can mark.
     bool paintsDigits() const;
+    /// What copying takes.
+    virtual QString copyText() const;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -1,0 +1,114 @@
+#include "ui/components/WrappedLabel.h"
+
+#include <QPainter>
+#include <QTextLayout>
+
+#include <cmath>
+
+namespace clipwren {
+
+namespace {
+
+/// Wide enough to read a few words in a row.
+constexpr int comfortableWidth = 320;
+constexpr int leastWidth = 40;
+
+} // namespace
+
+WrappedLabel::WrappedLabel(Theme::TextStyle style, Theme::Color color, int maximumLines,
+                           QWidget *parent)
+    : Label(style, color, {}, parent), m_maximumLines(maximumLines)
+{
+    // Not fixed: that would limit it to the height of its preferred width.
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void WrappedLabel::setText(const QString &text)
+{
+    if (text == this->text())
+        return;
+    Label::setText(text);
+    updateToolTip();
+    updateGeometry();
+}
+
+WrappedLabel::Lines WrappedLabel::linesAt(int width) const
+{
+    Lines lines;
+    const bool isLimited = m_maximumLines > 0;
+    for (const QString &paragraph :
+         isLimited ? QStringList(text().simplified()) : text().split(u'\n')) {
+        QTextLayout layout(paragraph, font());
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(std::max(width, 1));
+            const int from = line.textStart();
+            const bool isLast = isLimited && lines.texts.size() + 1 == m_maximumLines;
+            if (isLast && from + line.textLength() < paragraph.size()) {
+                lines.texts << QFontMetricsF(font()).elidedText(paragraph.mid(from), Qt::ElideRight,
+                                                                width);
+                lines.areCut = true;
+                break;
+            }
+            lines.texts << paragraph.mid(from, line.textLength()).trimmed();
+        }
+        layout.endLayout();
+    }
+    return lines;
+}
+
+int WrappedLabel::heightForWidth(int width) const
+{
+    return static_cast<int>(linesAt(width).texts.size()) * lineHeight();
+}
+
+QSize WrappedLabel::sizeHint() const
+{
+    const double whole = QFontMetricsF(font()).horizontalAdvance(text());
+    const int width = std::min(static_cast<int>(std::ceil(whole)), comfortableWidth);
+    return {width, heightForWidth(width)};
+}
+
+QSize WrappedLabel::minimumSizeHint() const
+{
+    return {std::min(leastWidth, sizeHint().width()), lineHeight()};
+}
+
+void WrappedLabel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    const bool rightToLeft = text().isRightToLeft();
+    painter.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    const Qt::Alignment side = alignment() & Qt::AlignHCenter ? Qt::AlignHCenter
+        : rightToLeft                                         ? Qt::AlignRight
+                                                              : Qt::AlignLeft;
+    const QStringList lines = linesAt(width()).texts;
+    const int top = (height() - static_cast<int>(lines.size()) * lineHeight()) / 2;
+    QRect place(0, std::max(top, 0), width(), lineHeight());
+    for (const QString &line : lines) {
+        painter.drawText(place, static_cast<int>(Qt::AlignAbsolute | side), line);
+        place.translate(0, lineHeight());
+    }
+}
+
+void WrappedLabel::resizeEvent(QResizeEvent *event)
+{
+    Label::resizeEvent(event);
+    updateToolTip();
+}
+
+void WrappedLabel::updateToolTip()
+{
+    // As markup, or a title that looks like some would be shown as one.
+    setToolTip(linesAt(width()).areCut
+                   ? QStringLiteral("<span>%1</span>").arg(text().toHtmlEscaped())
+                   : QString());
+}
+
+} // namespace clipwren

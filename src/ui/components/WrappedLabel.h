@@ -1,0 +1,41 @@
+#pragma once
+
+#include "ui/components/Label.h"
+
+namespace clipwren {
+
+/// A text over several lines. Words longer than a line are broken, so that no address or path
+/// makes the window wider; what is beyond the last line allowed ends in an ellipsis and shows
+/// whole in a tool tip. A text written from right to left stands at the right, unless the label
+/// is centred.
+class WrappedLabel : public Label {
+    Q_OBJECT
+public:
+    /// `maximumLines` of 0 sets no limit.
+    explicit WrappedLabel(Theme::TextStyle style, Theme::Color color = Theme::Color::Text,
+                          int maximumLines = 0, QWidget *parent = nullptr);
+
+    void setText(const QString &text);
+
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    struct Lines {
+        QStringList texts;
+        bool areCut = false;
+    };
+    int lineHeight() const { return fontMetrics().height(); }
+    Lines linesAt(int width) const;
+    void updateToolTip();
+
+    int m_maximumLines;
+};
+
+} // namespace clipwren

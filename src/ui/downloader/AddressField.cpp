@@ -1,0 +1,122 @@
+#include "ui/downloader/AddressField.h"
+
+#include "ui/components/Button.h"
+#include "ui/components/FieldBox.h"
+#include "ui/components/Glide.h"
+#include "ui/components/IconView.h"
+#include "ui/components/WrappedLabel.h"
+#include "workflow/download/DownloaderView.h"
+#include "workflow/download/FetchErrorText.h"
+
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace clipwren {
+
+namespace {
+
+constexpr Spring failureSpring{0.2, 1};
+constexpr int failureGap = 10;
+
+} // namespace
+
+AddressField::AddressField(DownloaderView &view, QWidget *parent) : QWidget(parent), m_view(view)
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(makeBox());
+    m_failure = makeFailure();
+    auto *content = new QWidget;
+    auto *contentColumn = new QVBoxLayout(content);
+    contentColumn->setContentsMargins(0, 0, 0, 0);
+    contentColumn->addWidget(m_failure);
+    m_failure->hide();
+    m_failureGlide = new Glide(content);
+    column->addWidget(m_failureGlide);
+    setFocusProxy(m_box->lineEdit());
+}
+
+FieldBox *AddressField::makeBox()
+{
+    m_box = new FieldBox(u"link", tr("Video address"));
+    QLineEdit *field = m_box->lineEdit();
+    field->setPlaceholderText(QStringLiteral("https://www.youtube.com/watch?v=…"));
+    field->setInputMethodHints(Qt::ImhUrlCharactersOnly);
+    connect(field, &QLineEdit::textEdited, &m_view, &DownloaderView::setUrlText);
+    connect(field, &QLineEdit::returnPressed, &m_view, [this] { m_view.fetchInfo(false); });
+
+    m_clear = Button::iconOnly(u"xmark.circle.fill", tr("Clear"));
+    m_clear->setSize(Button::Size::Small);
+    m_clear->setTint(Theme::Color::Tertiary);
+    connect(m_clear, &Button::clicked, &m_view, &DownloaderView::resetAll);
+    m_box->addTrailing(m_clear);
+
+    m_paste = new Button(Button::Style::Borderless, tr("Paste"));
+    m_paste->setToolTip(tr("Paste an address and look it up (Ctrl+Shift+V)"));
+    connect(m_paste, &Button::clicked, &m_view, &DownloaderView::paste);
+    m_box->addTrailing(m_paste);
+    return m_box;
+}
+
+QWidget *AddressField::makeFailure()
+{
+    auto *failure = new QWidget;
+    auto *row = new QHBoxLayout(failure);
+    row->setContentsMargins(0, failureGap, 0, 0);
+    row->setSpacing(10);
+    row->addWidget(new IconView(u"exclamationmark.triangle.fill", 16, Theme::Color::OrangeIcon));
+    m_failureText = new WrappedLabel(Theme::TextStyle::Caption);
+    row->addWidget(m_failureText, 1);
+
+    auto *tryAgain = new Button(Button::Style::Prominent, tr("Try Again"), u"arrow.clockwise");
+    tryAgain->setSize(Button::Size::Small);
+    connect(tryAgain, &Button::clicked, &m_view, [this] { m_view.fetchInfo(true); });
+    row->addWidget(tryAgain);
+
+    m_viewLogs = new Button(Button::Style::Bordered, tr("View Logs"), u"terminal");
+    m_viewLogs->setSize(Button::Size::Small);
+    connect(m_viewLogs, &Button::clicked, &m_view, [this] { m_view.setShowLogs(true); });
+    row->addWidget(m_viewLogs);
+    return failure;
+}
+
+bool AddressField::isEdited() const
+{
+    return m_box->lineEdit()->hasFocus();
+}
+
+void AddressField::render()
+{
+    const Phase phase = m_view.phase();
+    QLineEdit *field = m_box->lineEdit();
+    // Setting the same text again would move the cursor.
+    if (field->text() != m_view.urlText())
+        field->setText(m_view.urlText());
+    field->setEnabled(!isBusy(phase));
+    m_paste->setEnabled(!isBusy(phase));
+    const bool canClear =
+        !m_view.urlText().isEmpty() && phase != Phase::downloading && phase != Phase::processing;
+    if (!canClear && m_clear->hasFocus())
+        field->setFocus();
+    m_clear->setVisible(canClear);
+    renderFailure();
+}
+
+void AddressField::renderFailure()
+{
+    const std::optional<QString> failure = m_view.fetchError();
+    const bool appearsOrGoes = failure.has_value() == m_failure->isHidden();
+    const auto apply = [&] {
+        m_failure->setVisible(failure.has_value());
+        m_viewLogs->setVisible(!m_view.fetchLog().isEmpty());
+        if (failure)
+            m_failureText->setText(withoutLog(*failure));
+    };
+    if (appearsOrGoes)
+        m_failureGlide->change(failureSpring, apply);
+    else
+        apply();
+}
+
+} // namespace clipwren

@@ -1,0 +1,305 @@
+#include "ui/downloader/DownloaderScreen.h"
+
+#include "platform/desktop/Desktop.h"
+#include "ui/components/Banner.h"
+#include "ui/components/Button.h"
+#include "ui/components/Glide.h"
+#include "ui/components/RenderJoiner.h"
+#include "ui/components/WrappedLabel.h"
+#include "ui/downloader/AddressField.h"
+#include "ui/downloader/ConfirmationCard.h"
+#include "ui/downloader/DownloadRow.h"
+#include "ui/downloader/FetchingCard.h"
+#include "ui/downloader/FormatSection.h"
+#include "ui/downloader/LogSheet.h"
+#include "ui/downloader/ProgressSection.h"
+#include "ui/downloader/SuccessCard.h"
+#include "ui/downloader/TitleField.h"
+#include "ui/downloader/TrimSection.h"
+#include "ui/downloader/VideoSummary.h"
+#include "workflow/download/DownloaderView.h"
+#include "workflow/download/FetchErrorText.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace clipwren {
+
+namespace {
+
+constexpr int padding = 28;
+constexpr int spacing = 24;
+constexpr int widestColumn = 720;
+
+/// How the cards of a phase come, if not at once.
+std::optional<Spring> springTo(Phase phase, Phase from)
+{
+    switch (phase) {
+    case Phase::input:
+        return std::nullopt;
+    case Phase::ready:
+        // Back from a download that failed, the cards are simply there again.
+        return from == Phase::confirming ? std::optional(Spring{0.25, 1}) : std::nullopt;
+    case Phase::fetching:
+    case Phase::downloading:
+    case Phase::processing:
+        return Spring{0.2, 1};
+    case Phase::confirming:
+    case Phase::done:
+        return Spring{0.25, 1};
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+DownloaderScreen::DownloaderScreen(DownloaderView &view, Desktop &desktop,
+                                   const QString &downloadFolder,
+                                   PreviewViewFactory makePreviewView, QWidget *parent)
+    : DetailScreen(parent), m_view(view), m_desktop(desktop), m_downloadFolder(downloadFolder),
+      m_folderButton(Button::iconOnly(u"folder", tr("Open Downloads Folder"))),
+      m_joiner(new RenderJoiner(this, [this] { render(); }))
+{
+    m_folderButton->setToolTip(tr("Reveal the Clipwren downloads folder in Finder"));
+    connect(m_folderButton, &Button::clicked, this, &DownloaderScreen::revealFolder);
+    makeColumn(std::move(makePreviewView));
+    makeShortcuts();
+    setFocusProxy(m_address);
+    connect(&m_view, &DownloaderView::changed, m_joiner, &RenderJoiner::request);
+    connect(&m_view.preview(), &PreviewPlayerController::changed, m_joiner, &RenderJoiner::request);
+    render();
+}
+
+DownloaderScreen::~DownloaderScreen()
+{
+    // Both may be children of others.
+    delete m_folderButton;
+    delete m_logs;
+}
+
+QList<Button *> DownloaderScreen::barButtons() const
+{
+    return {m_folderButton};
+}
+
+void DownloaderScreen::makeColumn(PreviewViewFactory makePreviewView)
+{
+    m_column = new QWidget;
+    m_column->setMaximumWidth(widestColumn);
+    auto *rows = new QVBoxLayout(m_column);
+    rows->setContentsMargins(padding, padding, padding, padding);
+    // What may be missing brings the space above it along.
+    rows->setSpacing(0);
+    rows->addLayout(makeHeader());
+    rows->addSpacing(spacing);
+    m_address = new AddressField(m_view);
+    rows->addWidget(m_address);
+    m_cards = new Glide(makeCards(std::move(makePreviewView)));
+    rows->addWidget(m_cards);
+    rows->addWidget(makeError());
+    rows->addStretch(1);
+
+    auto *page = new QWidget;
+    auto *centre = new QHBoxLayout(page);
+    centre->setContentsMargins(0, 0, 0, 0);
+    centre->setSpacing(0);
+    // The column takes all room up to its greatest width, and the sides share what is left.
+    centre->addStretch(1);
+    centre->addWidget(m_column, 10'000);
+    centre->addStretch(1);
+
+    m_scroll = new QScrollArea;
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setWidget(page);
+    auto *all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addWidget(m_scroll);
+}
+
+QLayout *DownloaderScreen::makeHeader()
+{
+    auto *header = new QVBoxLayout;
+    header->setSpacing(6);
+    header->addWidget(
+        new Label(Theme::TextStyle::Title, Theme::Color::Text, tr("Download a video")));
+    auto *hint = new WrappedLabel(Theme::TextStyle::Callout, Theme::Color::Secondary);
+    hint->setText(tr("Paste a YouTube link. We'll fetch the video, you confirm it's the right "
+                     "one, then pick a format."));
+    header->addWidget(hint);
+    return header;
+}
+
+QWidget *DownloaderScreen::makeCards(PreviewViewFactory makePreviewView)
+{
+    m_fetching = new FetchingCard(m_view);
+    m_confirmation = new ConfirmationCard(m_view);
+    m_summary = new VideoSummary(m_view);
+    m_title = new TitleField(m_view);
+    m_format = new FormatSection(m_view);
+    m_trim = new TrimSection(m_view, std::move(makePreviewView));
+    m_download = new DownloadRow(m_view);
+    m_progress = new ProgressSection(m_view);
+    m_success = new SuccessCard(m_view, m_downloadFolder, [this] { revealFolder(); });
+
+    auto *cards = new QWidget;
+    auto *rows = new QVBoxLayout(cards);
+    rows->setContentsMargins(0, spacing, 0, 0);
+    rows->setSpacing(spacing);
+    for (QWidget *card :
+         std::initializer_list<QWidget *>{m_fetching, m_confirmation, m_summary, m_title, m_format,
+                                          m_trim, m_download, m_progress, m_success}) {
+        rows->addWidget(card);
+        card->hide();
+    }
+    return cards;
+}
+
+QWidget *DownloaderScreen::makeError()
+{
+    m_error = new Banner;
+    m_error->setDismissible(true);
+    connect(m_error, &Banner::dismissed, &m_view, &DownloaderView::dismissErrorMessage);
+    m_errorRow = new QWidget;
+    auto *rows = new QVBoxLayout(m_errorRow);
+    rows->setContentsMargins(0, spacing, 0, 0);
+    rows->addWidget(m_error);
+    return m_errorRow;
+}
+
+void DownloaderScreen::makeShortcuts()
+{
+    m_pasteShortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_V), this);
+    connect(m_pasteShortcut, &QShortcut::activated, &m_view, &DownloaderView::paste);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), this);
+        connect(shortcut, &QShortcut::activated, &m_view, &DownloaderView::start);
+        m_downloadShortcuts.append(shortcut);
+    }
+}
+
+void DownloaderScreen::showEvent(QShowEvent *event)
+{
+    DetailScreen::showEvent(event);
+    if (!std::exchange(m_tookUpRequests, true))
+        m_view.takeUpRequests();
+}
+
+void DownloaderScreen::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
+    // The address field has looked its text up already.
+    if (isReturn && isPlain && m_view.phase() == Phase::confirming && !m_address->isEdited())
+        m_view.confirm();
+    else
+        DetailScreen::keyPressEvent(event);
+}
+
+void DownloaderScreen::revealFolder()
+{
+    m_desktop.reveal(m_downloadFolder);
+}
+
+// Rendering
+
+void DownloaderScreen::render()
+{
+    const Phase phase = m_view.phase();
+    const Phase before = std::exchange(m_phase, phase);
+    const bool hadFocus = hasFocusInside();
+    // Else it would go to whatever comes next when its place is disabled or hidden, and the next
+    // Return would press that.
+    if (phase != before && hadFocus)
+        m_column->setFocus(Qt::OtherFocusReason);
+    m_address->render();
+    if (phase == before)
+        renderCards();
+    else
+        m_cards->change(springTo(phase, before), [this] { renderCards(); });
+    if (phase != before)
+        placeFocus(hadFocus);
+    m_pasteShortcut->setEnabled(!isBusy(phase));
+    for (QShortcut *shortcut : m_downloadShortcuts)
+        shortcut->setEnabled(phase == Phase::ready);
+    renderError();
+    renderLogs();
+}
+
+void DownloaderScreen::renderCards()
+{
+    const Phase phase = m_view.phase();
+    const bool hasInfo = m_view.info().has_value();
+    const bool isReady = phase == Phase::ready;
+    const bool isRunning = phase == Phase::downloading || phase == Phase::processing;
+    const bool isDone = phase == Phase::done;
+    const auto show = [](auto *card, bool shown) {
+        // Before it is seen, so that it comes with its texts.
+        if constexpr (requires { card->render(); }) {
+            if (shown)
+                card->render();
+        }
+        card->setVisible(shown);
+    };
+    show(m_fetching, phase == Phase::fetching);
+    show(m_confirmation, phase == Phase::confirming && hasInfo);
+    show(m_summary, (isReady || isRunning || isDone) && hasInfo);
+    show(m_title, isReady);
+    show(m_format, isReady);
+    show(m_trim, isReady && m_view.outputFormat() != OutputFormat::audioMP3);
+    show(m_download, isReady);
+    show(m_progress, isRunning);
+    show(m_success, isDone);
+}
+
+bool DownloaderScreen::hasFocusInside() const
+{
+    const QWidget *focus = QApplication::focusWidget();
+    return focus && isAncestorOf(focus);
+}
+
+void DownloaderScreen::placeFocus(bool hadFocus)
+{
+    // The answer that is waited for, so that Return gives it wherever the focus was.
+    if (m_phase == Phase::confirming && m_confirmation->isVisible())
+        m_confirmation->continueButton()->setFocus(Qt::OtherFocusReason);
+    else if (hadFocus && m_phase == Phase::input)
+        m_address->setFocus(Qt::OtherFocusReason);
+    else if (hadFocus)
+        m_cards->setFocus(Qt::OtherFocusReason);
+}
+
+void DownloaderScreen::renderError()
+{
+    const std::optional<QString> message = m_view.errorMessage();
+    if (message)
+        m_error->setMessage(withoutLog(*message));
+    const bool appears = message && m_errorRow->isHidden();
+    m_errorRow->setVisible(message.has_value());
+    // Once the layout has placed it, which may be below what is in view.
+    if (appears)
+        QTimer::singleShot(0, m_errorRow, [this] { m_scroll->ensureWidgetVisible(m_errorRow); });
+}
+
+void DownloaderScreen::renderLogs()
+{
+    if (m_view.showLogs() && !m_logs) {
+        m_logs = new LogSheet(
+            tr("yt-dlp output"), m_view.fetchLog(), [this] { m_view.setShowLogs(false); },
+            window());
+        m_logs->open();
+    } else if (!m_view.showLogs() && m_logs) {
+        m_logs->hide();
+        m_logs->deleteLater();
+        m_logs.clear();
+    }
+}
+
+} // namespace clipwren

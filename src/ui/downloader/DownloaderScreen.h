@@ -1,0 +1,97 @@
+#pragma once
+
+#include "ui/downloader/PreviewPane.h"
+#include "ui/shell/DetailScreen.h"
+#include "workflow/download/Phase.h"
+
+#include <QPointer>
+#include <QString>
+
+class QLayout;
+class QScrollArea;
+class QShortcut;
+
+namespace clipwren {
+
+class AddressField;
+class Banner;
+class ConfirmationCard;
+class Desktop;
+class DownloaderView;
+class DownloadRow;
+class FetchingCard;
+class FormatSection;
+class Glide;
+class LogSheet;
+class ProgressSection;
+class RenderJoiner;
+class SuccessCard;
+class TitleField;
+class TrimSection;
+class VideoSummary;
+
+/// Shows one download from the address to the saved file, as a column of cards that change with
+/// its phase.
+///
+/// Takes up requests that wait for a downloader when it is first shown.
+class DownloaderScreen : public DetailScreen {
+    Q_OBJECT
+public:
+    /// What is given outlives the screen. `downloadFolder` is absolute.
+    DownloaderScreen(DownloaderView &view, Desktop &desktop, const QString &downloadFolder,
+                     PreviewViewFactory makePreviewView, QWidget *parent = nullptr);
+    ~DownloaderScreen() override;
+    DownloaderScreen(const DownloaderScreen &) = delete;
+    DownloaderScreen &operator=(const DownloaderScreen &) = delete;
+
+    QString barTitle() const override { return tr("New Download"); }
+    QList<Button *> barButtons() const override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void makeColumn(PreviewViewFactory makePreviewView);
+    QLayout *makeHeader();
+    QWidget *makeCards(PreviewViewFactory makePreviewView);
+    QWidget *makeError();
+    void makeShortcuts();
+
+    void render();
+    void renderCards();
+    void renderError();
+    void renderLogs();
+    void placeFocus(bool hadFocus);
+    bool hasFocusInside() const;
+    void revealFolder();
+
+    DownloaderView &m_view;
+    Desktop &m_desktop;
+    QString m_downloadFolder;
+    QPointer<Button> m_folderButton;
+    RenderJoiner *m_joiner;
+    Phase m_phase = Phase::input; // as last rendered
+    bool m_tookUpRequests = false;
+
+    QScrollArea *m_scroll;
+    QWidget *m_column;
+    AddressField *m_address;
+    Glide *m_cards;
+    FetchingCard *m_fetching;
+    ConfirmationCard *m_confirmation;
+    VideoSummary *m_summary;
+    TitleField *m_title;
+    FormatSection *m_format;
+    TrimSection *m_trim;
+    DownloadRow *m_download;
+    ProgressSection *m_progress;
+    SuccessCard *m_success;
+    QWidget *m_errorRow;
+    Banner *m_error;
+    QShortcut *m_pasteShortcut;
+    QList<QShortcut *> m_downloadShortcuts;
+    QPointer<LogSheet> m_logs;
+};
+
+} // namespace clipwren

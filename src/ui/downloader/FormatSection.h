@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+
+namespace clipwren {
+
+class Banner;
+class DownloaderView;
+class Glide;
+class IconView;
+class Picker;
+class WrappedLabel;
+
+/// Chooses the output format, and warns of one that common players do not open.
+class FormatSection : public QWidget {
+    Q_OBJECT
+public:
+    explicit FormatSection(DownloaderView &view, QWidget *parent = nullptr);
+
+    void render();
+
+private:
+    DownloaderView &m_view;
+    IconView *m_icon;
+    Picker *m_picker;
+    WrappedLabel *m_subtitle;
+    Banner *m_warning;
+    Glide *m_details;
+};
+
+} // namespace clipwren

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+namespace clipwren {
+
+class DownloaderView;
+class ElidedLabel;
+class Label;
+class LinearProgress;
+
+/// How far the download or conversion is.
+class ProgressSection : public QWidget {
+    Q_OBJECT
+public:
+    explicit ProgressSection(DownloaderView &view, QWidget *parent = nullptr);
+
+    void render();
+
+private:
+    DownloaderView &m_view;
+    ElidedLabel *m_heading;
+    Label *m_percentage;
+    LinearProgress *m_bar;
+    ElidedLabel *m_status;
+};
+
+} // namespace clipwren

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QWidget>
+
+namespace clipwren {
+
+class Button;
+class DownloaderView;
+class ElidedLabel;
+class FieldBox;
+
+/// Takes the title under which the file is saved, and shows the name that it gets.
+class TitleField : public QWidget {
+    Q_OBJECT
+public:
+    explicit TitleField(DownloaderView &view, QWidget *parent = nullptr);
+
+    void render();
+
+private:
+    DownloaderView &m_view;
+    FieldBox *m_box;
+    Button *m_reset;
+    ElidedLabel *m_fileName;
+};
+
+} // namespace clipwren

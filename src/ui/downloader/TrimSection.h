@@ -1,0 +1,45 @@
+#pragma once
+
+#include "ui/downloader/PreviewPane.h"
+
+#include <QWidget>
+
+class QLayout;
+
+namespace clipwren {
+
+class Button;
+class DownloaderView;
+class Glide;
+class Switch;
+class TimeStat;
+class TrimSlider;
+
+/// Lets the user keep only a part of the video, chosen over its preview.
+class TrimSection : public QWidget {
+    Q_OBJECT
+public:
+    TrimSection(DownloaderView &view, PreviewViewFactory makePreviewView,
+                QWidget *parent = nullptr);
+
+    void render();
+
+private:
+    QLayout *makeControls();
+    void renderRange();
+    void playClip();
+    void reset();
+
+    DownloaderView &m_view;
+    Switch *m_switch;
+    QWidget *m_choice; // all that belongs to a range
+    Glide *m_choiceGlide;
+    PreviewPane *m_preview;
+    TrimSlider *m_slider;
+    TimeStat *m_start;
+    TimeStat *m_end;
+    TimeStat *m_clip;
+    Button *m_play;
+};
+
+} // namespace clipwren

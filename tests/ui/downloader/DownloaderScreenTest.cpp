@@ -1,0 +1,311 @@
+#include "ScreenTest.h"
+#include "ui/components/Button.h"
+#include "ui/components/Picker.h"
+#include "ui/downloader/LogSheet.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace clipwren::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString addressName = u"Video address"_s;
+const QString waitForever = u"exec sleep 60"_s;
+
+class DownloaderScreenTest : public ScreenTest { };
+
+/// What tells the cards apart.
+const QStringList signs = {
+    u"Looking up video…"_s,
+    u"Is this the right video?"_s,
+    u"Talk"_s,
+    u"Save as"_s,
+    u"Format"_s,
+    u"Trim before saving"_s,
+    u"Download"_s,
+    u"Downloading"_s,
+    u"Download complete"_s,
+};
+
+TEST_F(DownloaderScreenTest, showsTheCardsOfEachPhase)
+{
+    const auto cards = [this] {
+        QStringList found;
+        for (const QString &sign : signs) {
+            if (shows(sign))
+                found << sign;
+        }
+        return found;
+    };
+    EXPECT_EQ(cards(), QStringList());
+
+    const QString answer = ScreenTest::metadata(u"\"title\":\"Talk\",\"duration\":60.5"_s);
+    m_fake.onLookup(waitForever);
+    lookUp(Phase::fetching);
+    EXPECT_EQ(cards(), QStringList(u"Looking up video…"_s));
+
+    m_fake.onLookup(answer);
+    lookUp();
+    EXPECT_EQ(cards(), QStringList({u"Is this the right video?"_s, u"Talk"_s}));
+    EXPECT_TRUE(shows(u"1:01"_s));
+
+    click(u"Continue"_s);
+    EXPECT_EQ(cards(),
+              QStringList(
+                  {u"Talk"_s, u"Save as"_s, u"Format"_s, u"Trim before saving"_s, u"Download"_s}));
+    EXPECT_TRUE(shows(u"Final file: Talk [<id>].mp4"_s));
+
+    m_fake.onDownload(u"echo '  42.9%||   1.20MiB/s||00:10'; "_s + waitForever);
+    click(u"Download"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_view.downloadProgress() > 0.4; }, 10'000));
+    settle();
+    EXPECT_EQ(cards(), QStringList({u"Talk"_s, u"Downloading"_s}));
+    EXPECT_TRUE(shows(u"42%"_s));
+    EXPECT_FALSE(button(u"Clear"_s));
+    EXPECT_FALSE(field(addressName)->isEnabled());
+
+    click(u"Cancel"_s);
+    EXPECT_TRUE(reaches(m_view, Phase::ready));
+    m_fake.onDownload(FakeDownloader::defaultDownload());
+    m_view.start();
+    EXPECT_TRUE(reaches(m_view, Phase::done));
+    settle();
+    EXPECT_EQ(cards(), QStringList({u"Talk"_s, u"Download complete"_s}));
+    click(u"Reveal in Finder"_s);
+    EXPECT_THAT(m_fake.desktop.log, testing::Contains(u"reveal "_s + m_fake.downloadFolder()));
+    click(u"New download"_s);
+    EXPECT_EQ(cards(), QStringList());
+    EXPECT_EQ(field(addressName)->text(), QString());
+}
+
+TEST_F(DownloaderScreenTest, lookingUpLocksTheFieldButNotTheClearButton)
+{
+    m_fake.onLookup(waitForever);
+    EXPECT_FALSE(button(u"Clear"_s));
+    lookUp(Phase::fetching);
+    EXPECT_FALSE(field(addressName)->isEnabled());
+    EXPECT_FALSE(button(u"Paste"_s)->isEnabled());
+    click(u"Clear"_s);
+    EXPECT_EQ(m_view.phase(), Phase::input);
+    EXPECT_TRUE(field(addressName)->hasFocus());
+    EXPECT_TRUE(button(u"Paste"_s)->isEnabled());
+}
+
+TEST_F(DownloaderScreenTest, offersTheLogOnlyWhereThereIsOne)
+{
+    m_view.setUrlText(u"ftp://site.example"_s);
+    m_view.fetchInfo(false);
+    settle();
+    EXPECT_TRUE(shows(u"Enter a valid http(s) URL"_s));
+    EXPECT_TRUE(button(u"Try Again"_s));
+    EXPECT_FALSE(button(u"View Logs"_s));
+
+    m_fake.onLookup(u"echo '[debug] first' >&2; echo 'ERROR: gone' >&2; exit 1"_s);
+    m_view.setUrlText(u"https://site.example/1"_s);
+    m_view.fetchInfo(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_view.fetchError().has_value(); }, 10'000));
+    settle();
+    EXPECT_FALSE(shownTexts().join(u' ').contains(u"[debug]"));
+    EXPECT_TRUE(shownTexts().join(u' ').contains(u"ERROR: gone"));
+
+    click(u"View Logs"_s);
+    auto *sheet = m_screen.findChild<LogSheet *>();
+    ASSERT_TRUE(sheet && sheet->isVisible());
+    EXPECT_TRUE(sheet->isModal());
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    settle();
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_FALSE(m_view.showLogs());
+
+    m_fake.onLookup(waitForever);
+    click(u"Try Again"_s);
+    EXPECT_EQ(m_view.phase(), Phase::fetching);
+    EXPECT_FALSE(button(u"Try Again"_s));
+}
+
+TEST_F(DownloaderScreenTest, returnLooksUpAndThenConfirms)
+{
+    const QString answered = m_fake.tools.path(u"answered"_s);
+    m_fake.onLookup(
+        u"until [ -e '%1' ]; do sleep 0.01; done; echo '{\"title\":\"Talk\"}'"_s.arg(answered));
+    QLineEdit *address = field(addressName);
+    address->setFocus();
+    QTest::keyClicks(address, u"https://site.example/1"_s);
+    press(address, Qt::Key_Return);
+    EXPECT_EQ(m_view.phase(), Phase::fetching);
+    // One Return too many cancels nothing.
+    press(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(m_view.phase(), Phase::fetching);
+    EXPECT_TRUE(QFile(answered).open(QIODevice::WriteOnly));
+    EXPECT_TRUE(reaches(m_view, Phase::confirming));
+    settle();
+    press(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(m_view.phase(), Phase::ready);
+    press(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(m_view.phase(), Phase::ready);
+}
+
+TEST_F(DownloaderScreenTest, returnPressesWhatHasFocusInTheConfirmation)
+{
+    lookUp();
+    m_fake.onLookup(waitForever);
+    field(addressName)->setFocus();
+    press(field(addressName), Qt::Key_Return);
+    EXPECT_EQ(m_view.phase(), Phase::fetching);
+    m_view.cancelFetch();
+    m_fake.onLookup(ScreenTest::metadata(u"\"title\":\"Talk\""_s));
+    lookUp();
+    button(u"Not this one"_s)->setFocus();
+    press(button(u"Not this one"_s), Qt::Key_Return);
+    EXPECT_EQ(m_view.phase(), Phase::input);
+}
+
+TEST_F(DownloaderScreenTest, shortcutsWorkWhereverTheFocusIs)
+{
+    m_fake.desktop.clipboard = u"https://site.example/2"_s;
+    press(field(addressName), Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(field(addressName)->text(), u"https://site.example/2");
+    EXPECT_TRUE(reaches(m_view, Phase::confirming));
+    settle();
+    press(&m_screen, Qt::Key_Return, Qt::ControlModifier);
+    m_view.confirm();
+    settle();
+    QLineEdit *title = field(u"Save as"_s);
+    title->setFocus();
+    m_fake.onDownload(waitForever);
+    press(title, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(m_view.phase(), Phase::downloading);
+    press(&m_screen, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(m_view.phase(), Phase::downloading);
+}
+
+TEST_F(DownloaderScreenTest, typingInTheMiddleKeepsTheCursor)
+{
+    getReady();
+    for (const QString &name : {addressName, u"Save as"_s}) {
+        QLineEdit *each = field(name);
+        each->setFocus();
+        each->setCursorPosition(2);
+        QTest::keyClicks(each, u"xy"_s);
+        settle();
+        EXPECT_EQ(each->cursorPosition(), 4) << name.toStdString();
+    }
+    EXPECT_EQ(m_view.customTitle(), u"Taxylk");
+    EXPECT_TRUE(shows(u"Final file: Taxylk [<id>].mp4"_s));
+    click(u"Reset to the video's original title"_s);
+    EXPECT_EQ(field(u"Save as"_s)->text(), u"Talk");
+    EXPECT_FALSE(button(u"Reset to the video's original title"_s)->isEnabled());
+}
+
+TEST_F(DownloaderScreenTest, offersTheFormatsOfTheVideo)
+{
+    getReady();
+    auto *picker = m_screen.findChild<Picker *>();
+    const QString warning = u"This file won't play in QuickTime"_s;
+    EXPECT_EQ(picker->count(), 4);
+    EXPECT_EQ(picker->currentText(), m_view.selectedOption().title);
+    EXPECT_TRUE(shows(warning));
+    EXPECT_TRUE(shows(m_view.selectedOption().subtitle));
+
+    picker->setFocus();
+    press(picker, Qt::Key_Down);
+    EXPECT_EQ(m_view.outputFormat(), OutputFormat::macCompatible);
+    EXPECT_FALSE(shows(warning));
+    EXPECT_TRUE(shows(u"Trim before saving"_s));
+
+    press(picker, Qt::Key_End);
+    EXPECT_EQ(m_view.outputFormatRaw(), u"audioMP3");
+    EXPECT_FALSE(shows(u"Trim before saving"_s));
+    EXPECT_TRUE(shows(u"Final file: Talk [<id>].mp3"_s));
+}
+
+TEST_F(DownloaderScreenTest, saysWhyADownloadFailed)
+{
+    m_fake.onDownload(u"echo '[debug] much' >&2; echo 'ERROR: no data' >&2; exit 1"_s);
+    getReady();
+    m_screen.resize(540, 468);
+    m_view.start();
+    EXPECT_TRUE(reaches(m_view, Phase::ready));
+    settle();
+    EXPECT_FALSE(button(u"Dismiss"_s)->visibleRegion().isEmpty());
+    const QString texts = shownTexts().join(u' ');
+    EXPECT_TRUE(texts.contains(u"ERROR: no data"));
+    EXPECT_FALSE(texts.contains(u"[debug]"));
+    click(u"Dismiss"_s);
+    EXPECT_FALSE(shownTexts().join(u' ').contains(u"ERROR"));
+}
+
+TEST_F(DownloaderScreenTest, theBarButtonRevealsTheFolder)
+{
+    Button *folder = m_screen.barButtons().first();
+    EXPECT_EQ(folder->accessibleName(), u"Open Downloads Folder");
+    folder->click();
+    EXPECT_EQ(m_fake.desktop.log, QStringList(u"reveal "_s + m_fake.downloadFolder()));
+}
+
+TEST_F(DownloaderScreenTest, namesTheFolderFromTheHomeFolder)
+{
+    const DownloaderScreen screen(m_view, m_fake.desktop, QDir::homePath() + u"/Movies/Clipwren"_s,
+                                  {});
+    QStringList texts;
+    for (auto *label : screen.findChildren<QLabel *>())
+        texts << label->accessibleName();
+    EXPECT_THAT(texts, testing::Contains(u"Saved to ~/Movies/Clipwren"_s));
+}
+
+TEST(DownloaderScreenStart, takesUpARequestThatWaitsWhenFirstShown)
+{
+    FakeDownloader fake;
+    fake.onLookup(waitForever);
+    fake.pendingFetch.put({u"https://site.example/3"_s});
+    DownloaderView view(fake.environment());
+    DownloaderScreen screen(view, fake.desktop, fake.downloadFolder(), {});
+    EXPECT_EQ(view.phase(), Phase::input);
+    screen.show();
+    EXPECT_EQ(view.phase(), Phase::fetching);
+}
+
+TEST_F(DownloaderScreenTest, nothingIsCutOffInTheSmallestWindow)
+{
+    const QString word(300, u'w');
+    m_fake.onLookup(ScreenTest::metadata(
+        u"\"title\":\"%1 %1\",\"duration\":360000,\"uploader\":\"%1\""_s.arg(word)));
+    m_fake.onDownload(u"echo ERROR: /%1 >&2; exit 1"_s.arg(word));
+    m_screen.resize(540, 468);
+    const auto check = [this](const char *what) {
+        settle();
+        auto *scroll = m_screen.findChild<QScrollArea *>();
+        EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 0) << what;
+        const QRect pane(0, 0, scroll->viewport()->width(), 100'000);
+        for (QWidget *each : scroll->findChildren<QWidget *>()) {
+            if (!each->isVisible() || !scroll->widget()->isAncestorOf(each))
+                continue;
+            const QRect place(each->mapTo(scroll->widget(), QPoint()), each->size());
+            EXPECT_TRUE(pane.contains(place))
+                << what << ' ' << each->metaObject()->className() << ' ' << place.right();
+        }
+    };
+    m_view.setUrlText(u"ftp://"_s + word);
+    m_view.fetchInfo(false);
+    check("input");
+    lookUp();
+    check("confirming");
+    m_view.confirm();
+    m_view.setTrimEnabled(true);
+    check("ready");
+    m_view.start();
+    EXPECT_TRUE(reaches(m_view, Phase::ready));
+    check("failed");
+}
+
+} // namespace
+} // namespace clipwren::test
