@@ -1,0 +1,63 @@
+#include "platform/text/DateTimeText.h"
+
+#include "platform/text/IcuText.h"
+
+#include <clocale>
+#include <memory>
+#include <unicode/dtptngen.h>
+#include <unicode/simpleformatter.h>
+#include <unicode/smpdtfmt.h>
+
+namespace clipwren {
+namespace {
+
+icu::UnicodeString patternOf(const std::unique_ptr<icu::DateFormat> &format)
+{
+    icu::UnicodeString pattern;
+    if (const auto *simple = dynamic_cast<const icu::SimpleDateFormat *>(format.get()))
+        simple->toPattern(pattern);
+    return pattern;
+}
+
+/// The locale's own words between date and time, as in "at".
+icu::UnicodeString dateTimePattern(const icu::Locale &locale, UErrorCode &status)
+{
+    using Format = std::unique_ptr<icu::DateFormat>;
+    const auto date =
+        patternOf(Format(icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, locale)));
+    const auto time =
+        patternOf(Format(icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, locale)));
+    const std::unique_ptr<icu::DateTimePatternGenerator> generator(
+        icu::DateTimePatternGenerator::createInstance(locale, status));
+    if (U_FAILURE(status))
+        return {};
+    const auto &glue = generator->getDateTimeFormat(UDAT_LONG, status);
+    icu::UnicodeString pattern;
+    // Its quotes are those of a date pattern, so they must stay.
+    icu::SimpleFormatter(icu::UnicodeString(glue).findAndReplace(u"'", u"''"), 2, 2, status)
+        .format(time, date, pattern, status);
+    return pattern;
+}
+
+} // namespace
+
+QLocale dateLocale()
+{
+    const QLocale locale(QString::fromLatin1(std::setlocale(LC_TIME, nullptr)));
+    return locale.language() == QLocale::C ? QLocale() : locale;
+}
+
+QString dateTimeText(const QDateTime &time, const QLocale &locale)
+{
+    if (!time.isValid())
+        return {};
+    const icu::Locale icu = icuLocale(locale);
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::SimpleDateFormat format(dateTimePattern(icu, status), icu, status);
+    icu::UnicodeString text;
+    if (U_SUCCESS(status))
+        format.format(static_cast<UDate>(time.toMSecsSinceEpoch()), text);
+    return toQString(text);
+}
+
+} // namespace clipwren

@@ -1,0 +1,63 @@
+#include "platform/text/DateTimeText.h"
+#include "platform/text/RelativeDate.h"
+#include "support/Printing.h"
+
+#include <gtest/gtest.h>
+
+namespace clipwren {
+namespace {
+
+const QLocale english(QStringLiteral("en_US"));
+const QLocale german(QStringLiteral("de_DE"));
+
+QDateTime at(const QString &localTime)
+{
+    return QDateTime::fromString(localTime, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
+
+TEST(RelativeDate, takesTheLargestUnitAndItsName)
+{
+    const QDateTime now = at(QStringLiteral("2026-11-22 14:05:00"));
+    const RelativeDate dates(english);
+    const struct {
+        const char *time;
+        const char *text;
+    } rows[] = {
+        {"2026-11-22 14:04:01", "now"},           {"2026-11-22 14:05:20", "now"},
+        {"2026-11-22 14:04:00", "1 minute ago"},  {"2026-11-22 13:05:01", "59 minutes ago"},
+        {"2026-11-22 12:05:00", "2 hours ago"},   {"2026-11-21 23:05:00", "15 hours ago"},
+        {"2026-11-21 14:05:00", "yesterday"},     {"2026-11-21 00:00:00", "yesterday"},
+        {"2026-11-20 23:59:59", "2 days ago"},    {"2026-11-16 00:00:00", "6 days ago"},
+        {"2026-11-15 23:00:00", "last week"},     {"2026-11-08 12:00:00", "2 weeks ago"},
+        {"2026-10-23 12:00:00", "4 weeks ago"},   {"2026-10-22 12:00:00", "last month"},
+        {"2025-11-23 12:00:00", "11 months ago"}, {"2025-11-22 12:00:00", "last year"},
+        {"2016-11-22 12:00:00", "10 years ago"},  {"2026-11-22 16:05:00", "in 2 hours"},
+        {"2026-11-23 15:05:00", "tomorrow"},
+    };
+    for (const auto &row : rows)
+        EXPECT_EQ(dates.text(at(QString::fromLatin1(row.time)), now), QString::fromLatin1(row.text))
+            << row.time;
+    EXPECT_EQ(dates.text({}, now), QString());
+}
+
+TEST(RelativeDate, speaksTheUsersLanguage)
+{
+    const QDateTime now = at(QStringLiteral("2026-11-22 14:05:00"));
+    const QDateTime twoDaysBefore = now.addDays(-2);
+    EXPECT_EQ(RelativeDate(german).text(twoDaysBefore, now), QStringLiteral("vorgestern"));
+    EXPECT_EQ(RelativeDate(QLocale::c()).text(twoDaysBefore, now), QStringLiteral("2 days ago"));
+}
+
+TEST(DateTimeText, isShortAndInTheUsersForm)
+{
+    const QDateTime time = at(QStringLiteral("2026-11-22 14:05:09"));
+    EXPECT_EQ(dateTimeText(time, english), QStringLiteral("Nov 22, 2026 at 2:05\u202FPM"));
+    EXPECT_EQ(dateTimeText(time, QLocale(QStringLiteral("en_GB"))),
+              QStringLiteral("22 Nov 2026 at 14:05"));
+    EXPECT_EQ(dateTimeText(time, german), QStringLiteral("22.11.2026 um 14:05"));
+    EXPECT_EQ(dateTimeText(time.toUTC(), english), dateTimeText(time, english));
+    EXPECT_EQ(dateTimeText({}, english), QString());
+}
+
+} // namespace
+} // namespace clipwren
