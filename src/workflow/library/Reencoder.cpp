@@ -1,0 +1,111 @@
+#include "workflow/library/Reencoder.h"
+
+#include "core/Error.h"
+#include "core/library/DownloadStore.h"
+#include "core/media/FfmpegService.h"
+#include "core/process/ToolEnvironment.h"
+
+#include <QFileInfo>
+#include <QLoggingCategory>
+
+#include <algorithm>
+
+namespace clipwren {
+namespace {
+
+// The one category whose name is not printed in front of the line.
+Q_LOGGING_CATEGORY(plainLog, "default")
+
+/// True when the copies of both files get one name, which only differ from theirs in their ends.
+bool haveOneOutput(const QString &path, const QString &other)
+{
+    const QFileInfo file(path);
+    const QFileInfo otherFile(other);
+    return file.absolutePath() == otherFile.absolutePath()
+        && file.completeBaseName() == otherFile.completeBaseName();
+}
+
+void logFailure(const std::exception_ptr &failure)
+{
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::exception &error) {
+        qCWarning(plainLog).noquote().nospace() << "Re-encode failed: " << errorDescription(error);
+    }
+}
+
+} // namespace
+
+Reencoder::Reencoder(DownloadStore &store, const ToolEnvironment &tools, QObject *parent)
+    : QObject(parent), m_store(store), m_tools(tools)
+{
+}
+
+Reencoder::~Reencoder() = default;
+
+void Reencoder::convertToH264(const DownloadRecord &record)
+{
+    if (!m_tools.ffmpegPath() || !m_tools.ffprobePath() || m_reencodingIDs.contains(record.id))
+        return;
+    m_reencodingIDs.insert(record.id);
+    m_waiting.push_back({record.id, record.filePath});
+    startNext();
+    Q_EMIT reencodingChanged();
+}
+
+void Reencoder::startNext()
+{
+    for (auto job = m_waiting.begin(); job != m_waiting.end();) {
+        const bool blocked = std::ranges::any_of(m_running, [&job](const auto &running) {
+            return haveOneOutput(running.second.input, job->input);
+        });
+        if (blocked) {
+            ++job;
+            continue;
+        }
+        start(*job);
+        job = m_waiting.erase(job);
+    }
+}
+
+void Reencoder::start(const Job &job)
+{
+    const FfmpegService service{m_tools.ffmpegPath().value_or(QString()),
+                                m_tools.ffprobePath().value_or(QString())};
+    m_running[job.id] = {job.input,
+                         BackgroundTask::start(
+                             [service, input = job.input](const std::stop_token &stop,
+                                                          const BackgroundTask::Post &) {
+                                 return service.transcode(input, EncodeProfile::h264Mp4(),
+                                                          std::nullopt, QStringLiteral("QT"), {},
+                                                          stop);
+                             },
+                             [this, id = job.id](const QString &output) { succeed(id, output); },
+                             [this, id = job.id](const std::exception_ptr &failure) {
+                                 logFailure(failure);
+                                 finish(id);
+                             })};
+}
+
+void Reencoder::succeed(const QUuid &id, const QString &output)
+{
+    // The record may have changed or gone meanwhile.
+    const QList<DownloadRecord> &records = m_store.records();
+    const auto place = std::ranges::find(records, id, &DownloadRecord::id);
+    if (place != records.end()) {
+        DownloadRecord record = *place;
+        record.filePath = output;
+        m_store.update(record);
+    }
+    finish(id);
+}
+
+void Reencoder::finish(const QUuid &id)
+{
+    m_running.erase(id);
+    m_reencodingIDs.remove(id);
+    startNext();
+    Q_EMIT reencodingChanged();
+}
+
+} // namespace clipwren

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "core/library/DownloadRecord.h"
+#include "core/tasks/BackgroundTask.h"
+
+#include <QObject>
+#include <QSet>
+
+#include <deque>
+#include <map>
+
+namespace clipwren {
+
+class DownloadStore;
+class ToolEnvironment;
+
+/// Makes QuickTime-compatible copies of saved files and lets their records name the new files.
+///
+/// User-interface thread only; ffmpeg runs beside it. Destroying this stops what runs.
+class Reencoder : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both must outlive this.
+    Reencoder(DownloadStore &store, const ToolEnvironment &tools, QObject *parent = nullptr);
+    ~Reencoder() override;
+    Reencoder(const Reencoder &) = delete;
+    Reencoder &operator=(const Reencoder &) = delete;
+
+    /// Starts unless that record is already being re-encoded or a tool is missing. Files that
+    /// would be written under the same name come one after the other. A failure goes to the
+    /// system's log as "Re-encode failed: " and the reason.
+    void convertToH264(const DownloadRecord &record);
+
+    /// Ids of the records whose re-encode runs or waits.
+    QSet<QUuid> reencodingIDs() const { return m_reencodingIDs; }
+
+Q_SIGNALS:
+    void reencodingChanged();
+
+private:
+    struct Job {
+        QUuid id;
+        QString input;
+    };
+
+    void startNext();
+    void start(const Job &job);
+    void succeed(const QUuid &id, const QString &output);
+    void finish(const QUuid &id);
+
+    DownloadStore &m_store;
+    const ToolEnvironment &m_tools;
+    QSet<QUuid> m_reencodingIDs;
+    std::deque<Job> m_waiting;
+    struct Running {
+        QString input;
+        BackgroundTask task;
+    };
+    std::map<QUuid, Running> m_running;
+};
+
+} // namespace clipwren
