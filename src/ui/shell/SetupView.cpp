@@ -1,0 +1,128 @@
+#include "ui/shell/SetupView.h"
+
+#include "core/process/ToolEnvironment.h"
+#include "platform/desktop/Desktop.h"
+#include "ui/components/Button.h"
+#include "ui/components/Card.h"
+#include "ui/components/Divider.h"
+#include "ui/components/IconView.h"
+#include "ui/components/Label.h"
+#include "ui/components/ScrollPane.h"
+#include "ui/shell/ToolStatusRow.h"
+
+#include <QHBoxLayout>
+#include <QShortcut>
+
+namespace clipwren {
+
+namespace {
+
+constexpr int blockWidth = 480;
+constexpr int explanationWidth = 420;
+constexpr int sideMargin = 32;
+constexpr int spacing = 20;
+constexpr int dividerInset = 36;
+
+const QString installCommand = QStringLiteral("brew install yt-dlp ffmpeg");
+
+} // namespace
+
+SetupView::SetupView(ToolEnvironment &tools, Desktop &desktop, QWidget *parent)
+    : DetailScreen(parent), m_tools(tools), m_desktop(desktop),
+      m_ytDlp(new ToolStatusRow(QStringLiteral("yt-dlp"))),
+      m_ffmpeg(new ToolStatusRow(QStringLiteral("ffmpeg"))),
+      m_ffprobe(new ToolStatusRow(QStringLiteral("ffprobe")))
+{
+    auto *all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addWidget(new ScrollPane(makeStack(), blockWidth + 2 * sideMargin));
+    // As a key of the window, whatever has the keyboard.
+    auto *recheck = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_R), this);
+    connect(recheck, &QShortcut::activated, &m_tools, &ToolEnvironment::refresh);
+    connect(&m_tools, &ToolEnvironment::changed, this, &SetupView::render);
+    render();
+}
+
+QWidget *SetupView::makeStack()
+{
+    auto *explanation = new Label(Theme::TextStyle::Callout, Theme::Color::Secondary);
+    explanation->setMarkdown(tr("Clipwren uses **yt-dlp** to download and **ffmpeg** to trim. "
+                                "Install them from Homebrew, then click *Re-check*."));
+    explanation->setWordWrap(true);
+    explanation->setAlignment(Qt::AlignHCenter);
+    constexpr int inset = (blockWidth - explanationWidth) / 2;
+    explanation->setContentsMargins(inset, 0, inset, 0);
+
+    auto *content = new QWidget;
+    auto *stack = new QVBoxLayout(content);
+    stack->setContentsMargins(sideMargin, 60, sideMargin, 0);
+    stack->setSpacing(spacing);
+    stack->addStretch(1);
+    stack->addWidget(new IconView(u"wrench.and.screwdriver", 44, Theme::Color::Accent), 0,
+                     Qt::AlignHCenter);
+    stack->addSpacing(4);
+    stack->addWidget(new Label(Theme::TextStyle::Heading, Theme::Color::Text, tr("One-time setup")),
+                     0, Qt::AlignHCenter);
+    stack->addWidget(explanation);
+    stack->addWidget(makeStatusBox());
+    stack->addWidget(makeInstallBlock());
+    stack->addWidget(makeRecheckButton(), 0, Qt::AlignHCenter);
+    stack->addStretch(1);
+    return content;
+}
+
+QWidget *SetupView::makeStatusBox()
+{
+    auto *box = new Card;
+    auto *rows = new QVBoxLayout(box);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addWidget(m_ytDlp);
+    rows->addWidget(new Divider(dividerInset));
+    rows->addWidget(m_ffmpeg);
+    rows->addWidget(new Divider(dividerInset));
+    rows->addWidget(m_ffprobe);
+    return box;
+}
+
+QWidget *SetupView::makeInstallBlock()
+{
+    auto *command = new Label(Theme::TextStyle::MonospacedBody, Theme::Color::Text, installCommand);
+    command->setSelectable(true);
+    auto *copy = Button::iconOnly(u"doc.on.doc", tr("Copy command"));
+    copy->setSize(Button::Size::Small);
+    connect(copy, &Button::clicked, this, [this] { m_desktop.setClipboardText(installCommand); });
+
+    auto *box = new Card(Theme::Color::Quaternary, 8);
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(12, 8, 8, 8);
+    row->addWidget(command);
+    row->addStretch(1);
+    row->addWidget(copy);
+
+    auto *block = new QWidget;
+    auto *column = new QVBoxLayout(block);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(6);
+    column->addWidget(new Label(Theme::TextStyle::Caption, Theme::Color::Secondary,
+                                tr("Install with Homebrew:")));
+    column->addWidget(box);
+    return block;
+}
+
+Button *SetupView::makeRecheckButton()
+{
+    auto *button = new Button(Button::Style::Prominent, tr("Re-check"), u"arrow.clockwise");
+    button->setSize(Button::Size::Large);
+    connect(button, &Button::clicked, &m_tools, &ToolEnvironment::refresh);
+    return button;
+}
+
+void SetupView::render()
+{
+    m_ytDlp->display(m_tools.ytDlpPath(), m_tools.ytDlpVersion());
+    m_ffmpeg->display(m_tools.ffmpegPath(), m_tools.ffmpegVersion());
+    m_ffprobe->display(m_tools.ffprobePath(), std::nullopt);
+}
+
+} // namespace clipwren
