@@ -1,0 +1,236 @@
+#include "ui/shell/DownloadDetailView.h"
+
+#include "core/Error.h"
+#include "core/media/FfmpegService.h"
+#include "core/process/ToolEnvironment.h"
+#include "platform/desktop/Desktop.h"
+#include "ui/components/Button.h"
+#include "ui/components/ElidedLabel.h"
+#include "ui/components/IconView.h"
+#include "ui/components/ScrollPane.h"
+#include "ui/shell/InformationBox.h"
+#include "ui/shell/MissingFilePlaceholder.h"
+
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QShowEvent>
+
+#include <utility>
+
+namespace clipwren {
+
+namespace {
+
+constexpr int columnWidth = 760;
+constexpr int columnPadding = 28;
+constexpr int playerHeight = 320;
+
+/// A column or a part of it, without margins of its own.
+QVBoxLayout *blocks(int spacing)
+{
+    auto *layout = new QVBoxLayout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(spacing);
+    return layout;
+}
+
+} // namespace
+
+DownloadDetailView::DownloadDetailView(const DownloadRecord &record, const ToolEnvironment &tools,
+                                       Desktop &desktop, VideoPlayerView::Factory makePlayer,
+                                       QWidget *parent)
+    : DetailScreen(parent), m_record(record), m_tools(tools), m_desktop(desktop),
+      m_makePlayer(std::move(makePlayer)), m_reveal(Button::iconOnly(u"folder", tr("Reveal"))),
+      m_open(Button::iconOnly(u"play.fill", tr("Open"))),
+      m_title(new Label(Theme::TextStyle::Heading)),
+      m_address(new ElidedLabel(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary)),
+      m_media(blocks(0)), m_missing(new MissingFilePlaceholder), m_pill(new Pill),
+      m_facts(new InformationBox),
+      m_folder(new ElidedLabel(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary)),
+      m_revealFolder(Button::iconOnly(u"folder", tr("Reveal in Finder"))),
+      m_error(new Label(Theme::TextStyle::Caption, Theme::Color::OrangeText))
+{
+    auto *all = blocks(0);
+    all->addWidget(new ScrollPane(makeColumn(), columnWidth));
+    setLayout(all);
+
+    for (Button *button : {m_reveal.data(), m_revealFolder})
+        connect(button, &Button::clicked, this, [this] { m_desktop.reveal(m_record.filePath); });
+    connect(m_open, &Button::clicked, this, [this] { m_desktop.openFile(m_record.filePath); });
+    checkFile();
+    render();
+}
+
+DownloadDetailView::~DownloadDetailView()
+{
+    delete m_reveal;
+    delete m_open;
+}
+
+void DownloadDetailView::setRecord(const DownloadRecord &record)
+{
+    if (record == m_record)
+        return;
+    const bool isOtherFile = record.filePath != m_record.filePath;
+    const bool isOtherTitle = record.title != m_record.title;
+    m_record = record;
+    if (isOtherFile)
+        runInspection();
+    render();
+    if (isOtherTitle)
+        Q_EMIT barTitleChanged();
+}
+
+QWidget *DownloadDetailView::makeColumn()
+{
+    for (Label *label : {m_title, static_cast<Label *>(m_address), static_cast<Label *>(m_folder)})
+        label->setSelectable(true);
+    m_title->setWordWrap(true);
+    m_address->setElideMode(Qt::ElideMiddle);
+    m_folder->setElideMode(Qt::ElideMiddle);
+    m_error->setWordWrap(true);
+    m_error->setSelectable(true);
+    m_revealFolder->setSize(Button::Size::Small);
+
+    auto *header = blocks(6);
+    header->addWidget(m_title);
+    header->addWidget(m_address);
+    m_media->addWidget(m_missing);
+    auto *information = blocks(14);
+    information->addLayout(makeInformationHeading());
+    information->addWidget(m_facts);
+    information->addLayout(makeLocation());
+    information->addWidget(m_error);
+
+    auto *content = new QWidget;
+    auto *column = blocks(20);
+    column->setContentsMargins(columnPadding, columnPadding, columnPadding, columnPadding);
+    column->addLayout(header);
+    column->addLayout(m_media);
+    column->addLayout(information);
+    column->addStretch(1);
+    content->setLayout(column);
+    return content;
+}
+
+QLayout *DownloadDetailView::makeInformationHeading()
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addWidget(new IconView(u"info.circle", 16, Theme::Color::Secondary));
+    row->addWidget(new Label(Theme::TextStyle::Subheadline, Theme::Color::Text, tr("Information")));
+    row->addStretch(1);
+    row->addWidget(m_pill);
+    return row;
+}
+
+QLayout *DownloadDetailView::makeLocation()
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(6);
+    row->addWidget(m_folder);
+    row->addWidget(m_revealFolder);
+    row->addStretch(1);
+    auto *location = blocks(4);
+    location->addWidget(
+        new Label(Theme::TextStyle::TrackedCaption, Theme::Color::Tertiary, tr("Location")));
+    location->addLayout(row);
+    return location;
+}
+
+bool DownloadDetailView::event(QEvent *event)
+{
+    // Meanwhile the user may have moved the file, or brought it back.
+    if (event->type() == QEvent::WindowActivate && isVisible()) {
+        if (std::exchange(m_fileExists, QFileInfo::exists(m_record.filePath)) != m_fileExists) {
+            runInspection();
+            render();
+        }
+    }
+    return DetailScreen::event(event);
+}
+
+void DownloadDetailView::showEvent(QShowEvent *event)
+{
+    // Coming back from the task bar is no new showing.
+    if (event->spontaneous())
+        return;
+    runInspection();
+    render();
+}
+
+void DownloadDetailView::hideEvent(QHideEvent *event)
+{
+    if (!event->spontaneous())
+        m_inspecting = {};
+}
+
+void DownloadDetailView::checkFile()
+{
+    m_fileExists = QFileInfo::exists(m_record.filePath);
+}
+
+void DownloadDetailView::runInspection()
+{
+    m_inspecting = {};
+    m_inspection.reset();
+    m_inspectError.clear();
+    checkFile();
+    if (!isVisible() || !m_fileExists || !m_tools.ffmpegPath() || !m_tools.ffprobePath())
+        return;
+    const FfmpegService service{*m_tools.ffmpegPath(), *m_tools.ffprobePath()};
+    m_inspecting = BackgroundTask::start(
+        [service, path = m_record.filePath](const std::stop_token &stop,
+                                            const BackgroundTask::Post &) {
+            return service.inspect(path, stop);
+        },
+        [this](const MediaInspection &inspection) {
+            m_inspection = inspection;
+            render();
+        },
+        [this](const std::exception_ptr &failure) {
+            try {
+                std::rethrow_exception(failure);
+            } catch (const std::exception &error) {
+                m_inspectError = tr("Couldn't read file info: ") + errorDescription(error);
+            }
+            render();
+        });
+}
+
+void DownloadDetailView::render()
+{
+    m_title->setText(m_record.title);
+    m_address->setFullText(m_record.sourceURL);
+    renderPlayer();
+
+    const auto verdict = m_inspection ? compatVerdict(*m_inspection) : std::nullopt;
+    if (verdict)
+        m_pill->display(verdict->tone, verdict->icon, verdict->text);
+    m_pill->setVisible(verdict.has_value());
+    m_facts->setFacts(recordFacts(m_record, m_inspection));
+    m_folder->setFullText(QFileInfo(m_record.filePath).path());
+    m_error->setText(m_inspectError);
+    m_error->setVisible(!m_inspectError.isEmpty());
+    for (Button *button : {m_reveal.data(), m_open.data(), m_revealFolder}) {
+        if (button)
+            button->setEnabled(m_fileExists);
+    }
+}
+
+void DownloadDetailView::renderPlayer()
+{
+    if (m_fileExists && !m_player) {
+        m_player = m_makePlayer(this);
+        m_player->setFixedHeight(playerHeight);
+        m_media->addWidget(m_player);
+    }
+    m_missing->setVisible(!m_fileExists);
+    if (!m_player)
+        return;
+    if (m_fileExists)
+        m_player->setUrl(QUrl::fromLocalFile(m_record.filePath));
+    m_player->setVisible(m_fileExists);
+}
+
+} // namespace clipwren
