@@ -109,6 +109,13 @@ void Button::setTextStyle(Theme::TextStyle style)
     updateFont();
 }
 
+void Button::setSymbolGap(int gap)
+{
+    m_symbolGap = gap;
+    updateGeometry();
+    update();
+}
+
 void Button::updateFont()
 {
     setFont(Theme::font(m_textStyle.value_or(contentOf(m_style, m_size).text)));
@@ -122,10 +129,15 @@ QSize Button::sizeHint() const
     if (text().isEmpty())
         return {metrics.square, metrics.square};
     const int padding = m_style == Style::Borderless ? 0 : metrics.padding;
-    const Content &content = contentOf(m_style, m_size);
-    const int symbol = m_symbol.isNull() ? 0 : content.symbolSize + content.gap;
     const int width = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-    return {2 * padding + symbol + width, metrics.height};
+    return {2 * padding + symbolRoom() + width, metrics.height};
+}
+
+/// The width of the symbol and the gap behind it.
+int Button::symbolRoom() const
+{
+    const Content &content = contentOf(m_style, m_size);
+    return m_symbol.isNull() ? 0 : content.symbolSize + m_symbolGap.value_or(content.gap);
 }
 
 bool Button::event(QEvent *event)
@@ -191,15 +203,14 @@ void Button::paintEvent(QPaintEvent *)
         return;
     }
     const int textWidth = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-    const int symbolRoom = m_symbol.isNull() ? 0 : content.symbolSize + content.gap;
-    const int left = (width() - textWidth - symbolRoom) / 2;
+    const int left = (width() - textWidth - symbolRoom()) / 2;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     const QRect symbolPlace(mirrored ? width() - left - content.symbolSize : left,
                             (height() - content.symbolSize) / 2, content.symbolSize,
                             content.symbolSize);
     m_symbol.paint(painter, symbolPlace, ink);
     painter.setPen(ink);
-    painter.drawText(QRect(mirrored ? left : left + symbolRoom, 0, textWidth, height()),
+    painter.drawText(QRect(mirrored ? left : left + symbolRoom(), 0, textWidth, height()),
                      Qt::AlignCenter | Qt::TextShowMnemonic, text());
 }
 

@@ -33,6 +33,8 @@ public:
     void setDestructive(bool destructive);
     /// Of borderless buttons; the accent colour, or for lone symbols the secondary colour.
     void setTint(Theme::Color tint);
+    /// Room between symbol and text in logical pixels, other than the size's.
+    void setSymbolGap(int gap);
     /// A text style other than the size's.
     void setTextStyle(Theme::TextStyle style);
 
@@ -46,6 +48,7 @@ protected:
 
 private:
     void updateFont();
+    int symbolRoom() const;
     void paintBackground(QPainter &painter) const;
     QColor foreground() const;
 
@@ -55,6 +58,7 @@ private:
     bool m_destructive = false;
     Theme::Color m_tint;
     std::optional<Theme::TextStyle> m_textStyle;
+    std::optional<int> m_symbolGap;
 };
 
 } // namespace clipwren

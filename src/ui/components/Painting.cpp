@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace clipwren {
 
 void paintBox(QPainter &painter, const QRectF &rect, qreal radius, const QColor &fill,
@@ -31,6 +33,17 @@ void paintBoxShadow(QPainter &painter, const QRectF &rect, qreal radius)
     box.addRoundedRect(rect, radius, radius);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(shadow - box, faded(Theme::current().color(Theme::Color::Shadow), 0.3));
+}
+
+void paintSpinner(QPainter &painter, const QRectF &rect, int degrees, const QColor &color)
+{
+    const qreal side = std::min(rect.width(), rect.height());
+    const qreal stroke = side / 8;
+    QRectF ring(0, 0, side - stroke, side - stroke);
+    ring.moveCenter(rect.center());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, stroke, Qt::SolidLine, Qt::RoundCap));
+    painter.drawArc(ring, (90 - degrees) * 16, -270 * 16);
 }
 
 QColor faded(QColor color, double factor)

@@ -15,6 +15,9 @@ void paintBox(QPainter &painter, const QRectF &rect, qreal radius, const QColor 
 /// The faint line of shadow under raised things such as bordered buttons.
 void paintBoxShadow(QPainter &painter, const QRectF &rect, qreal radius);
 
+/// The open ring of a spinner, turned clockwise.
+void paintSpinner(QPainter &painter, const QRectF &rect, int degrees, const QColor &color);
+
 /// A colour with its opacity multiplied by a factor of 0 to 1.
 QColor faded(QColor color, double factor);
 

@@ -1,5 +1,6 @@
 #include "ui/components/Spinner.h"
 
+#include "ui/components/Painting.h"
 #include "ui/components/Theme.h"
 
 #include <QPainter>
@@ -45,14 +46,10 @@ void Spinner::timerEvent(QTimerEvent *)
 
 void Spinner::paintEvent(QPaintEvent *)
 {
-    const qreal stroke = m_size / 8.0;
-    QRectF ring(0, 0, m_size - stroke, m_size - stroke);
+    QRectF ring(0, 0, m_size, m_size);
     ring.moveCenter(QRectF(rect()).center());
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(
-        QPen(Theme::current().color(Theme::Color::Secondary), stroke, Qt::SolidLine, Qt::RoundCap));
-    painter.drawArc(ring, (90 - m_degrees) * 16, -270 * 16);
+    paintSpinner(painter, ring, m_degrees, Theme::current().color(Theme::Color::Secondary));
 }
 
 } // namespace clipwren
