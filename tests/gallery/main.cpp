@@ -1,5 +1,6 @@
 #include "DownloaderShots.h"
 #include "Gallery.h"
+#include "ShellPages.h"
 #include "ui/components/DesktopAppearance.h"
 #include "ui/components/SegmentedControl.h"
 #include "ui/components/Theme.h"
@@ -9,6 +10,7 @@
 #include <QDir>
 #include <QScrollArea>
 #include <QTabWidget>
+#include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -29,6 +31,12 @@ const QList<Page> &pages()
         {QStringLiteral("icons"), gallery::iconsPage},
         {QStringLiteral("log"), gallery::logPage},
         {QStringLiteral("video"), gallery::videoPage},
+        {QStringLiteral("setup"), gallery::setupPage},
+        {QStringLiteral("detail"), gallery::detailPage},
+        {QStringLiteral("missing"), gallery::missingFilePage},
+        {QStringLiteral("history"), gallery::historyPage},
+        {QStringLiteral("empty"), gallery::emptyPage},
+        {QStringLiteral("confirmation"), gallery::confirmationPage},
     };
     return all;
 }
@@ -57,9 +65,8 @@ bool writeShots(Theme &theme, const QDir &folder)
             widget->resize(width,
                            std::max(widget->sizeHint().height(), widget->heightForWidth(width)));
             widget->show();
-            // The ring of focused controls comes with an event.
-            for (int turn = 0; turn < 5; ++turn)
-                QCoreApplication::processEvents();
+            // The ring of focused controls comes with an event, facts about a file from a tool.
+            QTest::qWait(300);
             const QString suffix =
                 scheme == Theme::Scheme::Dark ? QStringLiteral("dark") : QStringLiteral("light");
             const QString file = QStringLiteral("%1-%2.png").arg(page.name, suffix);
