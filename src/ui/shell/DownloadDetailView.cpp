@@ -228,8 +228,7 @@ void DownloadDetailView::renderPlayer()
     m_missing->setVisible(!m_fileExists);
     if (!m_player)
         return;
-    if (m_fileExists)
-        m_player->setUrl(QUrl::fromLocalFile(m_record.filePath));
+    m_player->setUrl(m_fileExists ? QUrl::fromLocalFile(m_record.filePath) : QUrl());
     m_player->setVisible(m_fileExists);
 }
 
