@@ -1,14 +1,13 @@
-#include "app/save/InterruptSignal.h"
+#include "app/save/SaveArguments.h"
 #include "app/save/SaveCommand.h"
-#include "core/library/DownloadStore.h"
-#include "core/library/HistoryStore.h"
-#include "core/process/ToolEnvironment.h"
-#include "platform/desktop/SettingsPreferences.h"
-#include "platform/desktop/SilentDesktop.h"
+#include "app/save/SaveProgram.h"
+#include "app/window/WindowProgram.h"
+#include "core/tasks/BackgroundTask.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <cstdio>
+#include <memory>
 
 namespace clipwren {
 namespace {
@@ -17,54 +16,41 @@ using namespace Qt::StringLiterals;
 
 QString usage()
 {
-    return SaveArguments::usage()
-        + u"\n"
-          "       clipwren --help | --version\n"_s;
+    return u"Usage: clipwren [ADDRESS]\n"
+           "       clipwren save [OPTION]… ADDRESS\n"
+           "       clipwren --help | --version\n"
+           "\n"
+           "Opens the window, and looks the address up there. With “save”, saves the video "
+           "without\n"
+           "a window and prints the file's path:\n"
+           "\n"_s
+        + SaveArguments::usage();
 }
 
-void print(std::FILE *output, const QString &text)
+int print(std::FILE *output, const QString &text, int status)
 {
     std::fputs(text.toUtf8().constData(), output);
+    return status;
 }
 
-int save(const QStringList &arguments)
+int run(int &argc, char *argv[])
 {
-    SaveArguments parsed;
-    try {
-        parsed = SaveArguments::parse(arguments);
-    } catch (const UsageError &error) {
-        print(stderr, error.errorDescription() + u"\n\n"_s + usage());
-        return SaveCommand::WrongUse;
-    }
-    DownloadStore store;
-    HistoryStore history;
-    ToolEnvironment tools(ToolEnvironment::defaultSearchDirectories(),
-                          ToolEnvironment::Versions::Skip);
-    SilentDesktop desktop;
-    const SettingsPreferences preferences;
-    SaveCommand command(parsed, store, history, tools, desktop, preferences);
-    InterruptSignal interrupt;
-    QObject::connect(&interrupt, &InterruptSignal::interrupted, &command, &SaveCommand::interrupt);
-    QObject::connect(&command, &SaveCommand::finished, &QCoreApplication::exit);
-    QMetaObject::invokeMethod(&command, &SaveCommand::start, Qt::QueuedConnection);
-    return QCoreApplication::exec();
-}
+    const QString first = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
+    if (first == "--help"_L1)
+        return print(stdout, usage(), 0);
+    if (first == "--version"_L1)
+        return print(stdout, u"clipwren " CLIPWREN_VERSION "\n"_s, 0);
+    const bool isSave = first == "save"_L1;
+    if (!isSave && (first.startsWith(u'-') || argc > 2))
+        return print(stderr, usage(), SaveCommand::WrongUse);
 
-int run(const QStringList &arguments)
-{
-    const QString first = arguments.value(1);
-    if (first == "save"_L1)
-        return save(arguments.mid(2));
-    if (first == "--version"_L1) {
-        print(stdout, u"clipwren " CLIPWREN_VERSION "\n"_s);
-        return 0;
-    }
-    if (first == "--help"_L1) {
-        print(stdout, usage());
-        return 0;
-    }
-    print(stderr, usage());
-    return SaveCommand::WrongUse;
+    const std::unique_ptr<QCoreApplication> application(isSave ? new QCoreApplication(argc, argv)
+                                                               : new QApplication(argc, argv));
+    QCoreApplication::setApplicationName(u"Clipwren"_s);
+    const int status = isSave ? runSave(QCoreApplication::arguments().mid(2)) : runWindow(first);
+    // Tools that were asked to stop are killed after a while, so this ends.
+    BackgroundTask::waitForAll(std::chrono::seconds(20));
+    return status;
 }
 
 } // namespace
@@ -72,9 +58,5 @@ int run(const QStringList &arguments)
 
 int main(int argc, char *argv[])
 {
-    const QCoreApplication application(argc, argv);
-    const int status = clipwren::run(QCoreApplication::arguments());
-    // Tools that were asked to stop are killed after a while, so this ends.
-    clipwren::BackgroundTask::waitForAll(std::chrono::seconds(20));
-    return status;
+    return clipwren::run(argc, argv);
 }

@@ -101,6 +101,8 @@ void SaveCommand::interrupt()
     m_interrupted = true;
     m_view.cancelFetch();
     m_view.cancelDownload();
+    // Where nothing runs, nothing will change either.
+    follow();
 }
 
 void SaveCommand::printPath(QUuid record)

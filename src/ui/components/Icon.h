@@ -34,6 +34,7 @@ public:
         u"clock",
         u"clock.arrow.circlepath",
         u"doc.on.doc",
+        u"ellipsis.circle",
         u"exclamationmark.triangle.fill",
         u"film.stack.fill",
         u"folder",

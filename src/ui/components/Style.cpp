@@ -49,9 +49,10 @@ void drawMenuItem(const QStyleOptionMenuItem &item, QPainter &painter)
     const bool active = enabled && item.state.testFlag(QStyle::State_Selected);
     if (active)
         paintBox(painter, item.rect, 5, theme.color(Theme::Color::AccentFill));
-    const QColor ink = theme.color(active        ? Theme::Color::OnAccent
-                                       : enabled ? Theme::Color::Text
-                                                 : Theme::Color::Tertiary);
+    // An item may bring a colour of its own, as destructive ones do.
+    const QColor ink = active ? theme.color(Theme::Color::OnAccent)
+        : enabled             ? item.palette.color(QPalette::Text)
+                              : theme.color(Theme::Color::Tertiary);
     QRect place = item.rect.adjusted(menuPadding, 0, -menuPadding, 0);
     const QRect iconPlace(place.left(), place.center().y() - menuIconSize / 2 + 1, menuIconSize,
                           menuIconSize);

@@ -47,6 +47,15 @@ void DownloaderView::takeUpRequests()
     takeUpRequest();
 }
 
+void DownloaderView::leave()
+{
+    m_environment.pendingFetch.disconnect(this);
+    m_lookup = BackgroundTask();
+    m_previewLookup = BackgroundTask();
+    m_pipeline.drop();
+    m_preview.unload();
+}
+
 void DownloaderView::takeUpRequest()
 {
     const std::optional<PendingFetch> request = m_environment.pendingFetch.take();

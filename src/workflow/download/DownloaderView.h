@@ -56,6 +56,8 @@ public:
 
     /// Takes up a request that waits, and from now on every later one.
     void takeUpRequests();
+    /// The view is no longer shown: stops what runs and what plays, and takes up no more requests.
+    void leave();
 
     // The look-up.
     QString urlText() const { return m_urlText; }

@@ -63,6 +63,7 @@ TEST(SaveArguments, SaysWhatIsWrong)
         {{u"a"_s, u"--trim"_s, u"5"_s}, "“5” is no time range"},
         {{u"a"_s, u"--trim"_s, u"5-x"_s}, "no time range"},
         {{u"a"_s, u"--trim"_s, u"5-5"_s}, "ends before it starts"},
+        {{u"a"_s, u"--trim"_s, u"1-1.04"_s}, "too short"},
         {{u"a"_s, u"--quality"_s}, "quality"},
         {{u"a"_s, u"--title"_s}, "title"},
     };

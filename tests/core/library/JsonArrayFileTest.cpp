@@ -58,7 +58,7 @@ TEST_F(JsonArrayFileTest, isWholeWheneverTheProcessIsKilled)
         char byte = 0;
         ASSERT_EQ(read(saved.readEnd.get(), &byte, 1), 1);
         // Anywhere within the first saves.
-        usleep(QRandomGenerator::global()->bounded(10'000U));
+        usleep(QRandomGenerator::global()->bounded(40'000U));
         kill(child, SIGKILL);
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);

@@ -1,4 +1,4 @@
-#include "app/save/InterruptSignal.h"
+#include "app/InterruptSignal.h"
 
 #include <QSocketNotifier>
 

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/instance/InstanceMessage.h"
+
+#include <QLocalServer>
+#include <QObject>
+
+#include <chrono>
+
+class QLocalSocket;
+
+namespace clipwren {
+
+/// Receives what later starts of the application have to say. Only the user's own processes can
+/// reach it.
+class InstanceServer : public QObject {
+    Q_OBJECT
+
+public:
+    /// `socketPath` may be left over from a process that is gone. Call only as the holder of the
+    /// `LibraryLock`.
+    explicit InstanceServer(const QString &socketPath = defaultSocketPath());
+
+    static QString defaultSocketPath();
+
+Q_SIGNALS:
+    void received(const InstanceMessage &message);
+
+private:
+    void serve(QLocalSocket *socket);
+
+    QLocalServer m_server;
+};
+
+/// Hands a message to the application that runs and waits until it has been dealt with. False
+/// when nobody answered in time. Blocks.
+bool sendToRunningInstance(const InstanceMessage &message,
+                           const QString &socketPath = InstanceServer::defaultSocketPath(),
+                           std::chrono::milliseconds patience = std::chrono::seconds(5));
+
+} // namespace clipwren

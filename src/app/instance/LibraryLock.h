@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/process/FileDescriptor.h"
+
+#include <QString>
+
+#include <chrono>
+
+namespace clipwren {
+
+/// Who holds it is the only process that reads and writes the user's lists. The system gives it
+/// back when the process ends, however that comes.
+class LibraryLock {
+public:
+    /// Tries to take the lock of the folder that holds the lists, which is created when absent,
+    /// for at most that long.
+    explicit LibraryLock(const QString &folder, std::chrono::milliseconds patience = {});
+
+    bool isHeld() const { return m_file.isOpen(); }
+
+private:
+    FileDescriptor m_file;
+};
+
+} // namespace clipwren

@@ -1,0 +1,62 @@
+#include "app/window/AboutDialog.h"
+
+#include "core/process/ToolEnvironment.h"
+#include "ui/components/Button.h"
+#include "ui/components/Label.h"
+
+#include <QFormLayout>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace clipwren {
+namespace {
+
+QString versionText(const std::optional<QString> &path, const std::optional<QString> &version)
+{
+    if (!path)
+        return AboutDialog::tr("Not installed");
+    return version && !version->isEmpty() ? *version : *path;
+}
+
+} // namespace
+
+AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent) : QDialog(parent)
+{
+    setWindowTitle(tr("About Clipwren"));
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(28, 24, 28, 20);
+    column->setSpacing(6);
+    column->addWidget(
+        new Label(Theme::TextStyle::Heading, Theme::Color::Text, QStringLiteral("Clipwren")));
+    auto *version = new Label(Theme::TextStyle::Callout, Theme::Color::Secondary,
+                              tr("Version %1").arg(QStringLiteral(CLIPWREN_VERSION)));
+    version->setSelectable(true);
+    column->addWidget(version);
+    column->addSpacing(12);
+
+    auto *form = new QFormLayout;
+    form->setHorizontalSpacing(24);
+    form->setVerticalSpacing(6);
+    const auto addTool = [&](const QString &name, const QString &text) {
+        auto *value = new Label(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary, text);
+        value->setSelectable(true);
+        form->addRow(new Label(Theme::TextStyle::Label, Theme::Color::Text, name), value);
+    };
+    addTool(QStringLiteral("yt-dlp"), versionText(tools.ytDlpPath(), tools.ytDlpVersion()));
+    addTool(QStringLiteral("ffmpeg"), versionText(tools.ffmpegPath(), tools.ffmpegVersion()));
+    addTool(QStringLiteral("ffprobe"), versionText(tools.ffprobePath(), std::nullopt));
+    column->addLayout(form);
+    column->addSpacing(16);
+
+    auto *close = new Button(Button::Style::Bordered, tr("Close"));
+    connect(close, &Button::clicked, this, &QDialog::accept);
+    column->addWidget(close, 0, Qt::AlignRight);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void AboutDialog::paintEvent(QPaintEvent *)
+{
+    QPainter(this).fillRect(rect(), Theme::current().color(Theme::Color::Background));
+}
+
+} // namespace clipwren

@@ -1,0 +1,70 @@
+#include "app/window/MainWindow.h"
+
+#include "app/window/AboutDialog.h"
+#include "ui/downloader/PreviewPlayerView.h"
+#include "ui/player/PlayerModule.h"
+#include "ui/player/SafeVideoPlayer.h"
+
+#include <QMenu>
+#include <QVBoxLayout>
+
+namespace clipwren {
+namespace {
+
+constexpr QSize firstSize(1120, 900);
+constexpr qreal previewRadius = 12;
+
+DetailContainer::Players playersOf(PlayerModule &players)
+{
+    return {[&players](PreviewPlayerController &controller, QWidget *parent) {
+                return new PreviewPlayerView(controller, players, parent, previewRadius);
+            },
+            [&players](QWidget *parent) { return new SafeVideoPlayer(players, parent); }};
+}
+
+} // namespace
+
+MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerModule &players)
+    : m_tools(environment.tools), m_content(new ContentView(environment, playersOf(players)))
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_content);
+    resize(firstSize);
+    fillMenu();
+    connect(m_content, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
+    setWindowTitle(m_content->windowTitle());
+}
+
+void MainWindow::fillMenu()
+{
+    QMenu &menu = m_content->menu();
+    menu.addSeparator();
+    menu.addAction(tr("About Clipwren"), this, &MainWindow::showAbout);
+    menu.addSeparator();
+    QAction *quit =
+        menu.addAction(tr("Quit"), QKeySequence(QKeySequence::Quit), this, &QWidget::close);
+    addAction(quit);
+}
+
+void MainWindow::showAbout()
+{
+    auto *about = new AboutDialog(m_tools, this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->open();
+}
+
+void MainWindow::comeToFront(const QString &address, const QString &activationToken)
+{
+    // Where focus must not be taken unasked, this says that the user did ask.
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    if (!address.isEmpty())
+        m_content->lookUp(address);
+}
+
+} // namespace clipwren

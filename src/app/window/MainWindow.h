@@ -1,0 +1,32 @@
+#pragma once
+
+#include "ui/shell/ContentView.h"
+
+#include <QWidget>
+
+namespace clipwren {
+
+class PlayerModule;
+
+/// The one window of the application, with its menu.
+class MainWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    /// What is given must outlive the window.
+    MainWindow(const DownloaderView::Environment &environment, PlayerModule &players);
+
+    ContentView &content() { return *m_content; }
+    /// Shows and activates the window and looks the address up unless it is empty. The token is
+    /// what the desktop gave to the program that asks for this; it may be empty.
+    void comeToFront(const QString &address, const QString &activationToken);
+
+private:
+    void fillMenu();
+    void showAbout();
+
+    const ToolEnvironment &m_tools;
+    ContentView *m_content;
+};
+
+} // namespace clipwren

@@ -1,0 +1,46 @@
+#include "platform/system/SystemDesktop.h"
+
+#include "platform/system/FileManager.h"
+
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QMimeData>
+
+namespace clipwren {
+
+void SystemDesktop::reveal(const QString &path)
+{
+    revealInFileManager(path);
+}
+
+void SystemDesktop::openFile(const QString &path)
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+void SystemDesktop::openAddress(const QUrl &address)
+{
+    QDesktopServices::openUrl(address);
+}
+
+QString SystemDesktop::clipboardText() const
+{
+    return QGuiApplication::clipboard()->text();
+}
+
+void SystemDesktop::setClipboardText(const QString &text)
+{
+    // Not setText(): an empty text would leave the clipboard empty of any kind of data, not hold
+    // an empty text.
+    auto *data = new QMimeData;
+    data->setText(text);
+    QGuiApplication::clipboard()->setMimeData(data);
+}
+
+void SystemDesktop::playCompletionSound()
+{
+    m_sound.play();
+}
+
+} // namespace clipwren

@@ -1,0 +1,166 @@
+#include "ui/shell/ContentView.h"
+
+#include "platform/desktop/Desktop.h"
+#include "ui/components/Theme.h"
+#include "ui/shell/DetailScreen.h"
+#include "ui/shell/TopBar.h"
+
+#include <QDragEnterEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QSplitter>
+#include <QSplitterHandle>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace clipwren {
+namespace {
+
+constexpr QSize minimumWindowSize(820, 520);
+constexpr int minimumSidebarWidth = 240;
+constexpr int idealSidebarWidth = 280;
+constexpr int maximumSidebarWidth = 360;
+
+/// A line of one pixel between the columns. Qt takes the pointer some pixels beside it, too.
+class ColumnHandle : public QSplitterHandle {
+public:
+    using QSplitterHandle::QSplitterHandle;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        const Theme &theme = Theme::current();
+        QPainter painter(this);
+        const QRect line((width() - 1) / 2, 0, 1, height());
+        painter.fillRect(line, theme.color(Theme::Color::Sidebar));
+        painter.fillRect(line, theme.color(Theme::Color::Separator));
+    }
+};
+
+class Columns : public QSplitter {
+public:
+    using QSplitter::QSplitter;
+
+protected:
+    QSplitterHandle *createHandle() override { return new ColumnHandle(orientation(), this); }
+};
+
+bool isWebAddress(const QString &text)
+{
+    static const std::array<QString, 2> schemes{QStringLiteral("http://"),
+                                                QStringLiteral("https://")};
+    return std::any_of(schemes.begin(), schemes.end(), [&](const QString &scheme) {
+        return text.trimmed().startsWith(scheme, Qt::CaseInsensitive);
+    });
+}
+
+/// The address in what is dragged; empty when there is none.
+QString addressIn(const QMimeData &data)
+{
+    for (const QUrl &url : data.urls()) {
+        if (isWebAddress(url.toString()))
+            return url.toString(QUrl::FullyEncoded);
+    }
+    return isWebAddress(data.text()) ? data.text().trimmed() : QString();
+}
+
+} // namespace
+
+ContentView::ContentView(const DownloaderView::Environment &environment,
+                         DetailContainer::Players players, QWidget *parent)
+    : QWidget(parent), m_environment(environment), m_menu(new QMenu(this)),
+      m_sidebar(new SidebarView(environment.store, environment.history, environment.tools,
+                                environment.desktop)),
+      m_detail(new DetailContainer(environment, std::move(players))), m_bar(new TopBar(*m_menu))
+{
+    setMinimumSize(minimumWindowSize);
+    setAcceptDrops(true);
+    QAction *sidebarItem = m_menu->addAction(tr("Show or Hide Sidebar"), QKeySequence(tr("F9")),
+                                             this, &ContentView::toggleSidebar);
+    // Shortcuts of a menu that is not in a menu bar work only through the window.
+    addAction(sidebarItem);
+
+    auto *pane = new QWidget;
+    auto *column = new QVBoxLayout(pane);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_bar);
+    column->addWidget(m_detail, 1);
+
+    m_sidebar->setMinimumWidth(minimumSidebarWidth);
+    m_sidebar->setMaximumWidth(maximumSidebarWidth);
+    auto *columns = new Columns(Qt::Horizontal);
+    columns->setHandleWidth(1);
+    columns->setChildrenCollapsible(false);
+    columns->addWidget(m_sidebar);
+    columns->addWidget(pane);
+    columns->setStretchFactor(1, 1);
+    columns->setSizes({idealSidebarWidth, minimumWindowSize.width() - idealSidebarWidth});
+    auto *whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(columns);
+
+    connect(m_bar, &TopBar::sidebarToggled, this, &ContentView::toggleSidebar);
+    connect(m_sidebar, &SidebarView::selectionChanged, m_detail, &DetailContainer::setSelectedID);
+    connect(m_sidebar, &SidebarView::redownloadRequested, this, &ContentView::redownload);
+    connect(m_detail, &DetailContainer::completed, this, &ContentView::select);
+    connect(m_detail, &DetailContainer::screenChanged, this, &ContentView::showScreen);
+    showScreen();
+}
+
+void ContentView::showScreen()
+{
+    m_bar->setScreen(m_detail->screen());
+    setWindowTitle(m_detail->screen()->barTitle());
+}
+
+void ContentView::select(std::optional<QUuid> id)
+{
+    m_sidebar->setSelection(id);
+    m_detail->setSelectedID(id);
+}
+
+void ContentView::redownload(const QString &address)
+{
+    select(std::nullopt);
+    m_environment.pendingFetch.put({address});
+}
+
+void ContentView::lookUp(const QString &address)
+{
+    if (!m_detail->isDownloading())
+        redownload(address);
+}
+
+void ContentView::toggleSidebar()
+{
+    m_sidebar->setVisible(m_sidebar->isHidden());
+}
+
+void ContentView::keyPressEvent(QKeyEvent *event)
+{
+    // Text fields take this key themselves; it comes here from everything else.
+    const QString text = m_environment.desktop.clipboardText();
+    if (event->matches(QKeySequence::Paste) && isWebAddress(text))
+        lookUp(text.trimmed());
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void ContentView::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!m_detail->isDownloading() && !addressIn(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void ContentView::dropEvent(QDropEvent *event)
+{
+    lookUp(addressIn(*event->mimeData()));
+    event->acceptProposedAction();
+}
+
+} // namespace clipwren

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "ui/shell/DetailContainer.h"
+#include "ui/shell/SidebarView.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class QMenu;
+class QSplitter;
+
+namespace clipwren {
+
+class TopBar;
+
+/// The content of the window: the sidebar on the left, the detail pane under its bar on the right,
+/// and what ties them together.
+class ContentView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// What is given must outlive the view.
+    ContentView(const DownloaderView::Environment &environment, DetailContainer::Players players,
+                QWidget *parent = nullptr);
+
+    /// Leaves the selected record for the downloader and looks an address up there. Does nothing
+    /// while a download runs.
+    void lookUp(const QString &address);
+    void toggleSidebar();
+
+    /// The application's menu. Comes with the item for the sidebar.
+    QMenu &menu() { return *m_menu; }
+    SidebarView &sidebar() { return *m_sidebar; }
+    DetailContainer &detail() { return *m_detail; }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void select(std::optional<QUuid> id);
+    void redownload(const QString &address);
+    void showScreen();
+
+    DownloaderView::Environment m_environment;
+    QMenu *m_menu;
+    SidebarView *m_sidebar;
+    DetailContainer *m_detail;
+    TopBar *m_bar;
+};
+
+} // namespace clipwren

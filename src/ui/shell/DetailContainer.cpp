@@ -1,0 +1,113 @@
+#include "ui/shell/DetailContainer.h"
+
+#include "core/library/DownloadStore.h"
+#include "core/process/ToolEnvironment.h"
+#include "ui/components/Button.h"
+#include "ui/components/Theme.h"
+#include "ui/shell/DownloadDetailView.h"
+#include "ui/shell/SetupView.h"
+
+#include <QPainter>
+#include <QStackedLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace clipwren {
+
+DetailContainer::DetailContainer(DownloaderView::Environment environment, Players players,
+                                 QWidget *parent)
+    : QWidget(parent), m_environment(std::move(environment)), m_players(std::move(players)),
+      m_layout(new QStackedLayout(this))
+{
+    connect(&m_environment.tools, &ToolEnvironment::changed, this, &DetailContainer::render);
+    connect(&m_environment.store, &DownloadStore::changed, this, &DetailContainer::render);
+    render();
+}
+
+DetailContainer::~DetailContainer()
+{
+    // The screen refers to the downloader, and neither outlives the other by chance.
+    delete m_screen;
+    delete m_downloader;
+}
+
+void DetailContainer::setSelectedID(std::optional<QUuid> id)
+{
+    m_selectedID = id;
+    render();
+}
+
+bool DetailContainer::isDownloading() const
+{
+    return m_downloader
+        && (m_downloader->phase() == Phase::downloading
+            || m_downloader->phase() == Phase::processing);
+}
+
+std::optional<DownloadRecord> DetailContainer::selectedRecord() const
+{
+    if (!m_selectedID)
+        return std::nullopt;
+    const QList<DownloadRecord> &records = m_environment.store.records();
+    const auto record =
+        std::find_if(records.begin(), records.end(),
+                     [this](const DownloadRecord &each) { return each.id == *m_selectedID; });
+    return record != records.end() ? std::optional(*record) : std::nullopt;
+}
+
+void DetailContainer::render()
+{
+    if (!m_environment.tools.allFound()) {
+        if (m_kind != Kind::Setup)
+            showScreen(Kind::Setup, new SetupView(m_environment.tools, m_environment.desktop));
+        return;
+    }
+    const std::optional<DownloadRecord> record = selectedRecord();
+    if (record && m_kind == Kind::Detail) {
+        static_cast<DownloadDetailView *>(m_screen)->setRecord(*record);
+    } else if (record) {
+        showScreen(Kind::Detail,
+                   new DownloadDetailView(*record, m_environment.tools, m_environment.desktop,
+                                          m_players.file));
+    } else if (m_kind != Kind::Downloader) {
+        showScreen(Kind::Downloader, makeDownloader());
+    }
+}
+
+DetailScreen *DetailContainer::makeDownloader()
+{
+    m_downloader = new DownloaderView(m_environment, [this](QUuid id) { Q_EMIT completed(id); });
+    return new DownloaderScreen(*m_downloader, m_environment.desktop,
+                                m_environment.downloadDirectory, m_players.preview);
+}
+
+void DetailContainer::showScreen(Kind kind, DetailScreen *screen)
+{
+    DetailScreen *const earlier = std::exchange(m_screen, screen);
+    // It may be one of its own signals that ends a downloader, so both go later, screen first.
+    if (std::exchange(m_kind, kind) == Kind::Downloader) {
+        DownloaderView *const left =
+            kind == Kind::Downloader ? nullptr : std::exchange(m_downloader, nullptr);
+        if (left) {
+            left->leave();
+            connect(earlier, &QObject::destroyed, left, &QObject::deleteLater);
+        }
+    }
+    m_layout->addWidget(screen);
+    m_layout->setCurrentWidget(screen);
+    Q_EMIT screenChanged();
+    if (earlier) {
+        m_layout->removeWidget(earlier);
+        earlier->hide();
+        earlier->deleteLater();
+    }
+    screen->setFocus();
+}
+
+void DetailContainer::paintEvent(QPaintEvent *)
+{
+    QPainter(this).fillRect(rect(), Theme::current().color(Theme::Color::Background));
+}
+
+} // namespace clipwren

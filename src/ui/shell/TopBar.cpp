@@ -1,0 +1,74 @@
+#include "ui/shell/TopBar.h"
+
+#include "ui/components/Button.h"
+#include "ui/components/ElidedLabel.h"
+#include "ui/shell/DetailScreen.h"
+
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPainter>
+
+namespace clipwren {
+namespace {
+
+constexpr int barHeight = 52;
+
+} // namespace
+
+TopBar::TopBar(QMenu &menu, QWidget *parent)
+    : QWidget(parent), m_title(new ElidedLabel(Theme::TextStyle::BarTitle)),
+      m_buttons(new QHBoxLayout)
+{
+    setFixedHeight(barHeight);
+    auto *sidebar = Button::iconOnly(u"sidebar.left", tr("Show or Hide Sidebar"));
+    connect(sidebar, &Button::clicked, this, &TopBar::sidebarToggled);
+    auto *more = Button::iconOnly(u"ellipsis.circle", tr("Menu"));
+    connect(more, &Button::clicked, this, [&menu, more] {
+        menu.popup(
+            more->mapToGlobal(QPoint(more->width() - menu.sizeHint().width(), more->height() + 4)));
+    });
+
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(16, 0, 16, 1);
+    row->setSpacing(8);
+    row->addWidget(sidebar);
+    row->addWidget(m_title, 1);
+    m_buttons->setSpacing(2);
+    row->addLayout(m_buttons);
+    row->addWidget(more);
+}
+
+void TopBar::setScreen(DetailScreen *screen)
+{
+    if (m_screen)
+        disconnect(m_screen, nullptr, this, nullptr);
+    while (QLayoutItem *item = m_buttons->takeAt(0)) {
+        // Back to the screen they belong to, so that they go with it.
+        if (m_screen)
+            item->widget()->setParent(m_screen);
+        item->widget()->hide();
+        delete item;
+    }
+    m_screen = screen;
+    if (!screen) {
+        m_title->setFullText({});
+        return;
+    }
+    const auto showTitle = [this] { m_title->setFullText(m_screen->barTitle()); };
+    connect(screen, &DetailScreen::barTitleChanged, this, showTitle);
+    showTitle();
+    for (Button *button : screen->barButtons()) {
+        m_buttons->addWidget(button);
+        button->show();
+    }
+}
+
+void TopBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const Theme &theme = Theme::current();
+    painter.fillRect(rect(), theme.color(Theme::Color::Bar));
+    painter.fillRect(QRect(0, height() - 1, width(), 1), theme.color(Theme::Color::Separator));
+}
+
+} // namespace clipwren

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "app/window/MainWindow.h"
+#include "core/library/DownloadStore.h"
+#include "core/library/HistoryStore.h"
+#include "core/process/ToolEnvironment.h"
+#include "support/RecordingDesktop.h"
+#include "support/SampleSite.h"
+#include "ui/components/Style.h"
+#include "ui/components/Theme.h"
+#include "ui/player/PlayerModule.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <optional>
+
+class QAbstractItemView;
+class QWidget;
+
+namespace clipwren::test {
+
+/// The real window over the real tools, with lists and folders of its own, worked as a user does:
+/// by the names that are seen or read aloud.
+class WindowFixture : public testing::Test {
+protected:
+    WindowFixture();
+    ~WindowFixture() override;
+
+    /// Shows a film once: what the player opens for good must not look like a test's leak.
+    static void SetUpTestSuite();
+
+    /// Opens the window over tools found in these folders.
+    void open(const QStringList &toolFolders = ToolEnvironment::defaultSearchDirectories());
+    MainWindow &window() { return *m_window; }
+    QString downloadFolder() const { return m_folder.filePath(QStringLiteral("Movies/Clipwren")); }
+
+    /// A visible widget by its text or accessible name; null when there is none.
+    QWidget *find(const QString &name) const;
+    /// Waits for it. Fails the test when it does not come.
+    QWidget *await(const QString &name, int milliseconds = 60'000);
+    void click(const QString &name);
+    /// All texts that can be read in the window.
+    QStringList texts() const;
+    bool awaitText(const QString &part, int milliseconds = 60'000);
+    /// Takes an item of the menu that is open, or of the list's menu for a row.
+    void chooseFromMenu(const QString &item);
+    void openRowMenu(QAbstractItemView *list, int row);
+
+    QTemporaryDir m_folder;
+    Theme m_theme;
+    DownloadStore store;
+    HistoryStore history;
+    std::optional<ToolEnvironment> tools;
+    PendingFetchBox pendingFetch;
+    RecordingDesktop desktop;
+    MemoryPreferences preferences;
+    PlayerModule players;
+
+private:
+    std::unique_ptr<MainWindow> m_window;
+};
+
+} // namespace clipwren::test

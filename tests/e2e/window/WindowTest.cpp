@@ -1,0 +1,179 @@
+#include "core/media/FfmpegService.h"
+#include "e2e/window/WindowFixture.h"
+#include "support/FakeTool.h"
+#include "ui/player/SafeVideoPlayer.h"
+#include "ui/shell/HistoryList.h"
+#include "ui/shell/LibraryListView.h"
+#include "ui/shell/RecentList.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QTest>
+
+namespace clipwren::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class WindowTest : public WindowFixture {
+protected:
+    SampleSite site;
+
+    LibraryListView *recents() { return &window().content().sidebar().recentList().view(); }
+    LibraryListView *historyRows() { return &window().content().sidebar().historyList().view(); }
+
+    /// Drags a handle of the trim slider sideways.
+    void dragHandle(const QString &name, int pixels)
+    {
+        QWidget *handle = nullptr;
+        for (QWidget *widget : window().findChildren<QWidget *>()) {
+            if (widget->isVisible() && widget->accessibleName() == name
+                && widget->inherits("clipwren::TrimHandle"))
+                handle = widget;
+        }
+        ASSERT_NE(handle, nullptr);
+        const QPoint from = handle->rect().center();
+        QTest::mousePress(handle, Qt::LeftButton, Qt::NoModifier, from);
+        const QPoint to = handle->mapToGlobal(from) + QPoint(pixels, 0);
+        QTest::mouseMove(handle, handle->mapFromGlobal(to));
+        QMouseEvent move(QEvent::MouseMove, handle->mapFromGlobal(to), to, Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(handle, &move);
+        QTest::mouseRelease(handle, Qt::LeftButton, Qt::NoModifier, handle->mapFromGlobal(to));
+    }
+};
+
+TEST_F(WindowTest, TakesAVideoFromTheAddressToTheLibraryAndBack)
+{
+    open();
+    const QString address = site.address(u"/watch?v=tide-clock-01"_s);
+    auto *field = qobject_cast<QLineEdit *>(await(u"Video address"_s));
+    ASSERT_NE(field, nullptr);
+    field->setFocus();
+    QTest::keyClicks(field, address);
+    QTest::keyClick(field, Qt::Key_Return);
+
+    await(u"Is this the right video?"_s);
+    EXPECT_TRUE(awaitText(u"Harbour Workshop"_s));
+    QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
+
+    auto *picker = qobject_cast<QComboBox *>(await(u"Format"_s)->inherits("QComboBox")
+                                                 ? find(u"Format"_s)
+                                                 : window().findChild<QComboBox *>());
+    ASSERT_NE(picker, nullptr);
+    EXPECT_TRUE(awaitText(u"This file won't play in QuickTime"_s));
+    QTest::keyClick(picker, Qt::Key_Down);
+    EXPECT_TRUE(awaitText(u"plays everywhere on Mac"_s));
+
+    click(u"Trim before saving"_s);
+    await(u"Play Clip"_s);
+    QTest::qWait(100);
+    dragHandle(u"Start"_s, 100);
+    dragHandle(u"End"_s, -150);
+    DownloaderView *const downloader = window().content().detail().downloader();
+    const double start = downloader->trimStart();
+    const double end = downloader->trimEnd();
+    EXPECT_GT(start, 1);
+    EXPECT_LT(end, 11);
+    click(u"Download"_s);
+
+    // The new record is selected, and its file is shown and inspected.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.records().size() == 1; }, 120'000));
+    const DownloadRecord record = store.records().first();
+    EXPECT_EQ(record.trimStart, start);
+    EXPECT_EQ(window().content().sidebar().selection(), record.id);
+    EXPECT_EQ(window().windowTitle(), record.title);
+    EXPECT_TRUE(awaitText(u"Plays in QuickTime"_s));
+    EXPECT_TRUE(awaitText(u"H.264 + AAC"_s));
+    auto *player = window().findChild<SafeVideoPlayer *>();
+    ASSERT_NE(player, nullptr);
+    const double length =
+        FfmpegService{*tools->ffmpegPath(), *tools->ffprobePath()}.duration(record.filePath);
+    EXPECT_NEAR(length, end - start, 0.1);
+    EXPECT_EQ(desktop.log, QStringList{u"sound"_s});
+
+    // Re-encode.
+    openRowMenu(recents(), recents()->model()->rowCount() - 1);
+    chooseFromMenu(u"Make QuickTime-compatible (re-encode)"_s);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return store.records().first().filePath.contains(u"— QT.mp4"_s); }, 60'000));
+    EXPECT_TRUE(awaitText(u"— QT.mp4"_s));
+    EXPECT_TRUE(QFile::exists(record.filePath));
+
+    // Again, from the history.
+    click(u"History"_s);
+    openRowMenu(historyRows(), historyRows()->model()->rowCount() - 1);
+    chooseFromMenu(u"Re-download"_s);
+    await(u"Is this the right video?"_s);
+    EXPECT_FALSE(window().content().sidebar().selection());
+    click(u"Not this one"_s);
+
+    // Remove and clear.
+    click(u"Clear History"_s);
+    EXPECT_TRUE(history.entries().isEmpty());
+    EXPECT_TRUE(awaitText(u"Nothing downloaded yet"_s));
+    click(u"Recent"_s);
+    openRowMenu(recents(), recents()->model()->rowCount() - 1);
+    chooseFromMenu(u"Remove from List"_s);
+    EXPECT_TRUE(store.records().isEmpty());
+    EXPECT_TRUE(awaitText(u"No downloads yet"_s));
+    EXPECT_TRUE(QFile::exists(record.filePath));
+}
+
+TEST_F(WindowTest, SetUpLastsUntilTheToolsAreThere)
+{
+    FakeTools folder;
+    folder.add(u"yt-dlp"_s, u"echo 2026.01.01"_s);
+    folder.add(u"ffmpeg"_s, u"echo ffmpeg version 7.0.1 x"_s);
+    DownloadRecord record;
+    record.id = QUuid::createUuid();
+    record.title = u"A file of before"_s;
+    record.filePath = u"/nowhere/a.mp4"_s;
+    record.createdAt = QDateTime::currentDateTimeUtc();
+    store.add(record);
+
+    open({folder.directory()});
+    await(u"One-time setup"_s);
+    EXPECT_TRUE(awaitText(u"Not installed"_s));
+    EXPECT_TRUE(awaitText(u"7.0.1"_s));
+    QTest::mouseClick(recents()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      recents()->visualRect(recents()->model()->index(1, 0)).center());
+    EXPECT_EQ(window().content().sidebar().selection(), record.id);
+    folder.add(u"ffprobe"_s, u"exit 1"_s);
+    QTest::keyClick(&window(), Qt::Key_R, Qt::ControlModifier);
+    EXPECT_TRUE(awaitText(u"File no longer at expected location"_s, 5'000))
+        << texts().join(u" | "_s).toStdString();
+}
+
+TEST_F(WindowTest, SaysWhyAnAddressCannotBeLookedUp)
+{
+    open();
+    struct Case {
+        QString address;
+        const char16_t *sentence;
+        bool hasLogs;
+    };
+    const Case cases[] = {
+        {u"ftp://x/"_s, u"Enter a valid http(s) URL", false},
+        {site.address(u"/watch?v=private"_s), u"This video is private or members-only.", true},
+        {site.address(u"/watch?v=unknown"_s), u"Couldn't fetch video info: ", true},
+    };
+    for (const Case &c : cases) {
+        desktop.clipboard = c.address;
+        click(u"Paste"_s);
+        EXPECT_TRUE(awaitText(QString::fromUtf16(c.sentence))) << c.address.toStdString();
+        EXPECT_EQ(find(u"View Logs"_s) != nullptr, c.hasLogs);
+    }
+}
+
+TEST_F(WindowTest, ClosingStopsTheRunningTool)
+{
+    open();
+    window().content().lookUp(site.address(u"/watch?v=silent"_s));
+    await(u"Looking up video…"_s);
+    // The fixture's end and the leak check see that nothing is left.
+}
+
+} // namespace
+} // namespace clipwren::test
