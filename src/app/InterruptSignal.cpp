@@ -30,8 +30,12 @@ void handleSignalsWith(void (*handler)(int))
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
-    for (const int number : signalNumbers)
-        ::sigaction(number, &action, nullptr);
+    for (const int number : signalNumbers) {
+        // Whoever started us with a signal ignored, as nohup does, wants us to outlive it.
+        struct sigaction present { };
+        if (::sigaction(number, nullptr, &present) == 0 && present.sa_handler != SIG_IGN)
+            ::sigaction(number, &action, nullptr);
+    }
 }
 
 } // namespace

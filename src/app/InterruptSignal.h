@@ -7,7 +7,7 @@
 namespace clipwren {
 
 /// Turns SIGINT, SIGTERM and SIGHUP into a Qt signal on the user-interface thread, for as long as
-/// it lives. One at a time per process.
+/// it lives. One at a time per process. A signal that the process ignores stays ignored.
 class InterruptSignal : public QObject {
     Q_OBJECT
 
