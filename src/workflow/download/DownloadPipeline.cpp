@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 void DownloadPipeline::start(const Job &job, Events events)
 {
     m_job = job;
+    m_cancelled = false;
     m_events = std::move(events);
     m_step = BackgroundTask::start(
         [this, download = job.download](const std::stop_token &stop,
@@ -29,6 +30,7 @@ void DownloadPipeline::start(const Job &job, Events events)
 
 void DownloadPipeline::cancel()
 {
+    m_cancelled = true;
     m_step.cancel();
 }
 
@@ -43,6 +45,11 @@ void DownloadPipeline::decide(const PromisedDownload::Result &downloaded)
     const bool toProRes = m_job.download.format == OutputFormat::proRes422;
     if (!trim && !toProRes) {
         m_events.finished({downloaded.filePath, std::nullopt});
+        return;
+    }
+    // The wish may have come when the download had just ended, with no tool left to stop.
+    if (m_cancelled) {
+        m_events.failed(CancellationError().errorDescription());
         return;
     }
     m_events.processing(toProRes ? u"Encoding to Apple ProRes 422"_s : u"Trimming"_s);

@@ -56,6 +56,7 @@ private:
 
     Job m_job;
     Events m_events;
+    bool m_cancelled = false;
     BackgroundTask m_step;
 };
 

@@ -356,6 +356,23 @@ TEST_F(DownloaderViewTest, CancelsADownloadAndStartsItAgain)
     EXPECT_TRUE(reaches(*view, Phase::done));
 }
 
+TEST_F(DownloaderViewTest, CancelsBetweenTheDownloadAndItsProcessing)
+{
+    makeReady();
+    view->setOutputFormatRaw(u"proRes422"_s);
+    QObject::connect(&*view, &DownloaderView::changed, &*view, [this] {
+        if (view->phase() != Phase::downloading || view->downloadProgress() <= 0)
+            return;
+        // The download has ended, and we are about to hear of it.
+        EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(10)));
+        view->cancelDownload();
+    });
+    view->start();
+    ASSERT_TRUE(reaches(*view, Phase::ready));
+    EXPECT_EQ(view->errorMessage(), u"Cancelled"_s);
+    EXPECT_TRUE(fake.store.records().isEmpty());
+}
+
 TEST_F(DownloaderViewTest, KeepsTheDownloadWhenProcessingFails)
 {
     fake.onConvert(u"echo partly > \"$output\"; echo broken >&2; exit 1"_s);
