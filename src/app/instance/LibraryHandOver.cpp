@@ -7,11 +7,16 @@
 
 #include <QDeadlineTimer>
 
+#include <algorithm>
+
 namespace clipwren {
 
 void applySaved(const InstanceMessage::Saved &saved, DownloadStore &store, HistoryStore &history)
 {
     const DownloadRecord &record = saved.record;
+    // Who got no answer in time tells it again.
+    if (std::ranges::find(store.records(), record.id, &DownloadRecord::id) != store.records().end())
+        return;
     store.add(record);
     history.recordDownload(record.sourceURL, saved.historyTitle, record.thumbnailURL,
                            record.durationSeconds);

@@ -9,7 +9,7 @@ namespace clipwren {
 class DownloadStore;
 class HistoryStore;
 
-/// Puts a file that was saved from the command line into the lists.
+/// Puts a file that was saved from the command line into the lists, unless its record is there.
 void applySaved(const InstanceMessage::Saved &saved, DownloadStore &store, HistoryStore &history);
 
 /// Does so from another process: in the lists themselves, or through the application that has them

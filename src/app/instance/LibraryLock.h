@@ -17,8 +17,11 @@ public:
     explicit LibraryLock(const QString &folder, std::chrono::milliseconds patience = {});
 
     bool isHeld() const { return m_file.isOpen(); }
+    /// False also where the folder cannot be written to, so that nobody can hold the lock.
+    bool isHeldElsewhere() const { return m_isHeldElsewhere; }
 
 private:
+    bool m_isHeldElsewhere = false;
     FileDescriptor m_file;
 };
 

@@ -39,7 +39,8 @@ int runWindow(const QString &address)
 {
     // A save from the command line holds the lists for a moment at its end.
     const LibraryLock lock(defaultLibraryFolder(), 100ms);
-    if (!lock.isHeld()) {
+    // Without a folder to write to, the lists live in memory.
+    if (lock.isHeldElsewhere()) {
         if (handOverToRunning(address))
             return 0;
         std::fputs("Clipwren is running already, but does not answer.\n", stderr);

@@ -58,6 +58,28 @@ TEST_F(InstanceTest, OnlyOneHoldsTheLibrary)
     EXPECT_TRUE(LibraryLock(libraryFolder()).isHeld());
 }
 
+TEST_F(InstanceTest, NobodyHoldsALibraryThatCannotBeWrittenTo)
+{
+    const LibraryLock lock(libraryFolder());
+    EXPECT_TRUE(LibraryLock(libraryFolder()).isHeldElsewhere());
+    QFile file(folder.filePath(u"file"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const LibraryLock none(file.fileName());
+    EXPECT_FALSE(none.isHeld());
+    EXPECT_FALSE(none.isHeldElsewhere());
+}
+
+TEST_F(InstanceTest, TakesWhatIsToldTwiceOnce)
+{
+    DownloadStore store(libraryFolder());
+    HistoryStore history(libraryFolder());
+    const InstanceMessage::Saved message = saved(u"A"_s);
+    applySaved(message, store, history);
+    applySaved(message, store, history);
+    EXPECT_EQ(store.records().size(), 1);
+    EXPECT_EQ(history.entries().value(0).downloadCount, 1);
+}
+
 TEST_F(InstanceTest, ASecondStartReachesTheFirst)
 {
     // What a process that is gone leaves behind.
