@@ -6,8 +6,11 @@
 
 #include <QApplication>
 
+#include <csignal>
 #include <cstdio>
+#include <fcntl.h>
 #include <memory>
+#include <unistd.h>
 
 namespace clipwren {
 namespace {
@@ -33,6 +36,17 @@ int print(std::FILE *output, const QString &text, int status)
     return status;
 }
 
+/// The tools inherit our input. ffmpeg takes what is typed for commands ("q" ends it as if all were
+/// encoded), swallows a script's list of addresses, and stops when it runs in the background.
+void leaveInputAlone()
+{
+    const int nothing = ::open("/dev/null", O_RDONLY);
+    if (nothing <= STDIN_FILENO)
+        return;
+    ::dup2(nothing, STDIN_FILENO);
+    ::close(nothing);
+}
+
 int run(int &argc, char *argv[])
 {
     const QString first = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
@@ -40,6 +54,9 @@ int run(int &argc, char *argv[])
         return print(stdout, usage(), 0);
     if (first == "--version"_L1)
         return print(stdout, u"clipwren " CLIPWREN_VERSION "\n"_s, 0);
+    leaveInputAlone();
+    // A reader of our output that has gone is no reason to lose the record of a saved file.
+    std::signal(SIGPIPE, SIG_IGN);
     const bool isSave = first == "save"_L1;
     if (!isSave && (first.startsWith(u'-') || argc > 2))
         return print(stderr, usage(), SaveCommand::WrongUse);

@@ -63,7 +63,8 @@ private:
     posix_spawn_file_actions_t m_actions{};
 };
 
-/// Gives the program no blocked signals, whatever the calling thread blocks.
+/// Gives the program no blocked signals, whatever the calling thread blocks, and lets it end when
+/// nobody reads its output, whatever we do then.
 class Attributes {
 public:
     Attributes()
@@ -72,7 +73,11 @@ public:
         sigset_t none;
         sigemptyset(&none);
         ::posix_spawnattr_setsigmask(&m_attributes, &none);
-        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK);
+        sigset_t reset;
+        sigemptyset(&reset);
+        sigaddset(&reset, SIGPIPE);
+        ::posix_spawnattr_setsigdefault(&m_attributes, &reset);
+        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     }
     Attributes(const Attributes &) = delete;
     Attributes &operator=(const Attributes &) = delete;
