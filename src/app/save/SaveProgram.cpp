@@ -57,6 +57,10 @@ int runSave(const QStringList &arguments)
     // Another process may have the user's lists open, now or before this ends. The downloader gets
     // lists of its own, and what it recorded is handed over at the end.
     const QTemporaryDir folder;
+    if (!folder.isValid()) {
+        print(stderr, u"No temporary folder can be made: %1\n"_s.arg(folder.errorString()));
+        return SaveCommand::Failed;
+    }
     DownloadStore store(folder.path());
     HistoryStore history(folder.path());
     ToolEnvironment tools(ToolEnvironment::defaultSearchDirectories(),
