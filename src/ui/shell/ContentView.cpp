@@ -143,9 +143,11 @@ void ContentView::toggleSidebar()
 
 void ContentView::keyPressEvent(QKeyEvent *event)
 {
-    // Text fields take this key themselves; it comes here from everything else.
-    const QString text = m_environment.desktop.clipboardText();
-    if (event->matches(QKeySequence::Paste) && isWebAddress(text))
+    // Text fields take this key themselves; it comes here from everything else. The clipboard is
+    // another program's and may be slow, so no other key asks for it.
+    const QString text =
+        event->matches(QKeySequence::Paste) ? m_environment.desktop.clipboardText() : QString();
+    if (isWebAddress(text))
         lookUp(text.trimmed());
     else
         QWidget::keyPressEvent(event);

@@ -142,7 +142,7 @@ bool DownloadDetailView::event(QEvent *event)
 {
     // Meanwhile the user may have moved the file, or brought it back.
     if (event->type() == QEvent::WindowActivate && isVisible()) {
-        if (std::exchange(m_fileExists, QFileInfo::exists(m_record.filePath)) != m_fileExists) {
+        if (QFileInfo::exists(m_record.filePath) != m_fileExists) {
             runInspection();
             render();
         }
@@ -200,7 +200,7 @@ void DownloadDetailView::runInspection()
 
 void DownloadDetailView::render()
 {
-    m_title->setText(m_record.title);
+    m_title->setBreakableText(m_record.title);
     m_address->setFullText(m_record.sourceURL);
     renderPlayer();
 
@@ -210,7 +210,7 @@ void DownloadDetailView::render()
     m_pill->setVisible(verdict.has_value());
     m_facts->setFacts(recordFacts(m_record, m_inspection));
     m_folder->setFullText(QFileInfo(m_record.filePath).path());
-    m_error->setText(m_inspectError);
+    m_error->setBreakableText(m_inspectError);
     m_error->setVisible(!m_inspectError.isEmpty());
     for (Button *button : {m_reveal.data(), m_open.data(), m_revealFolder}) {
         if (button)
