@@ -35,7 +35,11 @@ DetailContainer::~DetailContainer()
 void DetailContainer::setSelectedID(std::optional<QUuid> id)
 {
     m_selectedID = id;
+    const Kind before = m_kind;
     render();
+    // Who asks for a new download goes on in it. Who walks through the list stays there.
+    if (m_kind != before && m_kind == Kind::Downloader)
+        m_screen->setFocus(Qt::OtherFocusReason);
 }
 
 bool DetailContainer::isDownloading() const
@@ -85,6 +89,8 @@ DetailScreen *DetailContainer::makeDownloader()
 void DetailContainer::showScreen(Kind kind, DetailScreen *screen)
 {
     DetailScreen *const earlier = std::exchange(m_screen, screen);
+    const QWidget *const focus = window()->focusWidget();
+    const bool takesFocus = !focus || isAncestorOf(focus);
     // It may be one of its own signals that ends a downloader, so both go later, screen first.
     if (std::exchange(m_kind, kind) == Kind::Downloader) {
         DownloaderView *const left =
@@ -102,7 +108,8 @@ void DetailContainer::showScreen(Kind kind, DetailScreen *screen)
         earlier->hide();
         earlier->deleteLater();
     }
-    screen->setFocus();
+    if (takesFocus)
+        screen->setFocus(Qt::OtherFocusReason);
 }
 
 void DetailContainer::paintEvent(QPaintEvent *)

@@ -146,6 +146,36 @@ TEST_F(WindowTest, SetUpLastsUntilTheToolsAreThere)
         << texts().join(u" | "_s).toStdString();
 }
 
+TEST_F(WindowTest, TheKeyboardStaysInTheListThatItWalksThrough)
+{
+    for (const QString &title : {u"First"_s, u"Second"_s, u"Third"_s}) {
+        DownloadRecord record;
+        record.id = QUuid::createUuid();
+        record.title = title;
+        record.filePath = u"/nowhere/a.mp4"_s;
+        record.createdAt = QDateTime::currentDateTimeUtc();
+        store.add(record);
+    }
+    open();
+    recents()->setFocus();
+    QTest::keyClick(recents(), Qt::Key_Down);
+    ASSERT_TRUE(window().content().sidebar().selection());
+    EXPECT_EQ(window().focusWidget(), recents());
+    QTest::keyClick(window().focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(window().focusWidget(), recents());
+    // Back at the downloader, which would take the next one for a key of its own.
+    QTest::keyClick(window().focusWidget(), Qt::Key_Delete);
+    EXPECT_EQ(store.records().size(), 2);
+    EXPECT_EQ(window().windowTitle(), u"New Download"_s);
+    EXPECT_EQ(window().focusWidget(), recents());
+    QTest::keyClick(window().focusWidget(), Qt::Key_Up);
+    QTest::keyClick(window().focusWidget(), Qt::Key_Return);
+    EXPECT_NE(window().windowTitle(), u"New Download"_s);
+
+    click(u"New Download"_s);
+    EXPECT_EQ(window().focusWidget(), find(u"Video address"_s));
+}
+
 TEST_F(WindowTest, SaysWhyAnAddressCannotBeLookedUp)
 {
     open();
