@@ -41,6 +41,11 @@ qreal ElidedLabel::widthOf(const QString &text) const
                           : QFontMetricsF(font()).horizontalAdvance(text);
 }
 
+int ElidedLabel::lineHeight() const
+{
+    return QFontMetrics(font()).height() + 2 * overshoot(m_line);
+}
+
 void ElidedLabel::cut()
 {
     const int room = contentsRect().width();
@@ -56,14 +61,13 @@ void ElidedLabel::cut()
 
 QSize ElidedLabel::sizeHint() const
 {
-    return {static_cast<int>(std::ceil(widthOf(m_line))), QFontMetrics(font()).height()};
+    return {static_cast<int>(std::ceil(widthOf(m_line))), lineHeight()};
 }
 
 QSize ElidedLabel::minimumSizeHint() const
 {
     const auto ellipsis = QFontMetricsF(font()).horizontalAdvance(QChar(0x2026));
-    return {std::min(static_cast<int>(std::ceil(ellipsis)), sizeHint().width()),
-            QFontMetrics(font()).height()};
+    return {std::min(static_cast<int>(std::ceil(ellipsis)), sizeHint().width()), lineHeight()};
 }
 
 void ElidedLabel::resizeEvent(QResizeEvent *event)

@@ -32,6 +32,7 @@ protected:
 
 private:
     qreal widthOf(const QString &text) const;
+    int lineHeight() const;
     void cut();
 
     QString m_fullText;

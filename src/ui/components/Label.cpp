@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 #include <QStyle>
 
+#include <algorithm>
 #include <cmath>
 
 namespace clipwren {
@@ -19,6 +20,7 @@ namespace {
 
 constexpr QChar breakPoint(0x200B); // zero width space
 constexpr int unbrokenLetters = 24;
+constexpr QChar firstOfOtherScripts(0x0370);
 
 } // namespace
 
@@ -78,6 +80,18 @@ void Label::setSelectable(bool selectable)
 {
     setTextInteractionFlags(selectable ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
                                        : Qt::NoTextInteraction);
+}
+
+int Label::overshoot(const QString &text) const
+{
+    const bool isLatin =
+        std::all_of(text.begin(), text.end(), [](QChar c) { return c < firstOfOtherScripts; });
+    if (isLatin)
+        return 0;
+    const QFontMetricsF metrics(font());
+    const QRectF ink = metrics.tightBoundingRect(text);
+    const qreal reach = std::max(-ink.top() - metrics.ascent(), ink.bottom() - metrics.descent());
+    return std::max(0, static_cast<int>(std::ceil(reach)));
 }
 
 QString Label::copyText() const

@@ -30,6 +30,9 @@ protected:
     Theme::TextStyle textStyle() const { return m_style; }
     /// True when the digits are laid out by `DigitText`: one line that nobody can mark.
     bool paintsDigits() const;
+    /// How far the letters of a text reach above or below the height of the label's font, in
+    /// pixels: those of other scripts come from other fonts.
+    int overshoot(const QString &text) const;
     /// What copying takes.
     virtual QString copyText() const;
     void keyPressEvent(QKeyEvent *event) override;

@@ -30,6 +30,7 @@ void WrappedLabel::setText(const QString &text)
     if (text == this->text())
         return;
     Label::setText(text);
+    m_overshoot = overshoot(text);
     updateToolTip();
     updateGeometry();
 }
@@ -85,15 +86,16 @@ void WrappedLabel::paintEvent(QPaintEvent *)
     painter.setPen(palette().color(foregroundRole()));
     const bool rightToLeft = text().isRightToLeft();
     painter.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    const Qt::Alignment side = alignment() & Qt::AlignHCenter ? Qt::AlignHCenter
-        : rightToLeft                                         ? Qt::AlignRight
-                                                              : Qt::AlignLeft;
+    const double share = alignment() & Qt::AlignHCenter ? 0.5 : rightToLeft ? 1 : 0;
+    const QFontMetricsF metrics(font());
     const QStringList lines = linesAt(width()).texts;
     const int top = (height() - static_cast<int>(lines.size()) * lineHeight()) / 2;
-    QRect place(0, std::max(top, 0), width(), lineHeight());
+    // By the base line, which a rectangle would lower for the letters of another font.
+    double baseLine = std::max(top, 0) + m_overshoot + metrics.ascent();
     for (const QString &line : lines) {
-        painter.drawText(place, static_cast<int>(Qt::AlignAbsolute | side), line);
-        place.translate(0, lineHeight());
+        const double left = (width() - metrics.horizontalAdvance(line)) * share;
+        painter.drawText(QPointF(left, baseLine), line);
+        baseLine += lineHeight();
     }
 }
 

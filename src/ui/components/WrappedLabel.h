@@ -31,11 +31,12 @@ private:
         QStringList texts;
         bool areCut = false;
     };
-    int lineHeight() const { return fontMetrics().height(); }
+    int lineHeight() const { return fontMetrics().height() + 2 * m_overshoot; }
     Lines linesAt(int width) const;
     void updateToolTip();
 
     int m_maximumLines;
+    int m_overshoot = 0; // of the text
 };
 
 } // namespace clipwren
