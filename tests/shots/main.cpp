@@ -1,5 +1,4 @@
 #include "SampleWindow.h"
-#include "ui/components/Style.h"
 #include "ui/components/Theme.h"
 #include "ui/shell/SidebarView.h"
 
@@ -145,7 +144,6 @@ int main(int argc, char *argv[])
         return 2;
     }
     QDir().mkpath(arguments[1]);
-    QApplication::setStyle(new clipwren::Style);
     Theme theme;
     theme.forceReducedMotion(true);
     SampleSite site;

@@ -32,6 +32,17 @@ MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerMod
     layout->addWidget(m_content);
     resize(firstSize);
     fillMenu();
+    // A look-up is followed by a preview: the player loads while the tool is at it.
+    const auto warmUpWithLookups = [this, &players] {
+        if (DownloaderView *downloader = m_content->detail().downloader()) {
+            connect(downloader, &DownloaderView::changed, this, [downloader, &players] {
+                if (downloader->phase() == Phase::fetching)
+                    players.warmUp();
+            });
+        }
+    };
+    connect(&m_content->detail(), &DetailContainer::screenChanged, this, warmUpWithLookups);
+    warmUpWithLookups();
     connect(m_content, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     setWindowTitle(m_content->windowTitle());
 }

@@ -12,11 +12,11 @@
 #include "platform/desktop/SettingsPreferences.h"
 #include "platform/system/SystemDesktop.h"
 #include "ui/components/DesktopAppearance.h"
-#include "ui/components/Style.h"
 #include "ui/components/Theme.h"
 #include "ui/player/PlayerModule.h"
 
 #include <QApplication>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -24,6 +24,8 @@ namespace clipwren {
 namespace {
 
 using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds afterFirstFrame = 400ms;
 
 /// True when the application that runs already has taken the address.
 bool handOverToRunning(const QString &address)
@@ -46,14 +48,14 @@ int runWindow(const QString &address)
         std::fputs("Clipwren is running already, but does not answer.\n", stderr);
         return 1;
     }
-    QApplication::setStyle(new Style);
     Theme theme;
     DesktopAppearance appearance;
     theme.follow(appearance);
 
     DownloadStore store;
     HistoryStore history;
-    ToolEnvironment tools;
+    ToolEnvironment tools(ToolEnvironment::defaultSearchDirectories(),
+                          ToolEnvironment::Versions::Skip);
     PendingFetchBox pendingFetch;
     SystemDesktop desktop;
     SettingsPreferences preferences;
@@ -73,6 +75,8 @@ int runWindow(const QString &address)
     InterruptSignal interrupt;
     QObject::connect(&interrupt, &InterruptSignal::interrupted, &window, &MainWindow::close);
     window.show();
+    // The tools take longer to start than the window, and would do so at its expense.
+    QTimer::singleShot(afterFirstFrame, &tools, &ToolEnvironment::readVersions);
     if (!address.isEmpty())
         window.content().lookUp(address);
     return QApplication::exec();

@@ -51,6 +51,7 @@ void ToolEnvironment::refresh()
 
 void ToolEnvironment::readVersions()
 {
+    m_versions = Versions::Read;
     if (m_ytDlpPath) {
         readVersion(*m_ytDlpPath, QStringLiteral("--version"), [this](auto output) {
             m_ytDlpVersion = output ? std::optional(output->trimmed()) : std::nullopt;

@@ -30,6 +30,8 @@ public:
 
     /// Searches for the tools before it returns, then reads their versions in the background.
     void refresh();
+    /// Reads the versions in the background, from now on after each search, too.
+    void readVersions();
 
     /// Absolute paths; absent while the tool is not found.
     std::optional<QString> ytDlpPath() const { return m_ytDlpPath; }
@@ -45,7 +47,6 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void readVersions();
     void readVersion(const QString &path, const QString &argument,
                      std::function<void(std::optional<QString> output)> apply);
 

@@ -44,7 +44,7 @@ QStringList PlayerModule::defaultFolders()
 
 void PlayerModule::warmUp()
 {
-    if (m_backend)
+    if (m_backend || std::exchange(m_isWarm, true))
         return;
     m_warmUp = BackgroundTask::start(
         [path = findModule(m_folders)](const std::stop_token &, const BackgroundTask::Post &) {

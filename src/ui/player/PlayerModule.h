@@ -28,7 +28,7 @@ public:
     /// Beside the executable, and where it is installed and built, as seen from there.
     static QStringList defaultFolders();
 
-    /// Loads the module in the background, so that the first player comes at once.
+    /// Loads the module in the background, once, so that the first player comes at once.
     void warmUp();
 
     /// Never null: without the module, a player that fails each load with a sentence.
@@ -45,6 +45,7 @@ private:
     std::chrono::milliseconds m_networkTimeout;
     PlayerBackend *m_backend = nullptr;
     QString m_failure;
+    bool m_isWarm = false; ///< the module is loaded, or on its way
     BackgroundTask m_warmUp;
 };
 
