@@ -27,7 +27,7 @@ VIDEOS = {
     "long-title": Video(
         "Every harbour between the river mouth and the northern lighthouse, visited by rowing boat "
         "in one summer, with the people who keep them, the boats they mend, the weather they wait "
-        "for and everything that went wrong on the way 🚣🏽‍♀️ (part 3 of 12, uncut)",
+        "for and everything that went wrong on the way 🚣🏽‍♀️ (the third of twelve, uncut)",
         uploader="The Society for the Slow Exploration of Small Harbours and Their Inhabitants",
     ),
     "rtl": Video(
