@@ -48,6 +48,8 @@ int runWindow(const QString &address)
         std::fputs("Clipwren is running already, but does not answer.\n", stderr);
         return 1;
     }
+    // Ties the window to its entry among the desktop's applications, and so to its symbol.
+    QGuiApplication::setDesktopFileName(QStringLiteral("clipwren"));
     Theme theme;
     DesktopAppearance appearance;
     theme.follow(appearance);

@@ -106,7 +106,10 @@ void DownloaderView::returnToInput()
 void DownloaderView::startLookup(const QString &address)
 {
     m_pipeline.drop();
+    // Another video must not be seen, should this one have no preview.
     m_previewLookup = BackgroundTask();
+    m_preview.unload();
+    m_previewURL.reset();
     m_phase = Phase::fetching;
     m_info.reset();
     m_lookup = BackgroundTask::start(

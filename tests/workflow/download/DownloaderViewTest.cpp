@@ -223,6 +223,17 @@ TEST_F(DownloaderViewTest, DropsAPreviewThatComesTooLate)
     EXPECT_FALSE(view->previewURL());
 }
 
+TEST_F(DownloaderViewTest, ShowsNoPreviewOfTheVideoBefore)
+{
+    lookUp();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view->preview().player() != nullptr; }));
+    fake.onPreviewLookup(u"exit 1"_s);
+    lookUp();
+    settle();
+    EXPECT_EQ(view->preview().player(), nullptr);
+    EXPECT_FALSE(view->previewURL());
+}
+
 TEST_F(DownloaderViewTest, KeepsTheRangeOfMetadataWithoutADuration)
 {
     fake.onLookup(u"echo '{}'"_s);
