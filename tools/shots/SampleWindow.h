@@ -26,6 +26,8 @@ public:
     /// Looks up, confirms, and waits for the preview.
     void makeReady();
     void showRecord(int index);
+    /// A file saved just now, on top of the list.
+    void addRecord(const QString &title) { addRecord(title, 0, true, 1); }
     /// Lets everything that is on its way arrive, animations included.
     void settle(const std::function<bool()> &condition = {});
 
