@@ -19,11 +19,9 @@ ScrollPane::ScrollPane(QWidget *content, int maximumWidth, QWidget *parent)
 
 void ScrollPane::resizeEvent(QResizeEvent *event)
 {
-    // As margins, which layouts count when they ask for the height of wrapped texts. In the middle
-    // of the whole pane, so that the column stays in its place when the scroll bar comes.
-    const int left = std::max(0, (width() - m_maximumWidth) / 2);
-    const int right = std::max(0, viewport()->width() - left - m_maximumWidth);
-    widget()->setContentsMargins(left, 0, right, 0);
+    // As margins, which layouts count when they ask for the height of wrapped texts.
+    const int spare = std::max(0, width() - m_maximumWidth);
+    widget()->setContentsMargins(spare / 2, 0, spare - spare / 2, 0);
     QScrollArea::resizeEvent(event);
 }
 

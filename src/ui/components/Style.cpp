@@ -95,6 +95,9 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
         return 4;
     case PM_ScrollBarExtent:
         return scrollBarWidth;
+    // Over the content's margin, so that nothing moves or wraps anew when the bar comes.
+    case PM_ScrollView_ScrollBarOverlap:
+        return scrollBarWidth;
     case PM_ScrollView_ScrollBarSpacing:
         return 0;
     case PM_MenuHMargin:

@@ -5,6 +5,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/Glide.h"
 #include "ui/components/RenderJoiner.h"
+#include "ui/components/ScrollPane.h"
 #include "ui/components/WrappedLabel.h"
 #include "ui/downloader/AddressField.h"
 #include "ui/downloader/ConfirmationCard.h"
@@ -22,7 +23,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QScrollArea>
 #include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -91,7 +91,6 @@ QList<Button *> DownloaderScreen::barButtons() const
 void DownloaderScreen::makeColumn(PreviewViewFactory makePreviewView)
 {
     m_column = new QWidget;
-    m_column->setMaximumWidth(widestColumn);
     auto *rows = new QVBoxLayout(m_column);
     rows->setContentsMargins(padding, padding, padding, padding);
     // What may be missing brings the space above it along.
@@ -105,20 +104,7 @@ void DownloaderScreen::makeColumn(PreviewViewFactory makePreviewView)
     rows->addWidget(makeError());
     rows->addStretch(1);
 
-    auto *page = new QWidget;
-    auto *centre = new QHBoxLayout(page);
-    centre->setContentsMargins(0, 0, 0, 0);
-    centre->setSpacing(0);
-    // The column takes all room up to its greatest width, and the sides share what is left.
-    centre->addStretch(1);
-    centre->addWidget(m_column, 10'000);
-    centre->addStretch(1);
-
-    m_scroll = new QScrollArea;
-    m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setFocusPolicy(Qt::NoFocus);
-    m_scroll->setWidgetResizable(true);
-    m_scroll->setWidget(page);
+    m_scroll = new ScrollPane(m_column, widestColumn);
     auto *all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(m_scroll);

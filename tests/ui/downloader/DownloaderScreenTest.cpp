@@ -1,6 +1,7 @@
 #include "ScreenTest.h"
 #include "ui/components/Button.h"
 #include "ui/components/Picker.h"
+#include "ui/downloader/AddressField.h"
 #include "ui/downloader/LogSheet.h"
 
 #include <QApplication>
@@ -281,8 +282,11 @@ TEST_F(DownloaderScreenTest, nothingIsCutOffInTheSmallestWindow)
         u"\"title\":\"%1 %1\",\"duration\":360000,\"uploader\":\"%1\""_s.arg(word)));
     m_fake.onDownload(u"echo ERROR: /%1 >&2; exit 1"_s.arg(word));
     m_screen.resize(540, 468);
-    const auto check = [this](const char *what) {
+    settle();
+    const auto *field = m_screen.findChild<AddressField *>();
+    const auto check = [this, field, column = field->width()](const char *what) {
         settle();
+        EXPECT_EQ(field->width(), column) << what << ": the scroll bar took room";
         auto *scroll = m_screen.findChild<QScrollArea *>();
         EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 0) << what;
         const QRect pane(0, 0, scroll->viewport()->width(), 100'000);
