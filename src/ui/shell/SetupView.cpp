@@ -13,6 +13,8 @@
 #include <QHBoxLayout>
 #include <QShortcut>
 
+#include <algorithm>
+
 namespace clipwren {
 
 namespace {
@@ -20,7 +22,12 @@ namespace {
 constexpr int blockWidth = 480;
 constexpr int explanationWidth = 420;
 constexpr int sideMargin = 32;
+constexpr int topMargin = 60;
 constexpr int spacing = 20;
+// Where the window is too low for these.
+constexpr int leastMargin = 12;
+constexpr int leastSpacing = 10;
+constexpr int betweenElements = 5;
 constexpr int dividerInset = 36;
 
 const QString installCommand = QStringLiteral("brew install yt-dlp ffmpeg");
@@ -54,9 +61,7 @@ QWidget *SetupView::makeStack()
     explanation->setContentsMargins(inset, 0, inset, 0);
 
     auto *content = new QWidget;
-    auto *stack = new QVBoxLayout(content);
-    stack->setContentsMargins(sideMargin, 60, sideMargin, 0);
-    stack->setSpacing(spacing);
+    auto *stack = m_stack = new QVBoxLayout(content);
     stack->addStretch(1);
     stack->addWidget(new IconView(u"wrench.and.screwdriver", 44, Theme::Color::Accent), 0,
                      Qt::AlignHCenter);
@@ -69,6 +74,26 @@ QWidget *SetupView::makeStack()
     stack->addWidget(makeRecheckButton(), 0, Qt::AlignHCenter);
     stack->addStretch(1);
     return content;
+}
+
+void SetupView::resizeEvent(QResizeEvent *event)
+{
+    m_stack->setContentsMargins(sideMargin, topMargin, sideMargin, 0);
+    m_stack->setSpacing(spacing);
+    const int needed = m_stack->totalHeightForWidth(width()) + leastMargin;
+    if (needed > height()) {
+        // The button that leads on is to stay in view also in the lowest window.
+        constexpr double spare =
+            topMargin - leastMargin + betweenElements * (spacing - leastSpacing);
+        const double share = std::min(1.0, (needed - height()) / spare);
+        const auto shrunk = [share](int most, int least) {
+            return static_cast<int>(most - share * (most - least));
+        };
+        m_stack->setContentsMargins(sideMargin, shrunk(topMargin, leastMargin), sideMargin,
+                                    leastMargin);
+        m_stack->setSpacing(shrunk(spacing, leastSpacing));
+    }
+    DetailScreen::resizeEvent(event);
 }
 
 QWidget *SetupView::makeStatusBox()

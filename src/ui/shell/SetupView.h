@@ -2,6 +2,8 @@
 
 #include "ui/shell/DetailScreen.h"
 
+class QVBoxLayout;
+
 namespace clipwren {
 
 class Desktop;
@@ -19,6 +21,9 @@ public:
     QString barTitle() const override { return {}; }
     QList<Button *> barButtons() const override { return {}; }
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     QWidget *makeStack();
     QWidget *makeStatusBox();
@@ -31,6 +36,7 @@ private:
     ToolStatusRow *m_ytDlp;
     ToolStatusRow *m_ffmpeg;
     ToolStatusRow *m_ffprobe;
+    QVBoxLayout *m_stack = nullptr;
 };
 
 } // namespace clipwren
