@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class QVBoxLayout;
+
 namespace clipwren {
 
 class ElidedLabel;
@@ -20,6 +22,7 @@ public:
 private:
     Label *m_label;
     ElidedLabel *m_value;
+    QVBoxLayout *m_valuePlace;
 };
 
 } // namespace clipwren
