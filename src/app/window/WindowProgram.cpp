@@ -16,6 +16,7 @@
 #include "ui/player/PlayerModule.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QTimer>
 
 #include <cstdio>
@@ -79,6 +80,10 @@ int runWindow(const QString &address)
     window.show();
     // The tools take longer to start than the window, and would do so at its expense.
     QTimer::singleShot(afterFirstFrame, &tools, &ToolEnvironment::readVersions);
+    // Where no entry of the desktop brings a symbol. Drawing it takes time, too.
+    QTimer::singleShot(afterFirstFrame, &window, [] {
+        QApplication::setWindowIcon(QIcon(QStringLiteral(":/desktop/clipwren.svg")));
+    });
     if (!address.isEmpty())
         window.content().lookUp(address);
     return QApplication::exec();
