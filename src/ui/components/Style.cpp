@@ -114,6 +114,9 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
     // The ring is drawn with smooth corners, which a mask would cut.
     if (hint == SH_FocusFrame_Mask)
         return 0;
+    // In the pane or window: the control's own place would cut what reaches out of it.
+    if (hint == SH_FocusFrame_AboveWidget)
+        return 1;
     if (hint == SH_ScrollBar_LeftClickAbsolutePosition)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, returned);

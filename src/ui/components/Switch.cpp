@@ -15,6 +15,7 @@ constexpr QSize track(32, 19);
 constexpr int knobInset = 2;
 constexpr int gap = 8;
 constexpr int symbolSize = 16;
+constexpr int ringRoom = 4; // behind the text
 
 } // namespace
 
@@ -43,7 +44,7 @@ QSize Switch::sizeHint() const
     if (!m_icon.isNull())
         width += gap + symbolSize;
     if (!text().isEmpty())
-        width += gap + fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+        width += gap + fontMetrics().size(Qt::TextShowMnemonic, text()).width() + ringRoom;
     return {width, std::max(track.height(), fontMetrics().height())};
 }
 
