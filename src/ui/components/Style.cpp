@@ -4,6 +4,7 @@
 #include "ui/components/Painting.h"
 #include "ui/components/Theme.h"
 
+#include <QMenu>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -157,7 +158,7 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption *option, con
         return {contents.width(), 9};
     const bool iconColumn = item->maxIconWidth > 0 || item->menuHasCheckableItems;
     const QStringList parts = item->text.split(u'\t');
-    int width = 2 * menuPadding + (iconColumn ? menuIconSize + menuIconGap : 0);
+    int width = 2 * (menuPadding + menuInset) + (iconColumn ? menuIconSize + menuIconGap : 0);
     for (const QString &part : parts)
         width +=
             item->fontMetrics.boundingRect({}, Qt::TextShowMnemonic, part).width() + menuIconGap;
@@ -185,8 +186,14 @@ void Style::drawControl(ControlElement element, const QStyleOption *option, QPai
 {
     const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
     if (element == CE_MenuItem && item) {
+        QStyleOptionMenuItem place = *item;
         painter->save();
-        drawMenuItem(*item, *painter);
+        // A menu paints its ground and keeps items off its frame by itself, a picker's list not.
+        if (!qobject_cast<const QMenu *>(widget)) {
+            painter->fillRect(place.rect, Theme::current().color(Theme::Color::Card));
+            place.rect.adjust(menuInset, 0, -menuInset, 0);
+        }
+        drawMenuItem(place, *painter);
         painter->restore();
     } else if (element != CE_MenuEmptyArea) {
         QProxyStyle::drawControl(element, option, painter, widget);
