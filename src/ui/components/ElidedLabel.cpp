@@ -29,8 +29,9 @@ void ElidedLabel::setFullText(const QString &text)
     m_fullText = text;
     m_line = text.simplified();
     setAccessibleName(m_line);
+    // Where the texts around it start; a label by itself would go by its letters.
     setAlignment(Qt::AlignAbsolute | Qt::AlignVCenter
-                 | (m_line.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
+                 | (isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
     cut();
     updateGeometry();
 }

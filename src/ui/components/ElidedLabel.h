@@ -7,8 +7,7 @@ namespace clipwren {
 /// One line of text that is shortened with an ellipsis where room is short.
 ///
 /// The whole text shows in a tool tip while it is cut, is what assistive tools read, and is what
-/// copying takes. A text written from right to left stands at the right. Line breaks become
-/// spaces.
+/// copying takes. Line breaks become spaces.
 class ElidedLabel : public Label {
     Q_OBJECT
 public:

@@ -85,15 +85,19 @@ void WrappedLabel::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
     const bool rightToLeft = text().isRightToLeft();
+    const bool isCentred = alignment().testFlag(Qt::AlignHCenter);
     painter.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    const double share = alignment() & Qt::AlignHCenter ? 0.5 : rightToLeft ? 1 : 0;
     const QFontMetricsF metrics(font());
     const QStringList lines = linesAt(width()).texts;
+    double widest = 0;
+    for (const QString &line : lines)
+        widest = std::max(widest, metrics.horizontalAdvance(line));
     const int top = (height() - static_cast<int>(lines.size()) * lineHeight()) / 2;
     // By the base line, which a rectangle would lower for the letters of another font.
     double baseLine = std::max(top, 0) + m_overshoot + metrics.ascent();
     for (const QString &line : lines) {
-        const double left = (width() - metrics.horizontalAdvance(line)) * share;
+        const double spare = widest - metrics.horizontalAdvance(line);
+        const double left = (isCentred ? (width() - widest + spare) / 2 : rightToLeft ? spare : 0);
         painter.drawText(QPointF(left, baseLine), line);
         baseLine += lineHeight();
     }

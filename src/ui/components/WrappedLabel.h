@@ -6,8 +6,8 @@ namespace clipwren {
 
 /// A text over several lines. Words longer than a line are broken, so that no address or path
 /// makes the window wider; what is beyond the last line allowed ends in an ellipsis and shows
-/// whole in a tool tip. A text written from right to left stands at the right, unless the label
-/// is centred.
+/// whole in a tool tip. Lines written from right to left are flush at their right, but start where
+/// the texts around them do.
 class WrappedLabel : public Label {
     Q_OBJECT
 public:

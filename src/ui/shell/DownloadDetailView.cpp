@@ -93,7 +93,10 @@ QWidget *DownloadDetailView::makeColumn()
     m_revealFolder->setSize(Button::Size::Small);
 
     auto *header = blocks(6);
-    header->addWidget(m_title);
+    auto *titleRow = new QHBoxLayout;
+    titleRow->addWidget(m_title, 1);
+    titleRow->addStretch(0);
+    header->addLayout(titleRow);
     header->addWidget(m_address);
     m_media->addWidget(m_missing);
     auto *information = blocks(14);
@@ -201,6 +204,10 @@ void DownloadDetailView::runInspection()
 void DownloadDetailView::render()
 {
     m_title->setBreakableText(m_record.title);
+    // Flush at its right, but not far from what is below it.
+    m_title->setMaximumWidth(m_record.title.isRightToLeft()
+                                 ? m_title->fontMetrics().horizontalAdvance(m_title->text()) + 4
+                                 : QWIDGETSIZE_MAX);
     m_address->setFullText(m_record.sourceURL);
     renderPlayer();
 

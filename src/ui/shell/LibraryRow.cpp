@@ -41,9 +41,12 @@ int drawLine(QPainter &painter, const QRect &place, Qt::LayoutDirection directio
 {
     const QFontMetrics metrics(painter.font());
     const QString shown = metrics.elidedText(text, Qt::ElideRight, place.width());
+    // Else the ellipsis of a text from right to left would stand before it.
+    painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter.drawText(place,
                      static_cast<int>(QStyle::visualAlignment(direction, Qt::AlignLeft))
-                         | static_cast<int>(Qt::AlignVCenter) | Qt::TextSingleLine,
+                         | static_cast<int>(Qt::AlignAbsolute | Qt::AlignVCenter)
+                         | Qt::TextSingleLine | Qt::TextDontClip,
                      shown);
     return metrics.horizontalAdvance(shown);
 }
