@@ -18,6 +18,7 @@ struct Metrics {
     int radius;
     int padding; // on the left and right
     int square; // side of a button with a symbol alone
+    int loneSymbol;
 };
 
 struct Content {
@@ -27,8 +28,8 @@ struct Content {
 };
 
 // Each by size: small, regular, large.
-constexpr std::array metricsTable = {Metrics{24, 6, 11, 22}, Metrics{29, 7, 13, 28},
-                                     Metrics{37, 9, 19, 32}};
+constexpr std::array metricsTable = {Metrics{24, 6, 11, 22, 16}, Metrics{29, 7, 13, 28, 16},
+                                     Metrics{37, 9, 19, 32, 18}};
 constexpr std::array contentTable = {
     Content{14, 5, Theme::TextStyle::CalloutLabel},
     Content{14, 5, Theme::TextStyle::Label},
@@ -39,7 +40,6 @@ constexpr std::array prominentTable = {
     Content{16, 7, Theme::TextStyle::Strong},
     Content{16, 8, Theme::TextStyle::LargeButton},
 };
-constexpr int loneSymbolSize = 16;
 
 const Metrics &metricsOf(Button::Size size)
 {
@@ -197,7 +197,8 @@ void Button::paintEvent(QPaintEvent *)
     if (m_style == Style::Borderless && !text().isEmpty() && isDown())
         ink = faded(ink, 0.6);
     if (text().isEmpty()) {
-        QRectF place(0, 0, loneSymbolSize, loneSymbolSize);
+        const int side = metricsOf(m_size).loneSymbol;
+        QRectF place(0, 0, side, side);
         place.moveCenter(QRectF(rect()).center());
         m_symbol.paint(painter, place, ink);
         return;

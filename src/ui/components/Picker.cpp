@@ -18,7 +18,7 @@ constexpr int rowHeight = 30;
 constexpr int radius = 7;
 constexpr int padding = 13;
 constexpr int symbolSize = 16;
-constexpr int gap = 4;
+constexpr int gap = 6;
 constexpr int chevronSize = 14;
 constexpr int chevronGap = 6;
 

@@ -77,9 +77,9 @@ struct TextRow {
 };
 
 constexpr std::array textRows = {
-    TextRow{TextStyle::Title, 26, QFont::DemiBold},
+    TextRow{TextStyle::Title, 26, QFont::DemiBold, Family::System, false, -0.26},
     TextRow{TextStyle::Heading, 22, QFont::DemiBold},
-    TextRow{TextStyle::SidebarTitle, 16, QFont::Bold},
+    TextRow{TextStyle::SidebarTitle, 15, QFont::Bold},
     TextRow{TextStyle::Headline, 16, QFont::Medium},
     TextRow{TextStyle::BarTitle, 15, QFont::DemiBold},
     TextRow{TextStyle::LargeButton, 14, QFont::DemiBold},
@@ -222,7 +222,7 @@ QFont Theme::font(TextStyle style)
         font.setFamilies(systemFamilies());
     font.setPixelSize(row.pixels);
     font.setWeight(row.weight);
-    if (row.letterSpacing > 0)
+    if (row.letterSpacing != 0)
         font.setLetterSpacing(QFont::AbsoluteSpacing, row.letterSpacing);
     return font;
 }

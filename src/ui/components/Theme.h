@@ -65,9 +65,9 @@ public:
     };
 
     enum class TextStyle : std::uint8_t {
-        Title, ///< 26 semibold
+        Title, ///< 26 semibold, letters a little closer
         Heading, ///< 22 semibold
-        SidebarTitle, ///< 16 bold
+        SidebarTitle, ///< 15 bold
         Headline, ///< 16 medium
         BarTitle, ///< 15 semibold
         LargeButton, ///< 14 semibold

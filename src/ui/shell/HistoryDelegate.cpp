@@ -15,9 +15,9 @@ namespace clipwren {
 
 namespace {
 
-constexpr int buttonSize = 16;
+constexpr int buttonSize = 18;
 constexpr int buttonGap = 10;
-// A picture of 16 pixels is hard to hit.
+// A picture of 18 pixels is hard to hit.
 constexpr int buttonMargin = 6;
 
 QRect buttonPlace(const QStyleOptionViewItem &option)
@@ -41,7 +41,6 @@ LibraryRow rowOf(const QStyleOptionViewItem &option, const HistoryListModel &mod
     const auto *list = qobject_cast<const LibraryListView *>(option.widget);
     LibraryRow row;
     row.icon = u"clock.arrow.circlepath";
-    row.iconSize = 13;
     row.title = entry.title;
     row.detail = model.dateText(entry);
     row.detailTail = HistoryListModel::countText(entry);

@@ -20,7 +20,7 @@ constexpr int padding = 8;
 constexpr qreal radius = 8;
 constexpr QSize iconBoxSize(44, 30);
 constexpr qreal iconBoxRadius = 6;
-constexpr int spinnerSize = 16;
+constexpr int iconSize = 16;
 constexpr int gap = 10;
 constexpr int lineGap = 2;
 constexpr int tailGap = 4;
@@ -112,8 +112,8 @@ void LibraryRow::paintIconBox(QPainter &painter, const QRect &box) const
     const Theme &theme = Theme::current();
     paintBox(painter, box, iconBoxRadius,
              theme.color(selected ? Theme::Color::OnAccentFaint : Theme::Color::Quaternary));
-    const int size = spinnerDegrees ? spinnerSize : iconSize;
-    const QRect place(box.center() - QPoint(size / 2 - 1, size / 2 - 1), QSize(size, size));
+    const QRect place(box.center() - QPoint(iconSize / 2 - 1, iconSize / 2 - 1),
+                      QSize(iconSize, iconSize));
     const QColor ink = theme.color(selected ? Theme::Color::OnAccent : Theme::Color::Secondary);
     if (spinnerDegrees)
         paintSpinner(painter, place, *spinnerDegrees, ink);

@@ -14,7 +14,6 @@ namespace clipwren {
 /// lists cost no more than what is on screen.
 struct LibraryRow {
     Icon icon;
-    int iconSize = 14;
     std::optional<int> spinnerDegrees = std::nullopt; ///< a spinner in the icon's place
     QString title;
     QString detail;

@@ -62,10 +62,11 @@ SidebarView::SidebarView(DownloadStore &store, HistoryStore &history, const Tool
 QLayout *SidebarView::makeHeader(Desktop &desktop)
 {
     auto *folder = Button::iconOnly(u"folder", tr("Open downloads folder in Finder"));
+    folder->setSize(Button::Size::Large);
     connect(folder, &Button::clicked, this,
             [&desktop] { desktop.reveal(DownloadStore::defaultDownloadDirectory()); });
     auto *header = new QHBoxLayout;
-    header->setContentsMargins(16, 10, 14, 0);
+    header->setContentsMargins(16, 10, 12, 0);
     header->addWidget(
         new Label(Theme::TextStyle::SidebarTitle, Theme::Color::Text, QStringLiteral("Clipwren")));
     header->addStretch(1);

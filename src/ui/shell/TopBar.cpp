@@ -28,12 +28,15 @@ TopBar::TopBar(QMenu &menu, QWidget *parent)
             more->mapToGlobal(QPoint(more->width() - menu.sizeHint().width(), more->height() + 4)));
     });
 
+    for (Button *button : {sidebar, more})
+        button->setSize(Button::Size::Large);
+
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(16, 0, 16, 1);
-    row->setSpacing(8);
+    row->setContentsMargins(14, 0, 14, 1);
+    row->setSpacing(6);
     row->addWidget(sidebar);
     row->addWidget(m_title, 1);
-    m_buttons->setSpacing(2);
+    m_buttons->setSpacing(0);
     row->addLayout(m_buttons);
     row->addWidget(more);
 }
@@ -58,6 +61,7 @@ void TopBar::setScreen(DetailScreen *screen)
     connect(screen, &DetailScreen::barTitleChanged, this, showTitle);
     showTitle();
     for (Button *button : screen->barButtons()) {
+        button->setSize(Button::Size::Large);
         m_buttons->addWidget(button);
         button->show();
     }
