@@ -124,6 +124,8 @@ QLayout *DownloadDetailView::makeInformationHeading()
     row->addWidget(new Label(Theme::TextStyle::Subheadline, Theme::Color::Text, tr("Information")));
     row->addStretch(1);
     row->addWidget(m_pill);
+    // What is below stays in its place when the pill comes.
+    row->addStrut(m_pill->sizeHint().height());
     return row;
 }
 
@@ -206,7 +208,7 @@ void DownloadDetailView::render()
     m_title->setBreakableText(m_record.title);
     // Flush at its right, but not far from what is below it.
     m_title->setMaximumWidth(m_record.title.isRightToLeft()
-                                 ? m_title->fontMetrics().horizontalAdvance(m_title->text()) + 4
+                                 ? m_title->fontMetrics().horizontalAdvance(m_title->text()) + 1
                                  : QWIDGETSIZE_MAX);
     m_address->setFullText(m_record.sourceURL);
     renderPlayer();
