@@ -53,6 +53,8 @@ FieldBox *AddressField::makeBox()
     m_box->addTrailing(m_clear);
 
     m_paste = new Button(Button::Style::Borderless, tr("Paste"));
+    // As even as the box, or it would stand a pixel above the address.
+    m_paste->setFixedHeight(28);
     m_paste->setToolTip(tr("Paste an address and look it up (Ctrl+Shift+V)"));
     connect(m_paste, &Button::clicked, &m_view, &DownloaderView::paste);
     m_box->addTrailing(m_paste);
