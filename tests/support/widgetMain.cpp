@@ -1,13 +1,44 @@
 #include "support/LeakCheck.h"
+#include "ui/components/Theme.h"
 
+#include <QAccessible>
 #include <QApplication>
+#include <QDBusConnection>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QThreadPool>
 
 #include <gmock/gmock.h>
+#include <memory>
 
 namespace {
+
+/// Opens what Qt keeps open from its first use of windows, buses and the network, so that no test
+/// seems to leak it.
+void openWhatQtKeeps()
+{
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    std::ignore = QTest::qWaitForWindowActive(&window);
+
+    const auto bus = QStringLiteral("first");
+    QDBusConnection::connectToBus(QStringLiteral("unix:path=/nonexistent"), bus);
+    QDBusConnection::disconnectFromBus(bus);
+    // Assistive tools are reached over the session's bus, which is kept.
+    QDBusConnection::sessionBus();
+    QAccessible::queryAccessibleInterface(&window);
+    QCoreApplication::processEvents();
+
+    QNetworkAccessManager network;
+    const std::unique_ptr<QNetworkReply> reply(
+        network.get(QNetworkRequest(QUrl(QStringLiteral("http://127.0.0.1:1/")))));
+    QSignalSpy(reply.get(), &QNetworkReply::finished).wait();
+}
 
 /// Ends what still runs in the background before the leak check looks.
 class BackgroundEnds : public testing::EmptyTestEventListener {
@@ -35,6 +66,10 @@ int main(int argc, char *argv[])
     QStandardPaths::setTestModeEnabled(true);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    clipwren::Theme theme;
+    // Nobody waits for animations, except who tests them.
+    theme.forceReducedMotion(true);
+    openWhatQtKeeps();
     auto &listeners = testing::UnitTest::GetInstance()->listeners();
     listeners.Append(new clipwren::test::LeakCheck);
     // Listeners hear of a test's end in reverse order.

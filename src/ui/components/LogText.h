@@ -16,8 +16,6 @@ public:
 
     /// Replaces what is shown. Beside the user interface nothing is done to the text.
     void setLog(const QString &log);
-    /// True until the last piece of the log is there.
-    bool isFilling() const { return m_filling.isActive(); }
 
 protected:
     QMimeData *createMimeDataFromSelection() const override;

@@ -3,12 +3,8 @@
 #include "ui/player/SafeVideoPlayer.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAction>
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QLabel>
-#include <QMenu>
 #include <QTest>
 
 namespace clipwren::test {
@@ -31,7 +27,6 @@ WindowFixture::WindowFixture()
     : store(m_folder.filePath(u"library"_s)), history(m_folder.filePath(u"library"_s)),
       players({QStringLiteral(CLIPWREN_PLAYER_FOLDER)})
 {
-    m_theme.forceReducedMotion(true);
 }
 
 WindowFixture::~WindowFixture()
@@ -43,7 +38,6 @@ WindowFixture::~WindowFixture()
 void WindowFixture::SetUpTestSuite()
 {
     const SampleSite site;
-    Theme theme;
     PlayerModule players({QStringLiteral(CLIPWREN_PLAYER_FOLDER)});
     SafeVideoPlayer pane(players);
     pane.resize(640, 360);
@@ -109,29 +103,6 @@ QStringList WindowFixture::texts() const
 bool WindowFixture::awaitText(const QString &part, int milliseconds)
 {
     return QTest::qWaitFor([&] { return !texts().filter(part).isEmpty(); }, milliseconds);
-}
-
-void WindowFixture::openRowMenu(QAbstractItemView *list, int row)
-{
-    const QPoint place = list->visualRect(list->model()->index(row, 0)).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, place, list->viewport()->mapToGlobal(place));
-    QApplication::sendEvent(list->viewport(), &event);
-}
-
-void WindowFixture::chooseFromMenu(const QString &item)
-{
-    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
-    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    for (QAction *action : menu->actions()) {
-        if (action->text() != item)
-            continue;
-        ASSERT_TRUE(action->isEnabled()) << item.toStdString();
-        QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
-                          menu->actionGeometry(action).center());
-        return;
-    }
-    FAIL() << "no item " << item.toStdString();
 }
 
 } // namespace clipwren::test

@@ -6,8 +6,6 @@
 #include "core/process/ToolEnvironment.h"
 #include "support/RecordingDesktop.h"
 #include "support/SampleSite.h"
-#include "ui/components/Style.h"
-#include "ui/components/Theme.h"
 #include "ui/player/PlayerModule.h"
 
 #include <QTemporaryDir>
@@ -16,7 +14,6 @@
 #include <memory>
 #include <optional>
 
-class QAbstractItemView;
 class QWidget;
 
 namespace clipwren::test {
@@ -44,12 +41,8 @@ protected:
     /// All texts that can be read in the window.
     QStringList texts() const;
     bool awaitText(const QString &part, int milliseconds = 60'000);
-    /// Takes an item of the menu that is open, or of the list's menu for a row.
-    void chooseFromMenu(const QString &item);
-    void openRowMenu(QAbstractItemView *list, int row);
 
     QTemporaryDir m_folder;
-    Theme m_theme;
     DownloadStore store;
     HistoryStore history;
     std::optional<ToolEnvironment> tools;

@@ -1,6 +1,7 @@
 #include "core/media/FfmpegService.h"
 #include "e2e/window/WindowFixture.h"
 #include "support/FakeTool.h"
+#include "support/Widgets.h"
 #include "ui/player/SafeVideoPlayer.h"
 #include "ui/shell/HistoryList.h"
 #include "ui/shell/LibraryListView.h"
@@ -94,7 +95,7 @@ TEST_F(WindowTest, TakesAVideoFromTheAddressToTheLibraryAndBack)
     EXPECT_EQ(desktop.log, QStringList{u"sound"_s});
 
     // Re-encode.
-    openRowMenu(recents(), recents()->model()->rowCount() - 1);
+    openRowMenu(*recents(), recents()->model()->rowCount() - 1);
     chooseFromMenu(u"Make QuickTime-compatible (re-encode)"_s);
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return store.records().first().filePath.contains(u"— QT.mp4"_s); }, 60'000));
@@ -103,7 +104,7 @@ TEST_F(WindowTest, TakesAVideoFromTheAddressToTheLibraryAndBack)
 
     // Again, from the history.
     click(u"History"_s);
-    openRowMenu(historyRows(), historyRows()->model()->rowCount() - 1);
+    openRowMenu(*historyRows(), historyRows()->model()->rowCount() - 1);
     chooseFromMenu(u"Re-download"_s);
     await(u"Is this the right video?"_s);
     EXPECT_FALSE(window().content().sidebar().selection());
@@ -114,7 +115,7 @@ TEST_F(WindowTest, TakesAVideoFromTheAddressToTheLibraryAndBack)
     EXPECT_TRUE(history.entries().isEmpty());
     EXPECT_TRUE(awaitText(u"Nothing downloaded yet"_s));
     click(u"Recent"_s);
-    openRowMenu(recents(), recents()->model()->rowCount() - 1);
+    openRowMenu(*recents(), recents()->model()->rowCount() - 1);
     chooseFromMenu(u"Remove from List"_s);
     EXPECT_TRUE(store.records().isEmpty());
     EXPECT_TRUE(awaitText(u"No downloads yet"_s));

@@ -1,5 +1,7 @@
+#include "support/Printing.h"
 #include "ui/components/DigitText.h"
 #include "ui/components/ElidedLabel.h"
+#include "ui/components/WrappedLabel.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -7,89 +9,110 @@
 
 #include <gtest/gtest.h>
 
-using namespace clipwren;
-
+namespace clipwren {
 namespace {
 
-const auto longText = QStringLiteral("/home/somebody/Movies/Clipwren/Building a tide clock.mp4");
+using namespace Qt::StringLiterals;
 
-ElidedLabel *shownLabel(QWidget &window, const QString &text, int width)
+const auto longText = u"/home/somebody/Movies/Clipwren/Building a tide clock.mp4"_s;
+
+struct ElidedLabelTest : testing::Test {
+    QWidget window;
+    ElidedLabel label{Theme::TextStyle::Body, Theme::Color::Text, longText, &window};
+
+    ElidedLabelTest()
+    {
+        label.resize(120, 20);
+        window.show();
+    }
+};
+
+/// What copying some marked letters takes.
+QString copied(Label &label, int from, qsizetype length)
 {
-    auto *label = new ElidedLabel(Theme::TextStyle::Body, Theme::Color::Text, text, &window);
-    label->resize(width, 20);
-    window.show();
-    return label;
+    label.setSelectable(true);
+    label.setSelection(from, static_cast<int>(length));
+    QTest::keyClick(&label, Qt::Key_C, Qt::ControlModifier);
+    return QGuiApplication::clipboard()->text();
 }
 
-} // namespace
-
-TEST(ElidedLabelTest, cutsOnlyWhatDoesNotFitAndKeepsTheWholeForToolTipAndName)
+TEST_F(ElidedLabelTest, cutsOnlyWhatDoesNotFitAndKeepsTheWholeForToolTipNameAndCopies)
 {
-    QWidget window;
-    ElidedLabel *label = shownLabel(window, longText, 120);
-    EXPECT_TRUE(label->text().endsWith(QChar(0x2026)));
-    EXPECT_TRUE(label->toolTip().contains(longText));
-    EXPECT_EQ(label->accessibleName(), longText);
+    EXPECT_TRUE(label.text().endsWith(QChar(0x2026)));
+    EXPECT_TRUE(label.toolTip().contains(longText));
+    EXPECT_EQ(label.accessibleName(), longText);
+    EXPECT_EQ(copied(label, 0, label.text().size()), longText);
 
-    label->setElideMode(Qt::ElideMiddle);
-    EXPECT_TRUE(label->text().endsWith(QStringLiteral(".mp4")));
+    label.setElideMode(Qt::ElideMiddle);
+    EXPECT_TRUE(label.text().endsWith(u".mp4"));
 
-    label->resize(label->sizeHint());
-    EXPECT_EQ(label->text(), longText);
-    EXPECT_EQ(label->toolTip(), QString());
+    label.resize(label.sizeHint());
+    EXPECT_EQ(label.text(), longText);
+    EXPECT_EQ(label.toolTip(), QString());
+    EXPECT_EQ(copied(label, 1, 4), u"home");
 }
 
-TEST(ElidedLabelTest, copyingACutTextTakesTheWhole)
+TEST_F(ElidedLabelTest, takesNothingForMarkupAndLineBreaksForSpaces)
 {
-    QWidget window;
-    ElidedLabel *label = shownLabel(window, longText, 120);
-    label->setSelectable(true);
-    label->setSelection(0, static_cast<int>(label->text().size()));
-    QTest::keyClick(label, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), longText);
+    label.setFullText(u"<img src='file:///etc/passwd'>\nsecond line"_s);
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    EXPECT_FALSE(label.toolTip().contains(u"<img"));
+    label.resize(label.sizeHint());
+    EXPECT_EQ(label.text(), u"<img src='file:///etc/passwd'> second line");
 }
 
-TEST(ElidedLabelTest, copyingAWholeTextTakesTheMarkedPart)
+TEST_F(ElidedLabelTest, givesOtherScriptsTheirSideAndTheirHeight)
 {
-    QWidget window;
-    ElidedLabel *label = shownLabel(window, longText, 900);
-    label->setSelectable(true);
-    label->setSelection(1, 4);
-    QTest::keyClick(label, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("home"));
+    const auto hebrew = u"\u05E9\u05E2\u05D5\u05DF"_s;
+    const auto arabic = u"\u0633\u0627\u0639\u0629 \u062C\u064A"_s;
+    label.setFullText(hebrew);
+    // On the side where its picture stands.
+    EXPECT_EQ(label.alignment(), Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter);
+
+    // Their letters come from another font and reach below its line.
+    label.setFullText(arabic);
+    const QFontMetricsF metrics(label.font());
+    const QRectF ink = metrics.tightBoundingRect(arabic);
+    EXPECT_GE(label.sizeHint().height() / 2.0,
+              ink.bottom() + metrics.height() / 2 - metrics.descent());
 }
 
-TEST(ElidedLabelTest, takesNothingForMarkupAndLineBreaksForSpaces)
+TEST(WrappedLabelTest, breaksLongWordsAndEndsInAnEllipsis)
 {
-    QWidget window;
-    ElidedLabel *label =
-        shownLabel(window, QStringLiteral("<img src='file:///etc/passwd'>\nsecond line"), 90);
-    EXPECT_EQ(label->textFormat(), Qt::PlainText);
-    EXPECT_FALSE(label->toolTip().contains(QStringLiteral("<img")));
-    label->resize(label->sizeHint());
-    EXPECT_EQ(label->text(), QStringLiteral("<img src='file:///etc/passwd'> second line"));
+    WrappedLabel label(Theme::TextStyle::Caption, Theme::Color::Text, 2);
+    label.setText(QString(300, u'w'));
+    EXPECT_LE(label.minimumSizeHint().width(), 40);
+    EXPECT_EQ(label.heightForWidth(200), 2 * label.fontMetrics().height());
+    label.resize(200, 50);
+    label.show();
+    EXPECT_FALSE(label.toolTip().isEmpty());
+    label.resize(10'000, 50);
+    EXPECT_TRUE(label.toolTip().isEmpty());
+    EXPECT_EQ(label.heightForWidth(10'000), label.fontMetrics().height());
 }
 
-TEST(ElidedLabelTest, aTextFromRightToLeftStandsBesideItsPicture)
+TEST(LabelTest, breaksLongWordsButCopiesThemWhole)
 {
-    QWidget window;
-    ElidedLabel *label = shownLabel(window, QStringLiteral("\u05E9\u05E2\u05D5\u05DF"), 300);
-    EXPECT_EQ(label->alignment(), Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter);
+    const QString word = u"No /"_s + QString(300, u'w') + u"\nmore"_s;
+    Label label(Theme::TextStyle::Callout);
+    label.setWordWrap(true);
+    label.setBreakableText(word);
+    EXPECT_LT(label.minimumSizeHint().width(), 300);
+    EXPECT_EQ(copied(label, 0, label.text().size()), word);
 }
 
 TEST(LabelTest, markdownShowsEmphasisAndNoMarkup)
 {
     Label label(Theme::TextStyle::Callout);
-    label.setMarkdown(QStringLiteral("open in **VLC** or *IINA* <b>now</b>"));
-    EXPECT_EQ(label.text(),
-              QStringLiteral("open in <b>VLC</b> or <i>IINA</i> &lt;b&gt;now&lt;/b&gt;"));
+    label.setMarkdown(u"open in **VLC** or *IINA* <b>now</b>"_s);
+    EXPECT_EQ(label.text(), u"open in <b>VLC</b> or <i>IINA</i> &lt;b&gt;now&lt;/b&gt;");
 }
 
 TEST(DigitTextTest, numbersOfEqualLengthAreEquallyWide)
 {
     const QFont font = Theme::font(Theme::TextStyle::Time);
-    EXPECT_EQ(DigitText(QStringLiteral("1:11"), font).width(),
-              DigitText(QStringLiteral("8:04"), font).width());
-    EXPECT_EQ(DigitText(QStringLiteral("no digits"), font).width(),
-              QFontMetricsF(font).horizontalAdvance(QStringLiteral("no digits")));
+    EXPECT_EQ(DigitText(u"1:11"_s, font).width(), DigitText(u"8:04"_s, font).width());
 }
+
+} // namespace
+} // namespace clipwren

@@ -1,10 +1,15 @@
 #pragma once
 
 #include "support/FakeDownloader.h"
+#include "support/Printing.h"
+#include "support/Widgets.h"
 #include "ui/downloader/DownloaderScreen.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
 #include <QLineEdit>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -13,30 +18,78 @@ namespace clipwren::test {
 /// A shown, active downloader screen over fake tools, found its way about by what a user sees.
 class ScreenTest : public testing::Test {
 protected:
-    ScreenTest();
+    ScreenTest()
+    {
+        // No picture, so that nothing is fetched from the net.
+        m_fake.onLookup(metadata(
+            QStringLiteral("\"title\":\"Talk\",\"duration\":60.5,\"uploader\":\"Someone\"")));
+        m_screen.resize(840, 900);
+        showWindow(m_screen);
+    }
+    static QString metadata(const QString &fields)
+    {
+        return QStringLiteral("echo '[site] abc: Downloading webpage' >&2; echo '{%1,\"formats\":["
+                              "{\"vcodec\":\"vp9\",\"acodec\":\"none\",\"height\":2160},"
+                              "{\"vcodec\":\"avc1\",\"acodec\":\"none\",\"height\":1080}]}'")
+            .arg(fields);
+    }
 
     /// Puts an address in and looks it up, up to a phase.
-    void lookUp(Phase phase = Phase::confirming);
+    void lookUp(Phase phase = Phase::confirming)
+    {
+        m_view.setUrlText(QStringLiteral("https://site.example/watch?v=1"));
+        m_view.fetchInfo(false);
+        EXPECT_TRUE(reaches(m_view, phase));
+        settle();
+    }
     /// Up to the choice of format and title.
-    void getReady();
-    /// Lets the screen render what changed.
-    static void settle();
+    void getReady()
+    {
+        lookUp();
+        m_view.confirm();
+        settle();
+    }
+    /// Lets the screen render what changed, then the layouts that this changed.
+    static void settle()
+    {
+        for (int turn = 0; turn < 4; ++turn)
+            QCoreApplication::processEvents();
+    }
 
-    /// The texts and names on the screen from top to bottom, without those of others in a row.
-    QStringList shownTexts() const;
-    bool shows(const QString &text) const { return shownTexts().contains(text); }
+    QString texts() const { return shownTexts(m_screen).join(u' '); }
+    bool shows(const QString &text) const { return test::shows(m_screen, text); }
     /// The button that is shown with a text or name; null when there is none.
-    QAbstractButton *button(const QString &name) const;
-    QLineEdit *field(const QString &name) const;
-    void click(const QString &name) const;
-    void press(QWidget *where, int key, Qt::KeyboardModifiers modifiers = {}) const;
+    QAbstractButton *button(const QString &name) const
+    {
+        return shown<QAbstractButton>(m_screen, name);
+    }
+    QLineEdit *field(const QString &name) const { return shown<QLineEdit>(m_screen, name); }
+    void click(const QString &name) const
+    {
+        ASSERT_TRUE(button(name)) << name.toStdString();
+        QTest::mouseClick(button(name), Qt::LeftButton);
+        settle();
+    }
+    static void press(QWidget *where, Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(where, key, modifiers);
+        settle();
+    }
+    /// Where the focus is.
+    static void press(Qt::Key key) { press(QApplication::focusWidget(), key); }
 
-    static QString metadata(const QString &fields);
-
+    const QString m_folder = QDir::homePath() + QStringLiteral("/Movies/Clipwren");
     FakeDownloader m_fake;
     DownloaderView m_view{m_fake.environment()};
-    DownloaderScreen m_screen;
     int m_previewViews = 0;
+    DownloaderScreen m_screen{m_view, m_fake.desktop, m_folder,
+                              [this](PreviewPlayerController &, QWidget *parent) {
+                                  ++m_previewViews;
+                                  auto *view = new QWidget(parent);
+                                  view->setFocusPolicy(Qt::StrongFocus);
+                                  view->setAccessibleName(QStringLiteral("Player"));
+                                  return view;
+                              }};
 };
 
 } // namespace clipwren::test

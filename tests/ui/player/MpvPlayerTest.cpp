@@ -11,11 +11,9 @@ namespace {
 
 using namespace test;
 
-struct MpvPlayerTest : testing::Test {
+struct MpvPlayerTest : PlayerTest {
     PlayerStage stage;
     std::unique_ptr<MediaPlayer> player = playerModule().makePlayer();
-
-    static void SetUpTestSuite() { PlayerStage::warmUp(); }
 
     void loadShown(int stream = 1)
     {
@@ -40,14 +38,10 @@ TEST_F(MpvPlayerTest, seeksShowTheFirstFrameAtOrAfterATime)
 {
     loadShown();
     EXPECT_EQ(player->durationSeconds(), 8.0);
-    struct Case {
-        double seconds;
-        int frame;
-    };
-    for (const auto &[seconds, frame] :
-         {Case{4, 100}, Case{0.04, 1}, Case{4.01, 101}, Case{2.36, 59}, Case{2.4, 60},
-          Case{2.44, 61}, Case{7.96, 199}, Case{0, 0}, Case{8, 199}, Case{3.2, 80}, Case{99, 199},
-          Case{-5, 0}}) {
+    const std::pair<double, int> cases[] = {{4, 100},  {0.04, 1},  {4.01, 101}, {2.36, 59},
+                                            {2.4, 60}, {2.44, 61}, {7.96, 199}, {0, 0},
+                                            {8, 199},  {3.2, 80},  {99, 199},   {-5, 0}};
+    for (const auto &[seconds, frame] : cases) {
         ASSERT_TRUE(seek(seconds)) << seconds;
         EXPECT_TRUE(stage.waitFor({1, frame}))
             << seconds << " showed " << testing::PrintToString(stage.latest());
@@ -58,14 +52,12 @@ TEST_F(MpvPlayerTest, aRangeStopsOnItsLastFrame)
 {
     loadShown();
     QSignalSpy ends(player.get(), &MediaPlayer::endTimeReached);
-    struct Range {
-        double start;
-        double end;
+    const struct {
+        double start, end;
         int lastFrame;
-    };
-    for (const auto &[start, end, lastFrame] :
-         {Range{2, 2.4, 59}, Range{2, 2.41, 60}, Range{1, 1.04, 25}, Range{7.8, 8, 199},
-          Range{2, 2.4, 59}, Range{7.8, 20, 199}, Range{7.92, 8, 199}}) {
+    } ranges[] = {{2, 2.4, 59},  {2, 2.41, 60},  {1, 1.04, 25},
+                  {7.8, 8, 199}, {7.8, 20, 199}, {7.92, 8, 199}};
+    for (const auto &[start, end, lastFrame] : ranges) {
         player->setEndTime({});
         ASSERT_TRUE(seek(start));
         stage.forgetPictures();
@@ -78,7 +70,7 @@ TEST_F(MpvPlayerTest, aRangeStopsOnItsLastFrame)
             EXPECT_LE(picture.value().frame, lastFrame);
         EXPECT_NEAR(player->positionSeconds(), lastFrame / framesPerSecond, 0.06);
     }
-    EXPECT_EQ(ends.size(), 7);
+    EXPECT_EQ(ends.size(), std::ssize(ranges));
 }
 
 TEST_F(MpvPlayerTest, goesOnAfterARangeAndStartsAgainAfterTheEnd)

@@ -1,5 +1,5 @@
-#include "AnsweringServer.h"
 #include "PlayerStage.h"
+#include "support/WebServer.h"
 
 #include <QDir>
 #include <QRandomGenerator>
@@ -13,24 +13,23 @@ namespace clipwren {
 namespace {
 
 using namespace test;
+using namespace Qt::StringLiterals;
 
 int threadCount()
 {
-    return static_cast<int>(QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs).size());
+    return static_cast<int>(QDir(u"/proc/self/task"_s).entryList(QDir::Dirs).size());
 }
 
-struct PlayerLifetimeTest : testing::Test {
+struct PlayerLifetimeTest : PlayerTest {
     // Which picture may be on screen now; 0 for none.
     int stream = 0;
     PlayerStage stage;
     std::unique_ptr<MediaPlayer> player = playerModule().makePlayer();
-    AnsweringServer missing{"404 Not Found"};
-    AnsweringServer silent{""};
+    WebServer missing{response("404 Not Found")};
+    WebServer silent;
     // Printed on failure, so that the same moments can be tried again.
     const quint32 seed = QRandomGenerator::global()->generate();
     QRandomGenerator random{seed};
-
-    static void SetUpTestSuite() { PlayerStage::warmUp(); }
 
     void load(const QUrl &url, int number)
     {

@@ -1,8 +1,8 @@
 #include "ui/player/PlayerModule.h"
 
-#include "AnsweringServer.h"
-#include "NumberedVideo.h"
 #include "PlayerStage.h"
+#include "support/Printing.h"
+#include "support/WebServer.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -14,11 +14,10 @@ namespace clipwren {
 namespace {
 
 using namespace test;
+using namespace Qt::StringLiterals;
 
-struct PlayerModuleTest : testing::Test {
+struct PlayerModuleTest : PlayerTest {
     QTemporaryDir folder;
-
-    static void SetUpTestSuite() { PlayerStage::warmUp(); }
 
     QUrl file(const QString &name, const QByteArray &content) const
     {
@@ -38,36 +37,32 @@ struct PlayerModuleTest : testing::Test {
 
 TEST_F(PlayerModuleTest, saysWhyAStreamCannotBePlayed)
 {
-    const AnsweringServer missing("404 Not Found");
-    const AnsweringServer forbidden("403 Forbidden");
-    const AnsweringServer broken("503 Service Unavailable");
-    const AnsweringServer page("200 OK", "<html><body>Sign in first</body></html>");
-    struct Case {
-        QUrl url;
-        const char16_t *sentence;
-    };
-    const AnsweringServer silent({});
+    const WebServer missing(response("404 Not Found"));
+    const WebServer forbidden(response("403 Forbidden"));
+    const WebServer broken(response("503 Service Unavailable"));
+    const WebServer page(response("200 OK", "<html><body>Sign in first</body></html>"));
+    const WebServer silent;
+    const QUrl closed = WebServer().url();
+    const QString noVideo = u"This is not a video."_s;
+    const std::pair<QUrl, QString> cases[] = {
+        {missing.url(), u"The server has no video at this address (404)."_s},
+        {forbidden.url(), u"The server does not allow access to this video (403)."_s},
+        {broken.url(), u"The server has a fault and cannot send the video."_s},
+        {silent.url(), u"The video's server took too long to answer."_s},
+        {page.url(), noVideo},
+        {closed, u"Cannot connect to the video's server."_s},
+        {file(u"notes.mp4"_s, "no video at all"), noVideo},
+        {file(u"list.m3u"_s, "#EXTM3U\n/etc/passwd\n"), noVideo},
+        {file(u"empty.mp4"_s, {}), noVideo},
+        {QUrl::fromLocalFile(folder.path()), noVideo},
+        {QUrl::fromLocalFile(folder.filePath(u"gone.mp4"_s)), u"The file does not exist."_s},
+        {QUrl(u"edl:///etc/passwd"_s), u"Videos cannot be played from this kind of address."_s}};
     PlayerModule module({QStringLiteral(CLIPWREN_PLAYER_FOLDER)}, std::chrono::milliseconds(300));
     std::unique_ptr<MediaPlayer> player;
-    for (const auto &[url, sentence] :
-         {Case{missing.url(), u"The server has no video at this address (404)."},
-          Case{forbidden.url(), u"The server does not allow access to this video (403)."},
-          Case{broken.url(), u"The server has a fault and cannot send the video."},
-          Case{silent.url(), u"The video's server took too long to answer."},
-          Case{page.url(), u"This is not a video."},
-          Case{AnsweringServer::closedUrl(), u"Cannot connect to the video's server."},
-          Case{file(QStringLiteral("notes.mp4"), "no video at all"), u"This is not a video."},
-          Case{file(QStringLiteral("list.m3u"), "#EXTM3U\n/etc/passwd\n"), u"This is not a video."},
-          Case{file(QStringLiteral("empty.mp4"), {}), u"This is not a video."},
-          Case{QUrl::fromLocalFile(folder.path()), u"This is not a video."},
-          Case{QUrl::fromLocalFile(folder.filePath(QStringLiteral("gone.mp4"))),
-               u"The file does not exist."},
-          Case{QUrl(QStringLiteral("edl:///etc/passwd")),
-               u"Videos cannot be played from this kind of address."}}) {
+    for (const auto &[url, sentence] : cases) {
         // Beside the one before, which ends in the background.
         player = module.makePlayer();
-        EXPECT_EQ(failureOf(*player, url).toStdString(), QString::fromUtf16(sentence).toStdString())
-            << url.toString().toStdString();
+        EXPECT_EQ(failureOf(*player, url), sentence) << url.toString().toStdString();
     }
 
     // A player that failed can still play the next stream.
@@ -78,7 +73,7 @@ TEST_F(PlayerModuleTest, saysWhyAStreamCannotBePlayed)
 
 TEST_F(PlayerModuleTest, destroyingAPlayerDoesNotWaitForItsServer)
 {
-    const AnsweringServer silent({});
+    const WebServer silent;
     auto player = playerModule().makePlayer();
     player->load(silent.url());
     ASSERT_TRUE(waitUntil([&] { return silent.requestCount() == 1; }));
@@ -96,7 +91,7 @@ TEST_F(PlayerModuleTest, saysWhatIsWrongWithTheModuleItself)
     const std::unique_ptr<QWidget> surface(missing.makeSurface(*player, nullptr));
     EXPECT_NE(surface, nullptr);
 
-    file(QStringLiteral("clipwren_player.so"), "no library");
+    file(u"clipwren_player.so"_s, "no library");
     PlayerModule broken({folder.path()});
     EXPECT_TRUE(failureOf(*broken.makePlayer(), numberedVideo(1)).contains(u"cannot be used"));
 }

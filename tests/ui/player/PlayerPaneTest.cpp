@@ -2,9 +2,8 @@
 
 #include "PlayerStage.h"
 #include "support/ScriptedPlayer.h"
+#include "support/Widgets.h"
 #include "ui/components/Button.h"
-#include "ui/components/Label.h"
-#include "ui/components/Theme.h"
 #include "ui/player/ThinSlider.h"
 #include "ui/player/TimeButton.h"
 
@@ -19,24 +18,20 @@ namespace clipwren {
 namespace {
 
 using namespace test;
+using namespace Qt::StringLiterals;
 using FullScreen = PlayerControls::FullScreen;
 
 /// A pane in a window with a player of 100 s that is ready, at its start and paused.
-struct PlayerPaneTest : testing::Test {
-    Theme theme;
+struct PlayerPaneTest : PlayerTest {
     QStringList log;
     std::unique_ptr<ScriptedPlayer> player = std::make_unique<ScriptedPlayer>(log);
     QWidget window;
     PlayerPane *pane = nullptr;
 
-    static void SetUpTestSuite() { PlayerStage::warmUp(); }
-
     PlayerPaneTest()
     {
         window.resize(704, 320);
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        showWindow(window);
         player->load(numberedVideo(1));
         player->setDuration(100);
         player->becomeReady();
@@ -61,8 +56,7 @@ struct PlayerPaneTest : testing::Test {
             if (each->accessibleName() == QLatin1String(name))
                 return *each;
         }
-        ADD_FAILURE() << "there is no " << name;
-        std::abort();
+        throw std::runtime_error(name);
     }
     ThinSlider &position() { return part<ThinSlider>("Position"); }
     PlayerControls &controls() { return *pane->findChild<PlayerControls *>(); }
@@ -105,25 +99,24 @@ TEST_F(PlayerPaneTest, obeysKeys)
 
 TEST_F(PlayerPaneTest, asksForFullScreenWhereThereIsSuch)
 {
-    struct Case {
+    const struct {
         FullScreen fullScreen;
-        int byF;
-        int byEscape;
-        int byDoubleClick;
-    };
-    for (const Case &each : {Case{FullScreen::None, 0, 0, 0}, Case{FullScreen::CanEnter, 1, 0, 1},
-                             Case{FullScreen::CanLeave, 1, 1, 1}}) {
-        makePane(each.fullScreen);
+        int byF, byEscape, byDoubleClick;
+    } cases[] = {{FullScreen::None, 0, 0, 0},
+                 {FullScreen::CanEnter, 1, 1, 2},
+                 {FullScreen::CanLeave, 1, 2, 3}};
+    for (const auto &[fullScreen, byF, byEscape, byDoubleClick] : cases) {
+        makePane(fullScreen);
         QSignalSpy asked(pane, &PlayerPane::fullScreenToggled);
         QTest::keyClick(pane, Qt::Key_F);
-        EXPECT_EQ(asked.count(), each.byF);
+        EXPECT_EQ(asked.count(), byF);
         QTest::keyClick(pane, Qt::Key_Escape);
-        EXPECT_EQ(asked.count(), each.byF + each.byEscape);
+        EXPECT_EQ(asked.count(), byEscape);
         QTest::mouseDClick(pane, Qt::LeftButton, {}, {10, 10});
-        EXPECT_EQ(asked.count(), each.byF + each.byEscape + each.byDoubleClick);
+        EXPECT_EQ(asked.count(), byDoubleClick);
         // The picture is what is double-clicked, not the bar.
         QTest::mouseDClick(&controls(), Qt::LeftButton, {}, {2, 2});
-        EXPECT_EQ(asked.count(), each.byF + each.byEscape + each.byDoubleClick);
+        EXPECT_EQ(asked.count(), byDoubleClick);
     }
 }
 
@@ -132,31 +125,37 @@ TEST_F(PlayerPaneTest, buttonsLeaveTheArrowKeysToTheVideo)
     auto &play = part<Button>("Play");
     play.setFocus(Qt::TabFocusReason);
     QTest::keyClick(&play, Qt::Key_Right);
-    EXPECT_EQ(log, QStringList(QStringLiteral("seek 5")));
+    EXPECT_EQ(log, QStringList(u"seek 5"_s));
     QTest::keyClick(&play, Qt::Key_Space);
-    EXPECT_EQ(log.last(), QStringLiteral("play"));
+    EXPECT_EQ(log.last(), u"play"_s);
     EXPECT_TRUE(play.hasFocus());
-    EXPECT_EQ(play.accessibleName(), QStringLiteral("Pause"));
+    EXPECT_EQ(play.accessibleName(), u"Pause"_s);
 }
 
 TEST_F(PlayerPaneTest, controlsGoWhileItPlaysAndThePointerRests)
 {
-    EXPECT_FALSE(controls().isHidden());
-    player->play();
-    EXPECT_FALSE(controls().isHidden());
-    ASSERT_TRUE(controlsVanish());
+    for (const FullScreen fullScreen : {FullScreen::CanEnter, FullScreen::CanLeave}) {
+        makePane(fullScreen);
+        EXPECT_FALSE(controls().isHidden());
+        player->play();
+        EXPECT_FALSE(controls().isHidden());
+        ASSERT_TRUE(controlsVanish());
+        // In full screen, the pointer goes with them.
+        EXPECT_EQ(pane->cursor().shape() == Qt::BlankCursor, fullScreen == FullScreen::CanLeave);
 
-    QTest::mouseMove(pane, {300, 40});
-    QTest::mouseMove(pane, {310, 50});
-    EXPECT_TRUE(waitUntil([&] { return !controls().isHidden(); }));
-    ASSERT_TRUE(controlsVanish());
+        QTest::mouseMove(pane, {300, 40});
+        QTest::mouseMove(pane, {310, 50});
+        EXPECT_TRUE(waitUntil([&] { return !controls().isHidden(); }));
+        ASSERT_TRUE(controlsVanish());
 
-    QTest::keyClick(pane, Qt::Key_Right);
-    EXPECT_FALSE(controls().isHidden());
-    ASSERT_TRUE(controlsVanish());
+        QTest::keyClick(pane, Qt::Key_Right);
+        EXPECT_FALSE(controls().isHidden());
+        ASSERT_TRUE(controlsVanish());
 
-    player->pause();
-    EXPECT_FALSE(controls().isHidden());
+        player->pause();
+        EXPECT_FALSE(controls().isHidden());
+        EXPECT_NE(pane->cursor().shape(), Qt::BlankCursor);
+    }
     QTest::qWait(50);
     EXPECT_FALSE(controls().isHidden());
 }
@@ -175,18 +174,6 @@ TEST_F(PlayerPaneTest, controlsStayWhileTheyHaveTheFocusOrAreDragged)
     player->play();
     QTest::qWait(50);
     EXPECT_FALSE(controls().isHidden());
-}
-
-TEST_F(PlayerPaneTest, onlyFullScreenHidesThePointer)
-{
-    player->play();
-    ASSERT_TRUE(controlsVanish());
-    EXPECT_NE(pane->cursor().shape(), Qt::BlankCursor);
-    makePane(FullScreen::CanLeave);
-    ASSERT_TRUE(controlsVanish());
-    EXPECT_EQ(pane->cursor().shape(), Qt::BlankCursor);
-    player->pause();
-    EXPECT_NE(pane->cursor().shape(), Qt::BlankCursor);
 }
 
 TEST_F(PlayerPaneTest, thePictureFollowsADragAndThenGoesOn)
@@ -244,34 +231,31 @@ TEST_F(PlayerPaneTest, forgetsAPlayerThatGoesWhileItIsDragged)
 
 TEST_F(PlayerPaneTest, narrowPanesLeavePartsOut)
 {
-    const auto isShown = [&](QWidget &part) { return part.isVisible(); };
-    auto &end = *pane->findChild<TimeButton *>();
-    struct Case {
+    const struct {
         int width;
         bool volume, end, mute;
-    };
-    for (const Case &each : {Case{704, true, true, true}, Case{484, true, true, true},
-                             Case{300, false, true, true}, Case{200, false, false, false}}) {
-        pane->resize(each.width, 220);
-        EXPECT_EQ(isShown(part<ThinSlider>("Volume")), each.volume) << each.width;
-        EXPECT_EQ(isShown(end), each.end) << each.width;
-        EXPECT_EQ(isShown(part<Button>("Mute")), each.mute) << each.width;
-        EXPECT_TRUE(isShown(part<Button>("Play"))) << each.width;
-        EXPECT_TRUE(isShown(part<Button>("Full Screen"))) << each.width;
+    } cases[] = {{704, true, true, true}, {300, false, true, true}, {200, false, false, false}};
+    for (const auto &[width, volume, end, mute] : cases) {
+        SCOPED_TRACE(width);
+        pane->resize(width, 220);
+        EXPECT_EQ(part<ThinSlider>("Volume").isVisible(), volume);
+        EXPECT_EQ(pane->findChild<TimeButton *>()->isVisible(), end);
+        EXPECT_EQ(part<Button>("Mute").isVisible(), mute);
+        EXPECT_TRUE(part<Button>("Play").isVisible());
+        EXPECT_TRUE(part<Button>("Full Screen").isVisible());
         // What is left has the room it needs.
-        EXPECT_LE(controls().layout()->minimumSize().width(), controls().width()) << each.width;
+        EXPECT_LE(controls().layout()->minimumSize().width(), controls().width());
     }
 }
 
 TEST_F(PlayerPaneTest, countsToTheEndWhenItsTimeIsClicked)
 {
     auto &end = *pane->findChild<TimeButton *>();
-    EXPECT_EQ(end.text(), QStringLiteral("1:40"));
-    QTest::mouseClick(&end, Qt::LeftButton);
     player->seek(9.6, {});
-    EXPECT_EQ(end.text(), QStringLiteral("−1:30"));
-    QTest::mouseClick(&end, Qt::LeftButton);
-    EXPECT_EQ(end.text(), QStringLiteral("1:40"));
+    for (const QString &time : {u"1:40"_s, u"−1:30"_s, u"1:40"_s}) {
+        EXPECT_EQ(end.text(), time);
+        QTest::mouseClick(&end, Qt::LeftButton);
+    }
 }
 
 TEST_F(PlayerPaneTest, assistiveToolsReadAndSetThePosition)
@@ -281,26 +265,21 @@ TEST_F(PlayerPaneTest, assistiveToolsReadAndSetThePosition)
     QAccessibleInterface *const slider = QAccessible::queryAccessibleInterface(&position());
     ASSERT_NE(slider, nullptr);
     EXPECT_EQ(slider->role(), QAccessible::Slider);
-    EXPECT_EQ(slider->text(QAccessible::Value), QStringLiteral("1:05"));
+    EXPECT_EQ(slider->text(QAccessible::Value), u"1:05"_s);
     slider->valueInterface()->setCurrentValue(300.0);
-    EXPECT_EQ(log.last(), QStringLiteral("seek 100"));
+    EXPECT_EQ(log.last(), u"seek 100"_s);
 }
 
 TEST_F(PlayerPaneTest, saysWhyAStreamCannotBePlayed)
 {
-    player->fail(QStringLiteral("This is not a video."));
-    EXPECT_TRUE(controls().isHidden());
-    const auto labels = pane->findChildren<Label *>();
-    const auto sentence = std::find_if(labels.begin(), labels.end(), [](const Label *label) {
-        return label->text() == QStringLiteral("This is not a video.");
-    });
-    ASSERT_NE(sentence, labels.end());
-    EXPECT_TRUE((*sentence)->isVisible());
+    const auto sentence = u"This is not a video."_s;
+    player->fail(sentence);
+    EXPECT_TRUE(shows(*pane, sentence));
     QTest::mouseMove(pane, {300, 40});
     EXPECT_TRUE(controls().isHidden());
 
     player->load(numberedVideo(1));
-    EXPECT_FALSE((*sentence)->isVisible());
+    EXPECT_FALSE(shows(*pane, sentence));
     EXPECT_FALSE(controls().isHidden());
 }
 

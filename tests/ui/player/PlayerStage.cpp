@@ -2,8 +2,6 @@
 
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 namespace clipwren::test {
 
 PlayerModule &playerModule()
@@ -17,7 +15,7 @@ bool waitUntil(const std::function<bool()> &condition)
     return QTest::qWaitFor(condition, 20'000);
 }
 
-void PlayerStage::warmUp()
+void PlayerTest::SetUpTestSuite()
 {
     PlayerStage stage;
     const auto player = playerModule().makePlayer();

@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <vector>
 
@@ -21,19 +22,21 @@ PlayerModule &playerModule();
 /// Runs the event loop until the condition holds. False after the time limit of 20 s.
 bool waitUntil(const std::function<bool()> &condition);
 
+/// For all tests that play. Opens what OpenGL, mpv and the display keep for good, so that it does
+/// not look like a leak.
+struct PlayerTest : testing::Test {
+    static void SetUpTestSuite();
+};
+
 /// A window with one surface, which notes the number of every picture that it puts on screen.
 class PlayerStage {
 public:
     PlayerStage() { m_window.resize(320, 180); }
 
-    /// Opens what OpenGL, mpv and the display keep for good, so that it does not look like a leak.
-    static void warmUp();
-
     /// Shows the player's pictures from now on.
     void show(MediaPlayer &player);
     void removeSurface() { delete m_surface; }
     QOpenGLWidget *surface() const { return m_surface; }
-    QWidget &window() { return m_window; }
     /// Moves the surface to another window, which replaces this one.
     void moveToNewWindow();
 

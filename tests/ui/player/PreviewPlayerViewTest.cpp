@@ -2,7 +2,6 @@
 
 #include "PlayerStage.h"
 #include "support/ScriptedPlayer.h"
-#include "ui/components/Theme.h"
 #include "ui/player/PlayerPane.h"
 #include "workflow/preview/PreviewPlayerController.h"
 
@@ -16,8 +15,7 @@ namespace {
 
 using namespace test;
 
-struct PreviewPlayerViewTest : testing::Test {
-    Theme theme;
+struct PreviewPlayerViewTest : PlayerTest {
     QStringList log;
     PreviewPlayerController controller{[this] { return std::make_unique<ScriptedPlayer>(log); }};
     QWidget window;

@@ -1,8 +1,7 @@
 #include "ui/player/SafeVideoPlayer.h"
 
 #include "PlayerStage.h"
-#include "ui/components/Label.h"
-#include "ui/components/Theme.h"
+#include "support/Widgets.h"
 #include "ui/downloader/PreviewPlayerView.h"
 #include "ui/player/FullScreenPlayer.h"
 #include "workflow/preview/PreviewPlayerController.h"
@@ -19,28 +18,34 @@ namespace clipwren {
 namespace {
 
 using namespace test;
+using namespace Qt::StringLiterals;
 
 QString loadedFiles()
 {
-    QFile maps(QStringLiteral("/proc/self/maps"));
+    QFile maps(u"/proc/self/maps"_s);
     return maps.open(QIODevice::ReadOnly) ? QString::fromUtf8(maps.readAll()) : QString();
 }
 
-struct SafeVideoPlayerTest : testing::Test {
-    Theme theme;
+struct SafeVideoPlayerTest : PlayerTest {
     QWidget window;
-    std::unique_ptr<SafeVideoPlayer> view =
-        std::make_unique<SafeVideoPlayer>(playerModule(), &window);
-
-    static void SetUpTestSuite() { PlayerStage::warmUp(); }
+    std::unique_ptr<SafeVideoPlayer> view;
 
     SafeVideoPlayerTest()
     {
         window.resize(320, 180);
+        makeView();
+        showWindow(window);
+    }
+    void makeView()
+    {
+        view = std::make_unique<SafeVideoPlayer>(playerModule(), &window);
         view->resize(window.size());
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        view->show();
+    }
+    void open()
+    {
+        view->setUrl(numberedVideo(1));
+        ASSERT_TRUE(showsInPlace({1, 0}));
     }
 
     PlayerPane &pane() { return *view->findChild<PlayerPane *>({}, Qt::FindDirectChildrenOnly); }
@@ -88,17 +93,10 @@ struct SafeVideoPlayerTest : testing::Test {
     }
 };
 
-TEST_F(SafeVideoPlayerTest, showsTheFirstFrameWithoutPlaying)
-{
-    view->setUrl(numberedVideo(1));
-    EXPECT_TRUE(showsInPlace({1, 0}));
-    EXPECT_FALSE(player().isPlaying());
-}
-
 TEST_F(SafeVideoPlayerTest, replacesTheFileOnlyWhenItDiffers)
 {
-    view->setUrl(numberedVideo(1));
-    ASSERT_TRUE(showsInPlace({1, 0}));
+    open();
+    EXPECT_FALSE(player().isPlaying());
     jumpTo(50);
     player().play();
     view->setUrl(numberedVideo(1));
@@ -113,13 +111,16 @@ TEST_F(SafeVideoPlayerTest, replacesTheFileOnlyWhenItDiffers)
 
 TEST_F(SafeVideoPlayerTest, fullScreenThereAndBackKeepsThePosition)
 {
-    view->setUrl(numberedVideo(1));
-    ASSERT_TRUE(showsInPlace({1, 0}));
+    open();
     jumpTo(50);
     enterFullScreen();
     EXPECT_TRUE(showsInFullScreen({1, 50}));
     EXPECT_EQ(fullScreen()->size(), fullScreen()->screen()->size());
     QTest::keyClick(fullScreen()->findChild<PlayerPane *>(), Qt::Key_Escape);
+    EXPECT_FALSE(view->isFullScreen());
+    EXPECT_TRUE(showsInPlace({1, 50}));
+    enterFullScreen();
+    EXPECT_TRUE(fullScreen()->close());
     EXPECT_FALSE(view->isFullScreen());
     EXPECT_TRUE(showsInPlace({1, 50}));
 
@@ -132,19 +133,9 @@ TEST_F(SafeVideoPlayerTest, fullScreenThereAndBackKeepsThePosition)
     EXPECT_GE(player().positionSeconds(), 50 / framesPerSecond);
 }
 
-TEST_F(SafeVideoPlayerTest, theFullScreenWindowMayBeClosed)
-{
-    view->setUrl(numberedVideo(1));
-    enterFullScreen();
-    EXPECT_TRUE(fullScreen()->close());
-    EXPECT_FALSE(view->isFullScreen());
-    EXPECT_TRUE(showsInPlace({1, 0}));
-}
-
 TEST_F(SafeVideoPlayerTest, hiddenItPausesAndKeepsItsPlace)
 {
-    view->setUrl(numberedVideo(1));
-    ASSERT_TRUE(showsInPlace({1, 0}));
+    open();
     jumpTo(50);
     enterFullScreen();
     MediaPlayer &same = player();
@@ -165,44 +156,24 @@ TEST_F(SafeVideoPlayerTest, mayBeDestroyedAtAnyMoment)
     view->setUrl(numberedVideo(1));
     view.reset();
 
-    view = std::make_unique<SafeVideoPlayer>(playerModule(), &window);
-    view->setUrl(numberedVideo(1));
-    view->resize(window.size());
-    view->show();
-    ASSERT_TRUE(showsInPlace({1, 0}));
+    makeView();
+    open();
     player().play();
     enterFullScreen();
     view.reset();
     EXPECT_TRUE(QApplication::topLevelWidgets().contains(&window));
 
-    view = std::make_unique<SafeVideoPlayer>(playerModule(), &window);
+    makeView();
     view->setUrl(numberedVideo(2));
-    view->show();
     enterFullScreen();
     QTest::keyClick(fullScreen()->findChild<PlayerPane *>(), Qt::Key_F);
     view.reset();
 }
 
-TEST_F(SafeVideoPlayerTest, saysWhyAFileCannotBePlayed)
-{
-    view->setUrl(QUrl::fromLocalFile(QStringLiteral("/nonexistent/gone.mp4")));
-    const auto isShown = [&](const QString &sentence) {
-        const auto labels = pane().findChildren<Label *>();
-        return std::any_of(labels.begin(), labels.end(), [&](const Label *label) {
-            return label->isVisible() && label->text() == sentence;
-        });
-    };
-    const auto sentence = QStringLiteral("The file does not exist.");
-    EXPECT_TRUE(waitUntil([&] { return isShown(sentence); }));
-    view->setUrl(numberedVideo(1));
-    EXPECT_TRUE(showsInPlace({1, 0}));
-    EXPECT_FALSE(isShown(sentence));
-}
-
 TEST_F(SafeVideoPlayerTest, nothingIsLoadedBeforeThereIsAVideo)
 {
     const QTemporaryDir folder;
-    const QString name = QStringLiteral("/clipwren_player.so");
+    const QString name = u"/clipwren_player.so"_s;
     ASSERT_TRUE(QFile::copy(QStringLiteral(CLIPWREN_PLAYER_FOLDER) + name, folder.path() + name));
     PlayerModule module({folder.path()});
     PreviewPlayerController controller([&] { return module.makePlayer(); });

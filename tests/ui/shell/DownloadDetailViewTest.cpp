@@ -3,12 +3,13 @@
 #include "ui/components/Pill.h"
 #include "ui/shell/ShellFixture.h"
 
-#include <QAccessible>
 #include <QFile>
 #include <QSignalSpy>
 
 namespace clipwren::test {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 class RecordingPlayer : public VideoPlayerView {
 public:
@@ -23,18 +24,17 @@ public:
 
 class DownloadDetailViewTest : public ShellFixture {
 protected:
-    DownloadDetailViewTest() { onProbe(QStringLiteral("Talk"), QStringLiteral("h264")); }
+    DownloadDetailViewTest() { onProbe(u"Talk"_s, u"h264"_s); }
 
     /// What ffprobe finds in files whose path has `part` in it, after `first` ran; others fail.
     void onProbe(const QString &part, const QString &codec, const QString &first = {})
     {
-        m_cases += QStringLiteral("*'%1'*) %2; echo '{\"streams\": [{\"codec_type\": \"video\", "
-                                  "\"codec_name\": \"%3\"}]}';;\n")
-                       .arg(part, first.isEmpty() ? QStringLiteral(":") : first, codec);
-        tools.add(QStringLiteral("ffprobe"),
-                  QStringLiteral("for path in \"$@\"; do :; done\ncase \"$path\" in\n%1"
-                                 "*) echo 'bad file' >&2; exit 1;;\nesac")
-                      .arg(m_cases));
+        m_cases +=
+            u"*'%1'*) %2; echo '{\"streams\": [{\"codec_type\": \"video\", "
+            "\"codec_name\": \"%3\"}]}';;\n"_s.arg(part, first.isEmpty() ? u":"_s : first, codec);
+        tools.add(u"ffprobe"_s,
+                  u"for path in \"$@\"; do :; done\ncase \"$path\" in\n%1"
+                  "*) echo 'bad file' >&2; exit 1;;\nesac"_s.arg(m_cases));
     }
 
     DownloadDetailView &show(const DownloadRecord &record)
@@ -53,9 +53,7 @@ protected:
     static QString verdict(const DownloadDetailView &view)
     {
         auto *pill = view.findChild<Pill *>();
-        return pill->isVisible()
-            ? QAccessible::queryAccessibleInterface(pill)->text(QAccessible::Name)
-            : QString();
+        return pill->isVisible() ? nameOf(*pill) : QString();
     }
     static bool showsCodec(const DownloadDetailView &view, const QString &codec)
     {
@@ -72,10 +70,10 @@ private:
 
 TEST_F(DownloadDetailViewTest, showsPlayerFactsAndVerdictOfAFile)
 {
-    const DownloadRecord record = addRecord(QStringLiteral("Talk"));
+    const DownloadRecord record = addRecord(u"Talk"_s);
     const auto &view = show(record);
-    ASSERT_TRUE(showsCodec(view, QStringLiteral("H.264")));
-    EXPECT_EQ(verdict(view), QStringLiteral("Plays in QuickTime"));
+    ASSERT_TRUE(showsCodec(view, u"H.264"_s));
+    EXPECT_EQ(verdict(view), u"Plays in QuickTime"_s);
     EXPECT_EQ(player->urls, QList<QUrl>{urlOf(record)});
     EXPECT_EQ(player->size(), QSize(704, 320));
     EXPECT_TRUE(shows(view, record.sourceURL));
@@ -83,39 +81,38 @@ TEST_F(DownloadDetailViewTest, showsPlayerFactsAndVerdictOfAFile)
 
     for (Button *button : view.barButtons())
         button->click();
-    buttonIn(view, QStringLiteral("Reveal in Finder"))->click();
+    buttonIn(view, u"Reveal in Finder"_s)->click();
     EXPECT_EQ(desktop.log,
-              (QStringList{QStringLiteral("reveal ") + record.filePath,
-                           QStringLiteral("open ") + record.filePath,
-                           QStringLiteral("reveal ") + record.filePath}));
+              (QStringList{u"reveal "_s + record.filePath, u"open "_s + record.filePath,
+                           u"reveal "_s + record.filePath}));
 }
 
 TEST_F(DownloadDetailViewTest, saysThatTheFileHasGone)
 {
-    const auto &view = show(addRecord(QStringLiteral("Talk"), false));
-    EXPECT_TRUE(shows(view, QStringLiteral("File no longer at expected location")));
+    const auto &view = show(addRecord(u"Talk"_s, false));
+    EXPECT_TRUE(shows(view, u"File no longer at expected location"_s));
     EXPECT_EQ(player, nullptr);
-    EXPECT_FALSE(buttonIn(view, QStringLiteral("Reveal in Finder"))->isEnabled());
+    EXPECT_FALSE(buttonIn(view, u"Reveal in Finder"_s)->isEnabled());
     for (const Button *button : view.barButtons())
         EXPECT_FALSE(button->isEnabled());
     EXPECT_EQ(verdict(view), QString());
-    EXPECT_TRUE(shows(view, QStringLiteral("MPEG-4 movie")));
-    EXPECT_FALSE(shows(view, QStringLiteral("Size")));
-    EXPECT_EQ(tools.runCount(QStringLiteral("ffprobe")), 0);
+    EXPECT_TRUE(shows(view, u"MPEG-4 movie"_s));
+    EXPECT_FALSE(shows(view, u"Size"_s));
+    EXPECT_EQ(tools.runCount(u"ffprobe"_s), 0);
 }
 
 TEST_F(DownloadDetailViewTest, noticesAFileThatIsBackWithTheWindow)
 {
-    auto &view = show(addRecord(QStringLiteral("Talk"), false));
-    writeFile(QStringLiteral("Talk.mp4"), "film");
+    auto &view = show(addRecord(u"Talk"_s, false));
+    writeFile(u"Talk.mp4"_s, "film");
     QEvent activation(QEvent::WindowActivate);
     QCoreApplication::sendEvent(&view, &activation);
-    EXPECT_FALSE(shows(view, QStringLiteral("File no longer at expected location")));
-    EXPECT_TRUE(showsCodec(view, QStringLiteral("H.264")));
+    EXPECT_FALSE(shows(view, u"File no longer at expected location"_s));
+    EXPECT_TRUE(showsCodec(view, u"H.264"_s));
 
-    QFile::remove(path(QStringLiteral("Talk.mp4")));
+    QFile::remove(path(u"Talk.mp4"_s));
     QCoreApplication::sendEvent(&view, &activation);
-    EXPECT_TRUE(shows(view, QStringLiteral("File no longer at expected location")));
+    EXPECT_TRUE(shows(view, u"File no longer at expected location"_s));
     EXPECT_FALSE(player->isVisible());
     EXPECT_TRUE(player->urls.constLast().isEmpty());
     EXPECT_EQ(verdict(view), QString());
@@ -123,81 +120,75 @@ TEST_F(DownloadDetailViewTest, noticesAFileThatIsBackWithTheWindow)
 
 TEST_F(DownloadDetailViewTest, saysWhyTheFileCannotBeRead)
 {
-    const auto &view = show(addRecord(QStringLiteral("Broken")));
-    const QString message =
-        QStringLiteral("Couldn't read file info: Process failed (exit 1): bad file");
+    const auto &view = show(addRecord(u"Broken"_s));
+    const QString message = u"Couldn't read file info: Process failed (exit 1): bad file"_s;
     EXPECT_TRUE(QTest::qWaitFor([&] { return shows(view, message); }));
-    EXPECT_TRUE(shows(view, QStringLiteral("MPEG-4 movie")));
+    EXPECT_TRUE(shows(view, u"MPEG-4 movie"_s));
 }
 
 TEST_F(DownloadDetailViewTest, neverShowsAnInspectionOfAnotherFile)
 {
-    const QString go = path(QStringLiteral("go"));
-    const QString wait = QStringLiteral("while [ ! -e '%1' ]; do sleep 0.01; done");
-    onProbe(QStringLiteral("Slow"), QStringLiteral("vp9"), wait.arg(go));
-    const DownloadRecord next = addRecord(QStringLiteral("Talk"));
-    auto &view = show(addRecord(QStringLiteral("Slow")));
+    const QString go = path(u"go"_s);
+    const QString wait = u"while [ ! -e '%1' ]; do sleep 0.01; done"_s;
+    onProbe(u"Slow"_s, u"vp9"_s, wait.arg(go));
+    const DownloadRecord next = addRecord(u"Talk"_s);
+    auto &view = show(addRecord(u"Slow"_s));
     view.setRecord(next);
-    writeFile(QStringLiteral("go"), {});
-    ASSERT_TRUE(showsCodec(view, QStringLiteral("H.264")));
+    writeFile(u"go"_s, {});
+    ASSERT_TRUE(showsCodec(view, u"H.264"_s));
     EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(10)));
     QCoreApplication::processEvents();
-    EXPECT_TRUE(shows(view, QStringLiteral("H.264")));
+    EXPECT_TRUE(shows(view, u"H.264"_s));
     EXPECT_EQ(player->urls.constLast(), urlOf(next));
 }
 
 TEST_F(DownloadDetailViewTest, followsAReencodedRecord)
 {
-    onProbe(QStringLiteral("Film — QT"), QStringLiteral("h264"));
-    onProbe(QStringLiteral("Film"), QStringLiteral("vp9"));
-    DownloadRecord record = addRecord(QStringLiteral("Film"));
+    onProbe(u"Film — QT"_s, u"h264"_s);
+    onProbe(u"Film"_s, u"vp9"_s);
+    DownloadRecord record = addRecord(u"Film"_s);
     auto &view = show(record);
-    ASSERT_TRUE(showsCodec(view, QStringLiteral("VP9")));
-    EXPECT_EQ(verdict(view), QStringLiteral("Needs VLC or IINA"));
+    ASSERT_TRUE(showsCodec(view, u"VP9"_s));
+    EXPECT_EQ(verdict(view), u"Needs VLC or IINA"_s);
 
-    record.filePath = path(QStringLiteral("Film — QT.mp4"));
-    writeFile(QStringLiteral("Film — QT.mp4"), "film");
+    record.filePath = path(u"Film — QT.mp4"_s);
+    writeFile(u"Film — QT.mp4"_s, "film");
     view.setRecord(record);
-    EXPECT_FALSE(shows(view, QStringLiteral("VP9")));
+    EXPECT_FALSE(shows(view, u"VP9"_s));
     EXPECT_EQ(player->urls.constLast(), urlOf(record));
-    EXPECT_TRUE(showsCodec(view, QStringLiteral("H.264")));
+    EXPECT_TRUE(showsCodec(view, u"H.264"_s));
 }
 
-TEST_F(DownloadDetailViewTest, keepsTheInspectionWhileTheFileStays)
+TEST_F(DownloadDetailViewTest, inspectsOnceWhileTheFileStaysOnScreen)
 {
-    DownloadRecord record = addRecord(QStringLiteral("Talk"));
+    DownloadRecord record = addRecord(u"Talk"_s);
     auto &view = show(record);
-    ASSERT_TRUE(showsCodec(view, QStringLiteral("H.264")));
+    ASSERT_TRUE(showsCodec(view, u"H.264"_s));
     const QSignalSpy titles(&view, &DetailScreen::barTitleChanged);
-    record.title = QStringLiteral("New title");
+    record.title = u"New title"_s;
     view.setRecord(record);
-    EXPECT_TRUE(shows(view, QStringLiteral("H.264")));
-    EXPECT_TRUE(shows(view, QStringLiteral("New title")));
-    EXPECT_EQ(view.barTitle(), QStringLiteral("New title"));
+    EXPECT_TRUE(shows(view, u"H.264"_s));
+    EXPECT_TRUE(shows(view, u"New title"_s));
+    EXPECT_EQ(view.barTitle(), u"New title");
     EXPECT_EQ(titles.size(), 1);
-    EXPECT_EQ(tools.runCount(QStringLiteral("ffprobe")), 1);
+    EXPECT_EQ(tools.runCount(u"ffprobe"_s), 1);
     EXPECT_EQ(player->urls.size(), 1);
-}
 
-TEST_F(DownloadDetailViewTest, inspectsEachTimeItComesOnScreen)
-{
-    auto &view = show(addRecord(QStringLiteral("Talk")));
-    ASSERT_TRUE(showsCodec(view, QStringLiteral("H.264")));
     view.hide();
     view.show();
     EXPECT_EQ(verdict(view), QString());
-    EXPECT_TRUE(showsCodec(view, QStringLiteral("H.264")));
-    EXPECT_EQ(tools.runCount(QStringLiteral("ffprobe")), 2);
+    EXPECT_TRUE(showsCodec(view, u"H.264"_s));
+    EXPECT_EQ(tools.runCount(u"ffprobe"_s), 2);
 }
 
 TEST_F(DownloadDetailViewTest, showsOnlyTheRecordWithoutTools)
 {
-    QFile::remove(tools.path(QStringLiteral("ffmpeg")));
+    QFile::remove(tools.path(u"ffmpeg"_s));
     environment.refresh();
-    const auto &view = show(addRecord(QStringLiteral("Talk")));
+    const auto &view = show(addRecord(u"Talk"_s));
     EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(10)));
-    EXPECT_EQ(tools.runCount(QStringLiteral("ffprobe")), 0);
-    EXPECT_TRUE(shows(view, QStringLiteral("Size")));
+    EXPECT_EQ(tools.runCount(u"ffprobe"_s), 0);
+    EXPECT_TRUE(shows(view, u"Size"_s));
 }
 
 } // namespace

@@ -10,170 +10,128 @@
 namespace clipwren::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class RecordFactsTest : public LibraryFixture {
 protected:
-    RecordFactsTest() { QLocale::setDefault(QLocale(QStringLiteral("en_US"))); }
+    RecordFactsTest() { QLocale::setDefault(QLocale(u"en_US"_s)); }
     ~RecordFactsTest() override { QLocale::setDefault(QLocale::system()); }
 
-    DownloadRecord record = bareRecord(QStringLiteral("Talk"));
-};
-
-/// The value of a row; "(none)" when the row is left out.
-QString valueOf(const QString &label, const DownloadRecord &record,
-                const std::optional<MediaInspection> &inspection = std::nullopt)
-{
-    for (const RecordFact &fact : recordFacts(record, inspection)) {
-        if (fact.label == label)
-            return fact.value;
+    /// The value of a row; "(none)" when the row is left out.
+    QString valueOf(const QString &label,
+                    const std::optional<MediaInspection> &inspection = std::nullopt) const
+    {
+        for (const RecordFact &fact : recordFacts(record, inspection)) {
+            if (fact.label == label)
+                return fact.value;
+        }
+        return u"(none)"_s;
     }
-    return QStringLiteral("(none)");
-}
 
-QStringList labelsOf(const QList<RecordFact> &facts)
-{
-    QStringList labels;
-    for (const RecordFact &fact : facts)
-        labels << fact.label;
-    return labels;
-}
-
-TEST_F(RecordFactsTest, aMissingFileLeavesWhatTheRecordKnows)
-{
-    record.durationSeconds = 300;
-    EXPECT_EQ(labelsOf(recordFacts(record, std::nullopt)),
-              (QStringList{QStringLiteral("Name"), QStringLiteral("Kind"),
-                           QStringLiteral("Duration"), QStringLiteral("Downloaded")}));
-}
+    DownloadRecord record = bareRecord(u"Talk"_s);
+};
 
 TEST_F(RecordFactsTest, namesEverythingInItsOrder)
 {
-    record = fullRecord(QStringLiteral("Talk"));
+    record = fullRecord(u"Talk"_s);
     const MediaInspection inspection{.sizeBytes = 48'200'000,
                                      .duration = 286.9,
-                                     .container = QStringLiteral("mov,mp4"),
+                                     .container = u"mov,mp4"_s,
                                      .overallBitrateKbps = 1344,
-                                     .videoCodec = QStringLiteral("h264"),
+                                     .videoCodec = u"h264"_s,
                                      .width = 1920,
                                      .height = 1080,
                                      .frameRate = 30000 / 1001.0,
-                                     .audioCodec = QStringLiteral("aac")};
-    const QString date = dateTimeText(record.createdAt);
+                                     .audioCodec = u"aac"_s};
+    const RecordFact date{u"Downloaded"_s, dateTimeText(record.createdAt)};
     const QList<RecordFact> expected = {
-        {QStringLiteral("Name"), QStringLiteral("Talk.mp4"), true, false},
-        {QStringLiteral("Kind"), QStringLiteral("MPEG-4 movie")},
-        {QStringLiteral("Size"), QStringLiteral("48.2 MB")},
-        {QStringLiteral("Dimensions"), QStringLiteral("1920 × 1080"), false, true},
-        {QStringLiteral("Codecs"), QStringLiteral("H.264 + AAC"), false, true},
-        {QStringLiteral("Frame rate"), QStringLiteral("29.97 fps")},
-        {QStringLiteral("Bitrate"), QStringLiteral("1,344 kbps")},
-        {QStringLiteral("Duration"), QStringLiteral("4:47")},
-        {QStringLiteral("Downloaded"), date},
-        {QStringLiteral("Trim"), QStringLiteral("0:00 – 1:40")},
-        {QStringLiteral("Clip length"), QStringLiteral("1:40")},
+        {u"Name"_s, u"Talk.mp4"_s, true, false},
+        {u"Kind"_s, u"MPEG-4 movie"_s},
+        {u"Size"_s, u"48.2 MB"_s},
+        {u"Dimensions"_s, u"1920 × 1080"_s, false, true},
+        {u"Codecs"_s, u"H.264 + AAC"_s, false, true},
+        {u"Frame rate"_s, u"29.97 fps"_s},
+        {u"Bitrate"_s, u"1,344 kbps"_s},
+        {u"Duration"_s, u"4:47"_s},
+        date,
+        {u"Trim"_s, u"0:00 – 1:40"_s},
+        {u"Clip length"_s, u"1:40"_s},
     };
     EXPECT_EQ(recordFacts(record, inspection), expected);
+    record.trimStart = std::nullopt; // which leaves no trim
+    const QList<RecordFact> withoutInspection = {{u"Name"_s, u"Talk.mp4"_s, true, false},
+                                                 {u"Kind"_s, u"MPEG-4 movie"_s},
+                                                 {u"Duration"_s, u"3:33"_s},
+                                                 date};
+    EXPECT_EQ(recordFacts(record, std::nullopt), withoutInspection);
 }
 
 TEST_F(RecordFactsTest, namesTheContainer)
 {
     const struct {
         const char *container; // null without an inspection
-        const char *fileName;
-        const char *kind;
+        const char *fileName, *kind;
     } rows[] = {
         {"mov,mp4,m4a,3gp,3g2,mj2", "a.mov", "MPEG-4 movie"},
         {"MP4", "a.mkv", "MPEG-4 movie"},
         {",matroska,webm", "a.webm", "Matroska video"},
         {"webm", "a", "WebM video"},
-        {"mp3", "a", "MP3 audio"},
         {"flv,live_flv", "a", "FLV"},
         {",", "a", ","},
         {"", "a.mp4", "(none)"},
-        {nullptr, "a.mp4", "MPEG-4 movie"},
         {nullptr, "a.M4V", "MPEG-4 movie"},
         {nullptr, "a.mov", "QuickTime movie"},
         {nullptr, "a.mp3", "MP3 audio"},
         {nullptr, "a.b.mkv", "MKV"},
-        {nullptr, "a", "(none)"},
         {nullptr, "a.", "(none)"},
     };
-    for (const auto &row : rows) {
-        record.filePath = QStringLiteral("/v/") + QString::fromLatin1(row.fileName);
+    for (const auto &[container, fileName, kind] : rows) {
+        record.filePath = u"/v/"_s + QString::fromLatin1(fileName);
         std::optional<MediaInspection> inspection;
-        if (row.container)
-            inspection = MediaInspection{.container = QString::fromLatin1(row.container)};
-        EXPECT_EQ(valueOf(QStringLiteral("Kind"), record, inspection),
-                  QString::fromLatin1(row.kind))
-            << (row.container ? row.container : row.fileName);
+        if (container)
+            inspection = MediaInspection{.container = QString::fromLatin1(container)};
+        EXPECT_EQ(valueOf(u"Kind"_s, inspection), QString::fromLatin1(kind))
+            << (container ? container : fileName);
     }
 }
 
 TEST_F(RecordFactsTest, asksTheDiskForTheSizeWithoutAnInspection)
 {
-    record.filePath = path(QStringLiteral("a.mp4"));
-    writeFile(QStringLiteral("a.mp4"), QByteArray(12'300, 'x'));
-    EXPECT_EQ(valueOf(QStringLiteral("Size"), record), QStringLiteral("12 KB"));
-    EXPECT_EQ(valueOf(QStringLiteral("Size"), record, MediaInspection{.sizeBytes = 12'300'000}),
-              QStringLiteral("12.3 MB"));
+    record.filePath = path(u"a.mp4"_s);
+    writeFile(u"a.mp4"_s, QByteArray(12'300, 'x'));
+    EXPECT_EQ(valueOf(u"Size"_s), u"12 KB");
+    EXPECT_EQ(valueOf(u"Size"_s, MediaInspection{.sizeBytes = 12'300'000}), u"12.3 MB");
 }
 
-TEST_F(RecordFactsTest, roundsDurations)
+TEST_F(RecordFactsTest, roundsTimesAndJoinsTheCodecsThatThereAre)
 {
-    const struct {
-        double seconds;
-        const char *text;
-    } rows[] = {
+    const std::pair<double, const char *> rows[] = {
         {7.4, "0:07"},     {7.5, "0:08"}, {3599.6, "1:00:00"},
-        {3725, "1:02:05"}, {-1, "—"},     {std::numeric_limits<double>::infinity(), "—"},
-    };
-    for (const auto &row : rows) {
-        EXPECT_EQ(
-            valueOf(QStringLiteral("Duration"), record, MediaInspection{.duration = row.seconds}),
-            QString::fromUtf8(row.text))
-            << row.seconds;
-    }
-}
-
-TEST_F(RecordFactsTest, showsATrimOnlyWithBothEnds)
-{
+        {3725, "1:02:05"}, {-1, "—"},     {std::numeric_limits<double>::infinity(), "—"}};
+    for (const auto &[seconds, text] : rows)
+        EXPECT_EQ(valueOf(u"Duration"_s, MediaInspection{.duration = seconds}),
+                  QString::fromUtf8(text));
     record.trimStart = 10;
-    EXPECT_EQ(valueOf(QStringLiteral("Trim"), record), QStringLiteral("(none)"));
     record.trimEnd = 75.5;
-    EXPECT_EQ(valueOf(QStringLiteral("Trim"), record), QStringLiteral("0:10 – 1:16"));
-    EXPECT_EQ(valueOf(QStringLiteral("Clip length"), record), QStringLiteral("1:06"));
-}
-
-TEST_F(RecordFactsTest, joinsTheCodecsThatThereAre)
-{
-    EXPECT_EQ(valueOf(QStringLiteral("Codecs"), record,
-                      MediaInspection{.audioCodec = QStringLiteral("opus")}),
-              QStringLiteral("Opus"));
-    EXPECT_EQ(valueOf(QStringLiteral("Codecs"), record, MediaInspection{}),
-              QStringLiteral("(none)"));
+    EXPECT_EQ(valueOf(u"Trim"_s), u"0:10 – 1:16");
+    EXPECT_EQ(valueOf(u"Clip length"_s), u"1:06");
+    EXPECT_EQ(valueOf(u"Codecs"_s, MediaInspection{.audioCodec = u"opus"_s}), u"Opus");
+    EXPECT_EQ(valueOf(u"Codecs"_s, MediaInspection{}), u"(none)");
 }
 
 TEST(CompatVerdict, goesByTheBeginningOfTheVideoCodec)
 {
-    const struct {
-        const char *codec;
-        Pill::Tone tone;
-        const char *text;
-    } rows[] = {
-        {"h264", Pill::Tone::Green, "Plays in QuickTime"},
-        {"AVC1.64001F", Pill::Tone::Green, "Plays in QuickTime"},
-        {"hevc", Pill::Tone::Blue, "macOS 10.13+"},
-        {"h265", Pill::Tone::Blue, "macOS 10.13+"},
-        {"vp9", Pill::Tone::Orange, "Needs VLC or IINA"},
-        {"av1", Pill::Tone::Orange, "Needs VLC or IINA"},
-        {"prores", Pill::Tone::Orange, "Needs VLC or IINA"},
-    };
-    for (const auto &row : rows) {
-        const auto verdict = compatVerdict({.videoCodec = QString::fromLatin1(row.codec)});
-        ASSERT_TRUE(verdict) << row.codec;
-        EXPECT_EQ(verdict->tone, row.tone) << row.codec;
-        EXPECT_EQ(verdict->text, QString::fromLatin1(row.text)) << row.codec;
+    const std::pair<const char *, const char *> rows[] = {{"h264", "Plays in QuickTime"},
+                                                          {"AVC1.64001F", "Plays in QuickTime"},
+                                                          {"hevc", "macOS 10.13+"},
+                                                          {"h265", "macOS 10.13+"},
+                                                          {"vp9", "Needs VLC or IINA"}};
+    for (const auto &[codec, text] : rows) {
+        const auto verdict = compatVerdict({.videoCodec = QString::fromLatin1(codec)});
+        ASSERT_TRUE(verdict) << codec;
+        EXPECT_EQ(verdict->text, QString::fromLatin1(text)) << codec;
     }
-    EXPECT_FALSE(compatVerdict({.audioCodec = QStringLiteral("mp3")}));
+    EXPECT_FALSE(compatVerdict({.audioCodec = u"mp3"_s}));
 }
 
 } // namespace

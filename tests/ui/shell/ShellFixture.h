@@ -7,9 +7,9 @@
 #include "support/LibraryFixture.h"
 #include "support/Printing.h"
 #include "support/RecordingDesktop.h"
+#include "support/Widgets.h"
 #include "ui/components/Button.h"
 
-#include <QMenu>
 #include <QTest>
 
 namespace clipwren::test {
@@ -17,10 +17,27 @@ namespace clipwren::test {
 /// All that the views of the shell need, over fake tools and a temporary library.
 class ShellFixture : public LibraryFixture {
 protected:
-    ShellFixture();
+    ShellFixture()
+    {
+        for (const char *name : {"yt-dlp", "ffmpeg", "ffprobe"})
+            tools.add(QString::fromLatin1(name), {});
+        environment.refresh();
+    }
 
     /// Puts a record, whose file is written when wanted, at the front of the list.
-    DownloadRecord addRecord(const QString &title, bool withFile = true);
+    DownloadRecord addRecord(const QString &title, bool withFile = true)
+    {
+        DownloadRecord record = bareRecord(title);
+        record.filePath = path(title + QStringLiteral(".mp4"));
+        if (withFile)
+            writeFile(title + QStringLiteral(".mp4"), "film");
+        store.add(record);
+        return store.records().constFirst();
+    }
+    static Button *buttonIn(const QWidget &root, const QString &name)
+    {
+        return shown<Button>(root, name);
+    }
 
     FakeTools tools;
     RecordingDesktop desktop;
@@ -28,19 +45,5 @@ protected:
     HistoryStore history{folder()};
     ToolEnvironment environment{{tools.directory()}, ToolEnvironment::Versions::Skip};
 };
-
-/// The visible button of that text or, for a lone symbol, tool tip. Null when there is none.
-Button *buttonIn(const QWidget &root, const QString &text);
-/// Whether a visible label shows that text.
-bool shows(const QWidget &root, const QString &text);
-/// Shows a view as the active window.
-void showWindow(QWidget &view);
-
-/// The menu that is open; fails the test when none is.
-QMenu *openMenu();
-/// Its items as "text", "(text)" when disabled and "-" for a line.
-QStringList itemsOf(const QMenu &menu);
-/// Chooses an item of the open menu, which closes it.
-void chooseFromMenu(const QString &text);
 
 } // namespace clipwren::test
