@@ -30,9 +30,9 @@ WebServer::WebServer() : WebServer([](const QByteArray &, QTcpSocket &) {})
 {
 }
 
-QUrl WebServer::url(const QString &path) const
+QString WebServer::url(const QString &path) const
 {
-    return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path));
+    return QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path);
 }
 
 QByteArray response(const QByteArray &status, const QByteArray &body, const QByteArray &moreHead)

@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QUrl>
 
 #include <functional>
 
@@ -21,7 +20,7 @@ public:
     /// Never answers.
     WebServer();
 
-    QUrl url(const QString &path = QStringLiteral("/file")) const;
+    QString url(const QString &path = QStringLiteral("/file")) const;
     int requestCount() const { return m_requests; }
     int openConnections() const { return static_cast<int>(findChildren<QTcpSocket *>().size()); }
 

@@ -31,8 +31,6 @@ public:
     /// Shows a range, without signals. Its ends may lie closer than the user can bring them.
     void setRange(const TrimRange &range, Motion motion = Motion::Jump);
     TrimRange range() const { return m_range; }
-    /// The handle that is being dragged.
-    std::optional<Handle> dragging() const { return m_dragging; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

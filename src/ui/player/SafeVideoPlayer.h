@@ -34,8 +34,6 @@ public:
 
     void setUrl(const QUrl &url) override;
 
-    bool isFullScreen() const { return m_fullScreen != nullptr; }
-
 protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;

@@ -5,7 +5,6 @@
 #include "ui/components/FieldBox.h"
 #include "ui/components/LinearProgress.h"
 #include "ui/components/Picker.h"
-#include "ui/components/Pill.h"
 #include "ui/components/SegmentedControl.h"
 #include "ui/components/Spinner.h"
 #include "ui/components/Switch.h"
@@ -13,7 +12,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFocusFrame>
-#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -61,34 +59,19 @@ Picker *makePicker()
 
 TEST(ControlsTest, assistiveToolsHearNameAndRole)
 {
-    auto *pill = new Pill;
-    pill->display(Pill::Tone::Blue, u"checkmark.circle.fill", u"macOS 10.13+"_s);
-    const QWidget owner;
-    const struct {
-        QWidget *widget;
-        QAccessible::Role role;
-        QString name;
-    } cases[] = {
-        {makeButton(u"Continue"_s), QAccessible::Button, u"Continue"_s},
-        {Button::iconOnly(u"folder", u"Reveal"_s), QAccessible::Button, u"Reveal"_s},
-        {new Switch(u"Trim"_s, Icon(u"scissors")), QAccessible::CheckBox, u"Trim"_s},
-        {makePicker(), QAccessible::ComboBox, u"Best"_s},
-        {new LinearProgress, QAccessible::ProgressBar, u"Progress"_s},
-        {pill, QAccessible::StaticText, u"macOS 10.13+"_s},
-        {new Spinner, QAccessible::ProgressBar, u"In progress"_s},
-    };
-    for (const auto &each : cases) {
-        const std::unique_ptr<QWidget> widget(each.widget);
-        EXPECT_EQ(nameOf(*widget), each.name);
-        EXPECT_EQ(QAccessible::queryAccessibleInterface(widget.get())->role(), each.role)
-            << each.name.toStdString();
-    }
-    EXPECT_EQ(nameOf(*FieldBox(u"link", u"Video address"_s).lineEdit()), u"Video address");
     SegmentedControl segments({u"Recent"_s, u"History"_s});
-    const auto *first =
-        QAccessible::queryAccessibleInterface(segments.findChild<QAbstractButton *>());
-    EXPECT_EQ(first->role(), QAccessible::RadioButton);
-    EXPECT_TRUE(first->state().checked);
+    Switch trim(u"Trim"_s, u"scissors");
+    LinearProgress progress;
+    Spinner spinner;
+    const std::tuple<QWidget *, QAccessible::Role, QString> cases[] = {
+        {segments.findChild<QAbstractButton *>(), QAccessible::RadioButton, u"Recent"_s},
+        {&trim, QAccessible::CheckBox, u"Trim"_s},
+        {&progress, QAccessible::ProgressBar, u"Progress"_s},
+        {&spinner, QAccessible::ProgressBar, u"In progress"_s}};
+    for (const auto &[widget, role, name] : cases) {
+        EXPECT_EQ(nameOf(*widget), name);
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(widget)->role(), role);
+    }
 }
 
 TEST(ControlsTest, lookTheSameWhicheverSchemeTheyStartedIn)
@@ -121,19 +104,9 @@ TEST(ControlsTest, lookTheSameWhicheverSchemeTheyStartedIn)
 
 TEST(ControlsTest, keysWorkThem)
 {
-    auto *button = makeButton(u"Cancel"_s);
     auto *segments = new SegmentedControl({u"Recent"_s, u"History"_s});
     auto *trim = new Switch(u"Trim before saving"_s, u"scissors");
-    Stage stage({button, segments, trim});
-    QSignalSpy clicked(button, &Button::clicked);
-    button->setFocus(Qt::TabFocusReason);
-    for (const bool enabled : {true, false}) {
-        button->setEnabled(enabled);
-        QTest::keyClick(button, Qt::Key_Space);
-        QTest::keyClick(button, Qt::Key_Return);
-        EXPECT_EQ(clicked.size(), 2);
-    }
-
+    Stage stage({segments, trim});
     QSignalSpy chosen(segments, &SegmentedControl::chosen);
     auto *recent = segments->findChild<QAbstractButton *>();
     recent->setFocus(Qt::TabFocusReason);
@@ -171,29 +144,24 @@ TEST(FocusRingTest, showsForTheKeyboardAndGoesWithItsControl)
     EXPECT_FALSE(stage.showsFocusRing());
 }
 
-TEST(PickerTest, tellsOnlyTheUsersChoiceAndKeepsItAmongNewEntries)
+TEST(PickerTest, keepsItsChoiceUnlessTheUserChoosesOrItIsGone)
 {
     Picker *picker = makePicker();
     Stage stage({picker});
     QSignalSpy picked(picker, &Picker::picked);
     picker->setFocus();
-    picker->setCurrentKey(u"mac"_s);
-    picker->setCurrentKey(u"best"_s);
     // Scrolling the page must not choose.
     QWheelEvent wheel({10, 10}, picker->mapToGlobal(QPointF(10, 10)), {}, {0, -120}, {}, {},
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(picker, &wheel);
     EXPECT_EQ(picker->currentKey(), u"best");
-    EXPECT_EQ(picked.size(), 0);
-    QTest::keyClick(picker, Qt::Key_Down);
-    EXPECT_EQ(picked, QList<QVariantList>{{u"mac"_s}});
-
+    picker->setCurrentKey(u"mac"_s);
     const Picker::Entry audio{u"music.note", u"Audio"_s, u"audio"_s};
     picker->setEntries({audio, {u"video.fill", u"Mac"_s, u"mac"_s}});
     EXPECT_EQ(picker->currentKey(), u"mac");
     picker->setEntries({audio});
     EXPECT_EQ(picker->currentKey(), QString());
-    EXPECT_EQ(picked.size(), 1);
+    EXPECT_EQ(picked.size(), 0);
 }
 
 TEST(LinearProgressTest, staysInItsRangeWhateverItIsGiven)

@@ -13,12 +13,12 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-using namespace clipwren;
+namespace clipwren {
+namespace {
+
 using namespace Qt::StringLiterals;
 using Color = Theme::Color;
 using Scheme = Theme::Scheme;
-
-namespace {
 
 const auto appearance = u"org.freedesktop.appearance"_s;
 const auto colorScheme = u"color-scheme"_s;
@@ -46,15 +46,11 @@ double contrast(const QColor &first, const QColor &second)
     return (light + 0.05) / (dark + 0.05);
 }
 
-struct ContrastCase {
-    Color text;
-    QList<QList<Color>> grounds; // each from the bottom up
-};
-
 const QList<QList<Color>> panes = {
     {Color::Background}, {Color::Sidebar}, {Color::Bar}, {Color::Card}};
 
-const QList<ContrastCase> contrastCases = {
+// Texts, and what they lie on, from the bottom up.
+const QList<std::pair<Color, QList<QList<Color>>>> contrastCases = {
     {Color::Text, panes},
     {Color::Secondary, panes},
     {Color::Tertiary, panes},
@@ -82,19 +78,17 @@ const QList<ContrastCase> contrastCases = {
     {Color::OnVideo, {{Color::Video}}},
 };
 
-} // namespace
-
 TEST(ThemeTest, everyTextCanBeReadOnWhatItLiesOn)
 {
     for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
-        for (const ContrastCase &each : contrastCases) {
-            for (const QList<Color> &layers : each.grounds) {
+        for (const auto &[textColor, grounds] : contrastCases) {
+            for (const QList<Color> &layers : grounds) {
                 QColor ground(Qt::black);
                 for (const Color layer : layers)
                     ground = over(Theme::color(layer, scheme), ground);
-                const QColor text = over(Theme::color(each.text, scheme), ground);
+                const QColor text = over(Theme::color(textColor, scheme), ground);
                 EXPECT_GE(contrast(text, ground), 4.5)
-                    << "scheme " << int(scheme) << ", text " << int(each.text) << " on layer "
+                    << "scheme " << int(scheme) << ", text " << int(textColor) << " on layer "
                     << int(layers.last()) << " over " << int(layers.first());
             }
         }
@@ -104,21 +98,19 @@ TEST(ThemeTest, everyTextCanBeReadOnWhatItLiesOn)
 TEST(ThemeTest, followsTheDesktopWhileTheWindowIsOpen)
 {
     test::FakePortal portal({{appearance, {{colorScheme, 1U}}}});
-    Theme &theme = Theme::current();
-    {
-        const DesktopAppearance desktop(portal.busAddress());
-        EXPECT_FALSE(desktop.prefersDark());
-        theme.follow(desktop);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return theme.scheme() == Scheme::Dark; }));
-        EXPECT_EQ(QApplication::palette().color(QPalette::Window),
-                  Theme::color(Color::Background, Scheme::Dark));
-        portal.change(appearance, colorScheme, 2U);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return theme.scheme() == Scheme::Light; }));
-        portal.change(appearance, colorScheme, 1U);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return theme.scheme() == Scheme::Dark; }));
-        // No preference: back to what the palette said at the start.
-        portal.change(appearance, colorScheme, 0U);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return theme.scheme() == Scheme::Light; }));
+    const DesktopAppearance desktop(portal.busAddress());
+    EXPECT_FALSE(desktop.prefersDark());
+    Theme::current().follow(desktop);
+    const auto becomes = [](Scheme scheme) {
+        const QColor background = Theme::color(Color::Background, scheme);
+        return QTest::qWaitFor(
+            [&] { return QApplication::palette().color(QPalette::Window) == background; });
+    };
+    EXPECT_TRUE(becomes(Scheme::Dark));
+    // The last is no preference: back to what the palette said at the start.
+    for (const uint setting : {2U, 1U, 0U}) {
+        portal.change(appearance, colorScheme, setting);
+        EXPECT_TRUE(becomes(setting == 1 ? Scheme::Dark : Scheme::Light));
     }
 }
 
@@ -127,20 +119,19 @@ TEST(DesktopAppearanceTest, motionIsReducedBySettingOrByAnimationsTurnedOff)
     const auto gnome = u"org.gnome.desktop.interface"_s;
     const auto animations = u"enable-animations"_s;
     const auto reducedMotion = u"reduced-motion"_s;
-    struct Case {
-        test::PortalSettings settings;
-        bool reduced;
-    };
-    const QList<Case> cases = {
+    const std::pair<test::PortalSettings, bool> cases[] = {
         {{{gnome, {{animations, true}}}}, false},
         {{{gnome, {{animations, false}}}}, true},
         {{{appearance, {{reducedMotion, 1U}}}}, true},
         {{{appearance, {{reducedMotion, 0U}}}, {gnome, {{animations, false}}}}, false},
     };
-    for (const Case &each : cases) {
-        test::FakePortal portal(each.settings);
+    for (const auto &[settings, reduced] : cases) {
+        const test::FakePortal portal(settings);
         const DesktopAppearance desktop(portal.busAddress());
         EXPECT_TRUE(QSignalSpy(&desktop, &DesktopAppearance::changed).wait());
-        EXPECT_EQ(desktop.reducedMotion(), each.reduced);
+        EXPECT_EQ(desktop.reducedMotion(), reduced);
     }
 }
+
+} // namespace
+} // namespace clipwren

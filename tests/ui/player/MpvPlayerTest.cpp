@@ -137,18 +137,5 @@ TEST_F(MpvPlayerTest, keepsItsPictureWhenTheSurfaceMovesOrIsReplaced)
     EXPECT_TRUE(stage.waitFor({1, 75}));
 }
 
-TEST_F(MpvPlayerTest, neverShowsThePictureOfTheReplacedStream)
-{
-    loadShown(1);
-    for (int round = 0; round < 20; ++round) {
-        const int stream = round % 2 == 0 ? 2 : 1;
-        player->load(numberedVideo(stream));
-        stage.forgetPictures();
-        ASSERT_TRUE(stage.waitFor({stream, 0})) << round;
-        for (const auto &picture : stage.pictures())
-            EXPECT_EQ(picture.value_or(FrameNumber{stream, 0}).stream, stream);
-    }
-}
-
 } // namespace
 } // namespace clipwren

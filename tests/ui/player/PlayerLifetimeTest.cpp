@@ -46,9 +46,9 @@ struct PlayerLifetimeTest : PlayerTest {
         case 2:
             return load(numberedVideo(2), 2);
         case 3:
-            return load(missing.url(), 0);
+            return load(QUrl(missing.url()), 0);
         case 4:
-            return load(silent.url(), 0);
+            return load(QUrl(silent.url()), 0);
         case 5:
             player = playerModule().makePlayer();
             stage.forgetPictures();

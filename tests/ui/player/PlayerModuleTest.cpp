@@ -42,15 +42,15 @@ TEST_F(PlayerModuleTest, saysWhyAStreamCannotBePlayed)
     const WebServer broken(response("503 Service Unavailable"));
     const WebServer page(response("200 OK", "<html><body>Sign in first</body></html>"));
     const WebServer silent;
-    const QUrl closed = WebServer().url();
+    const QString closed = WebServer().url();
     const QString noVideo = u"This is not a video."_s;
     const std::pair<QUrl, QString> cases[] = {
-        {missing.url(), u"The server has no video at this address (404)."_s},
-        {forbidden.url(), u"The server does not allow access to this video (403)."_s},
-        {broken.url(), u"The server has a fault and cannot send the video."_s},
-        {silent.url(), u"The video's server took too long to answer."_s},
-        {page.url(), noVideo},
-        {closed, u"Cannot connect to the video's server."_s},
+        {QUrl(missing.url()), u"The server has no video at this address (404)."_s},
+        {QUrl(forbidden.url()), u"The server does not allow access to this video (403)."_s},
+        {QUrl(broken.url()), u"The server has a fault and cannot send the video."_s},
+        {QUrl(silent.url()), u"The video's server took too long to answer."_s},
+        {QUrl(page.url()), noVideo},
+        {QUrl(closed), u"Cannot connect to the video's server."_s},
         {file(u"notes.mp4"_s, "no video at all"), noVideo},
         {file(u"list.m3u"_s, "#EXTM3U\n/etc/passwd\n"), noVideo},
         {file(u"empty.mp4"_s, {}), noVideo},
@@ -75,7 +75,7 @@ TEST_F(PlayerModuleTest, destroyingAPlayerDoesNotWaitForItsServer)
 {
     const WebServer silent;
     auto player = playerModule().makePlayer();
-    player->load(silent.url());
+    player->load(QUrl(silent.url()));
     ASSERT_TRUE(waitUntil([&] { return silent.requestCount() == 1; }));
     QElapsedTimer time;
     time.start();

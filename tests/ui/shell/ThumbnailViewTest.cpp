@@ -3,7 +3,6 @@
 #include "support/WebServer.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImage>
 #include <QPointer>
 #include <QTemporaryDir>
@@ -35,11 +34,10 @@ State settled(ThumbnailView &view)
     return view.state();
 }
 
-/// What becomes of an address, at a view of the usual size.
+/// What becomes of an address.
 State outcome(const std::optional<QString> &address, ThumbnailView::Limits given = limits)
 {
     ThumbnailView view(given);
-    view.resize(120, 68);
     view.setUrlString(address);
     view.show();
     return settled(view);
@@ -49,12 +47,11 @@ TEST(ThumbnailViewTest, showsPicturesAndAPlaceholderForEverythingElse)
 {
     const QByteArray small = picture({64, 36}, "PNG");
     const QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>";
-    struct Case {
+    const struct {
         const char *name;
         QByteArray answer;
         State state;
-    };
-    const QList<Case> cases = {
+    } cases[] = {
         {"png", response("200 OK", small), State::Shown},
         {"jpeg", response("200 OK", picture({64, 36}, "JPG")), State::Shown},
         {"webp", response("200 OK", picture({64, 36}, "WEBP")), State::Shown},
@@ -64,6 +61,8 @@ TEST(ThumbnailViewTest, showsPicturesAndAPlaceholderForEverythingElse)
         {"half a picture", response("200 OK", small.left(small.size() / 2)), State::Failed},
         {"a document", response("200 OK", svg), State::Failed},
         {"too many pixels", response("200 OK", picture({4000, 4000}, "PNG")), State::Failed},
+        {"too many bytes of it", "HTTP/1.1 200 OK\r\n\r\n" + small + QByteArray(200'000, 'x'),
+         State::Failed},
         {"no answer at all", "", State::Failed},
         {"a file behind a redirect",
          response("302 Found", {}, "Location: file:///etc/hostname\r\n"), State::Failed},
@@ -71,12 +70,12 @@ TEST(ThumbnailViewTest, showsPicturesAndAPlaceholderForEverythingElse)
          State::Shown},
         {"a redirect to itself", response("302 Found", {}, "Location: /file\r\n"), State::Failed},
     };
-    for (const Case &each : cases) {
+    for (const auto &each : cases) {
         WebServer server([&](const QByteArray &path, QTcpSocket &socket) {
             socket.write(path == "/moved" ? response("200 OK", small) : each.answer);
             socket.disconnectFromHost();
         });
-        EXPECT_EQ(outcome(server.url().toString()), each.state) << each.name;
+        EXPECT_EQ(outcome(server.url()), each.state) << each.name;
     }
 }
 
@@ -84,10 +83,7 @@ TEST(ThumbnailViewTest, opensNothingButWebAddresses)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"picture.png"_s);
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(picture({64, 36}, "PNG"));
-    file.close();
+    ASSERT_TRUE(QImage(64, 36, QImage::Format_RGB32).save(path));
     for (const auto &address : QList<std::optional<QString>>{
              std::nullopt, QString(), u"no address"_s, path, u"file://"_s + path,
              u"qrc:/icons/photo.svg"_s, u"data:image/png;base64,AAAA"_s, u"http://"_s}) {
@@ -96,21 +92,6 @@ TEST(ThumbnailViewTest, opensNothingButWebAddresses)
         view.show();
         EXPECT_EQ(view.state(), State::Failed) << address.value_or(QString()).toStdString();
     }
-}
-
-TEST(ThumbnailViewTest, givesUpAnEndlessPictureAtItsLimit)
-{
-    qint64 sent = 0;
-    WebServer server([&](const QByteArray &, QTcpSocket &socket) {
-        socket.write("HTTP/1.1 200 OK\r\nContent-Type: image/png\r\n\r\n"
-                     + picture({64, 36}, "PNG"));
-        const auto more = [&sent, &socket] { sent += socket.write(QByteArray(16'384, 'x')); };
-        QObject::connect(&socket, &QTcpSocket::bytesWritten, &socket, more);
-        more();
-    });
-    EXPECT_EQ(outcome(server.url().toString()), State::Failed);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return server.openConnections() == 0; }));
-    EXPECT_LT(sent, 20'000'000) << "the rest was not read";
 }
 
 TEST(ThumbnailViewTest, aNewAddressShowsItsPictureAndNotTheOneBefore)
@@ -126,11 +107,11 @@ TEST(ThumbnailViewTest, aNewAddressShowsItsPictureAndNotTheOneBefore)
     });
     ThumbnailView view(limits);
     view.resize(120, 68);
-    view.setUrlString(server.url(u"/slow"_s).toString());
+    view.setUrlString(server.url(u"/slow"_s));
     view.show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return slow != nullptr; }));
     EXPECT_EQ(view.state(), State::Loading);
-    view.setUrlString(server.url(u"/new"_s).toString());
+    view.setUrlString(server.url(u"/new"_s));
     EXPECT_EQ(settled(view), State::Shown);
     EXPECT_EQ(view.grab().toImage().pixelColor(60, 34), QColor(Qt::red));
     EXPECT_TRUE(QTest::qWaitFor([&] { return slow == nullptr; })) << "the first was given up";
@@ -141,11 +122,11 @@ TEST(ThumbnailViewTest, loadsOnlyWhileOnScreenAndNotForEver)
     WebServer silent;
     ThumbnailView::Limits brief = limits;
     brief.time = std::chrono::milliseconds(50);
-    EXPECT_EQ(outcome(silent.url().toString(), brief), State::Failed);
+    EXPECT_EQ(outcome(silent.url(), brief), State::Failed);
     EXPECT_TRUE(QTest::qWaitFor([&] { return silent.openConnections() == 0; }));
 
     ThumbnailView view(limits);
-    view.setUrlString(silent.url().toString());
+    view.setUrlString(silent.url());
     QCoreApplication::processEvents();
     EXPECT_EQ(silent.requestCount(), 1);
     view.show();
