@@ -104,7 +104,7 @@ TEST_F(DownloadDetailViewTest, saysThatTheFileHasGoneAndNoticesItBackWithTheWind
     QEvent activation(QEvent::WindowActivate);
     QCoreApplication::sendEvent(&view, &activation);
     EXPECT_FALSE(shows(view, gone));
-    EXPECT_TRUE(showsCodec(view, u"H.264"_s));
+    ASSERT_TRUE(showsCodec(view, u"H.264"_s));
 
     QFile::remove(path(u"Talk.mp4"_s));
     QCoreApplication::sendEvent(&view, &activation);

@@ -141,6 +141,7 @@ TEST_F(RecentListTest, asksBeforeItClears)
     expectItems(u"1 item"_s);
     addRecord(u"Two"_s);
     expectItems(u"2 items"_s);
+    EXPECT_TRUE(shows(sidebar, u"2"_s));
 
     // Return presses what has the focus: Cancel.
     dialog->activateWindow();
@@ -154,6 +155,7 @@ TEST_F(RecentListTest, asksBeforeItClears)
     }
     buttonIn(*dialog, u"Clear Recents"_s)->click();
     EXPECT_TRUE(store.records().isEmpty());
+    EXPECT_FALSE(buttonIn(sidebar, u"Clear Recents"_s));
     EXPECT_EQ(history.entries().size(), 1);
     EXPECT_TRUE(QFile::exists(record.filePath));
 }
