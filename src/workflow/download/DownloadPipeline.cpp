@@ -1,26 +1,36 @@
 #include "workflow/download/DownloadPipeline.h"
 
-#include <QFile>
+#include "core/library/DownloadStore.h"
+#include "core/library/HistoryStore.h"
 
-#include <utility>
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
 
 namespace clipwren {
-namespace {
 
 using namespace Qt::StringLiterals;
 
-} // namespace
+DownloadPipeline::DownloadPipeline(DownloadStore &store, HistoryStore &history)
+    : m_store(store), m_history(history)
+{
+}
 
-void DownloadPipeline::start(const Job &job, Events events)
+void DownloadPipeline::start(const Job &job)
 {
     m_job = job;
     m_cancelled = false;
-    m_events = std::move(events);
+    m_errorMessage.reset();
+    m_progress = 0;
+    m_status = u"Starting…"_s;
+    m_heading = u"Downloading"_s;
     m_step = BackgroundTask::start(
         [this, download = job.download](const std::stop_token &stop,
                                         const BackgroundTask::Post &post) {
             const auto onProgress = [this, &post](double fraction, const QString &status) {
-                post([this, fraction, status] { m_events.progress(fraction, status); });
+                post([this, fraction, status] { setProgress(fraction, status); });
             };
             return download.run(onProgress, stop);
         },
@@ -39,20 +49,30 @@ void DownloadPipeline::drop()
     m_step = BackgroundTask();
 }
 
+void DownloadPipeline::clear()
+{
+    m_errorMessage.reset();
+    m_progress = 0;
+    m_status.clear();
+}
+
 void DownloadPipeline::decide(const PromisedDownload::Result &downloaded)
 {
-    const std::optional<TrimRange> trim = m_events.trimToApply();
+    const std::optional<TrimRange> trim = m_job.trimToApply();
     const bool toProRes = m_job.download.format == OutputFormat::proRes422;
     if (!trim && !toProRes) {
-        m_events.finished({downloaded.filePath, std::nullopt});
+        record(downloaded.filePath, std::nullopt);
         return;
     }
     // The wish may have come when the download had just ended, with no tool left to stop.
     if (m_cancelled) {
-        m_events.failed(CancellationError().errorDescription());
+        fail(std::make_exception_ptr(CancellationError()));
         return;
     }
-    m_events.processing(toProRes ? u"Encoding to Apple ProRes 422"_s : u"Trimming"_s);
+    m_progress = 0;
+    m_status.clear();
+    m_heading = toProRes ? u"Encoding to Apple ProRes 422"_s : u"Trimming"_s;
+    Q_EMIT processing();
     process(downloaded, toProRes ? EncodeProfile::proRes422() : EncodeProfile::h264Mp4(), trim);
 }
 
@@ -63,14 +83,14 @@ void DownloadPipeline::process(const PromisedDownload::Result &downloaded,
         [this, ffmpeg = m_job.download.inspector, downloaded, profile,
          trim](const std::stop_token &stop, const BackgroundTask::Post &post) {
             const auto onProgress = [this, &post](double fraction) {
-                post([this, fraction] { m_events.progress(fraction, QString()); });
+                post([this, fraction] { setProgress(fraction, QString()); });
             };
             return ffmpeg.transcode(downloaded.filePath, profile, trim,
                                     trim ? u"trimmed"_s : QString(), onProgress, stop);
         },
         [this, downloaded, trim](const QString &finalPath) {
             removeIntermediate(downloaded, finalPath);
-            m_events.finished({finalPath, trim});
+            record(finalPath, trim);
         },
         [this](const std::exception_ptr &error) { fail(error); });
 }
@@ -78,21 +98,57 @@ void DownloadPipeline::process(const PromisedDownload::Result &downloaded,
 void DownloadPipeline::removeIntermediate(const PromisedDownload::Result &downloaded,
                                           const QString &finalPath)
 {
+    const QList<DownloadRecord> &records = m_store.records();
+    const bool isRecorded = std::any_of(records.begin(), records.end(), [&](const auto &record) {
+        return record.filePath == downloaded.filePath;
+    });
     // A file that was there before belongs to the user, whether or not a record still names it.
-    if (finalPath == downloaded.filePath || downloaded.wasThereBefore
-        || m_events.isRecorded(downloaded.filePath))
+    if (finalPath == downloaded.filePath || downloaded.wasThereBefore || isRecorded)
         return;
     QFile::remove(downloaded.filePath);
+}
+
+void DownloadPipeline::record(const QString &filePath, const std::optional<TrimRange> &trim)
+{
+    const PromisedDownload &download = m_job.download;
+    const QString &title = m_job.effectiveTitle;
+    DownloadRecord record;
+    record.id = QUuid::createUuid();
+    record.title = title.isEmpty() ? QFileInfo(filePath).fileName() : title;
+    record.sourceURL = download.address;
+    record.filePath = filePath;
+    record.createdAt = QDateTime::currentDateTimeUtc();
+    if (download.info) {
+        record.thumbnailURL = download.info->thumbnail;
+        record.durationSeconds = download.info->duration;
+    }
+    if (trim) {
+        record.trimStart = trim->start;
+        record.trimEnd = trim->end;
+    }
+    m_store.add(record);
+    m_history.recordDownload(record.sourceURL, title, record.thumbnailURL, record.durationSeconds);
+    m_progress = 1;
+    m_status.clear();
+    Q_EMIT recorded(record.id);
 }
 
 void DownloadPipeline::fail(const std::exception_ptr &error)
 {
     try {
         std::rethrow_exception(error);
-    } catch (const std::exception &exception) {
+    } catch (const std::exception &failure) {
         // A cancellation describes itself in a word, too.
-        m_events.failed(errorDescription(exception));
+        m_errorMessage = errorDescription(failure);
     }
+    Q_EMIT failed();
+}
+
+void DownloadPipeline::setProgress(double fraction, const QString &status)
+{
+    m_progress = fraction;
+    m_status = status;
+    Q_EMIT progressed();
 }
 
 } // namespace clipwren

@@ -3,59 +3,80 @@
 #include "core/tasks/BackgroundTask.h"
 #include "workflow/download/PromisedDownload.h"
 
+#include <QObject>
 #include <QString>
+#include <QUuid>
 
 #include <functional>
 #include <optional>
 
 namespace clipwren {
 
-/// From an address to the final file: download, decide what has to follow, cut or convert.
+class DownloadStore;
+class HistoryStore;
+
+/// From an address to the recorded file: download, decide what has to follow, cut or convert,
+/// record.
 ///
 /// Lives on the user-interface thread, which no step blocks. One job at a time. Destroying the
 /// pipeline stops the running tool and silences it.
-class DownloadPipeline {
+class DownloadPipeline : public QObject {
+    Q_OBJECT
+
 public:
     /// What is fixed when the download starts.
     struct Job {
         PromisedDownload download;
         QString effectiveTitle; ///< may be empty
-    };
-    struct Result {
-        QString filePath; ///< absolute
-        std::optional<TrimRange> trim; ///< what was cut, if anything
-    };
-    /// What the pipeline asks and tells. All are called on the user-interface thread; of the last
-    /// two exactly one is, as the last thing.
-    struct Events {
-        /// `status` is empty while the file is cut or converted.
-        std::function<void(double fraction, const QString &status)> progress;
         /// Asked once, when the download is there: the range to keep, if any.
         std::function<std::optional<TrimRange>()> trimToApply;
-        /// The file is going to be cut or converted, under this heading.
-        std::function<void(const QString &heading)> processing;
-        /// Whether a record names this file. Such a file is never removed.
-        std::function<bool(const QString &filePath)> isRecorded;
-        std::function<void(const Result &result)> finished;
-        /// One sentence for the user, also when it was cancelled.
-        std::function<void(const QString &message)> failed;
     };
 
-    void start(const Job &job, Events events);
+    DownloadPipeline(DownloadStore &store, HistoryStore &history);
+
+    /// After any number of `progressed`, and of `processing` at most one, exactly one of `recorded`
+    /// and `failed` follows as the last thing.
+    void start(const Job &job);
     /// Asks the running tool to stop; `failed` follows.
     void cancel();
     /// Stops the running tool. Nothing follows.
     void drop();
+
+    /// Of the running step, 0 to 1. It stays, as the two texts do, when the job failed.
+    double progress() const { return m_progress; }
+    /// Empty while the file is cut or converted.
+    QString status() const { return m_status; }
+    /// What the running step does.
+    QString heading() const { return m_heading; }
+    /// One sentence for the user when the latest job failed, also when it was cancelled.
+    std::optional<QString> errorMessage() const { return m_errorMessage; }
+    void dismissErrorMessage() { m_errorMessage.reset(); }
+    /// Forgets how far the latest job came and how it failed.
+    void clear();
+
+Q_SIGNALS:
+    void progressed();
+    /// The file is going to be cut or converted.
+    void processing();
+    void recorded(const QUuid &recordId);
+    void failed();
 
 private:
     void decide(const PromisedDownload::Result &downloaded);
     void process(const PromisedDownload::Result &downloaded, const EncodeProfile &profile,
                  const std::optional<TrimRange> &trim);
     void removeIntermediate(const PromisedDownload::Result &downloaded, const QString &finalPath);
+    void record(const QString &filePath, const std::optional<TrimRange> &trim);
     void fail(const std::exception_ptr &error);
+    void setProgress(double fraction, const QString &status);
 
+    DownloadStore &m_store;
+    HistoryStore &m_history;
     Job m_job;
-    Events m_events;
+    double m_progress = 0;
+    QString m_status;
+    QString m_heading;
+    std::optional<QString> m_errorMessage;
     bool m_cancelled = false;
     BackgroundTask m_step;
 };

@@ -1,14 +1,9 @@
 #include "workflow/download/DownloaderView.h"
 
-#include "core/library/DownloadStore.h"
-#include "core/library/HistoryStore.h"
 #include "core/process/ToolEnvironment.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Preferences.h"
 #include "workflow/download/FetchErrorText.h"
-
-#include <QDateTime>
-#include <QFileInfo>
 
 #include <algorithm>
 #include <utility>
@@ -32,8 +27,18 @@ bool isWebAddress(const QString &text)
 DownloaderView::DownloaderView(const Environment &environment,
                                std::function<void(QUuid)> onCompleted, QObject *parent)
     : QObject(parent), m_environment(environment), m_onCompleted(std::move(onCompleted)),
-      m_preview(environment.makePlayer)
+      m_preview(environment.makePlayer), m_pipeline(environment.store, environment.history)
 {
+    connect(&m_pipeline, &DownloadPipeline::progressed, this, &DownloaderView::changed);
+    connect(&m_pipeline, &DownloadPipeline::processing, this, [this] {
+        m_phase = Phase::processing;
+        Q_EMIT changed();
+    });
+    connect(&m_pipeline, &DownloadPipeline::recorded, this, &DownloaderView::downloadRecorded);
+    connect(&m_pipeline, &DownloadPipeline::failed, this, [this] {
+        m_phase = Phase::ready;
+        Q_EMIT changed();
+    });
 }
 
 DownloaderView::~DownloaderView() = default;
@@ -226,12 +231,10 @@ void DownloaderView::resetAll()
     m_urlText.clear();
     m_info.reset();
     m_fetchError.reset();
-    m_errorMessage.reset();
     m_trimEnabled = false;
     m_trimStart = 0;
     m_trimEnd = 0;
-    m_downloadProgress = 0;
-    m_downloadStatus.clear();
+    m_pipeline.clear();
     returnToInput();
 }
 
@@ -320,41 +323,10 @@ void DownloaderView::resetTrim()
 
 void DownloaderView::start()
 {
-    const ToolEnvironment &tools = m_environment.tools;
-    if (!tools.allFound() || m_phase != Phase::ready)
+    if (!m_environment.tools.allFound() || m_phase != Phase::ready)
         return;
-    m_errorMessage.reset();
-    m_downloadProgress = 0;
-    m_downloadStatus = u"Starting…"_s;
-    m_phaseLabel = u"Downloading"_s;
     m_phase = Phase::downloading;
-
-    const DownloadPipeline::Job job = downloadJob();
-    DownloadPipeline::Events events;
-    events.progress = [this](double fraction, const QString &status) {
-        m_downloadProgress = fraction;
-        m_downloadStatus = status;
-        Q_EMIT changed();
-    };
-    events.trimToApply = [this, job] { return trimToApply(job.download.format); };
-    events.processing = [this](const QString &heading) {
-        m_downloadProgress = 0;
-        m_downloadStatus.clear();
-        m_phaseLabel = heading;
-        m_phase = Phase::processing;
-        Q_EMIT changed();
-    };
-    events.isRecorded = [this](const QString &filePath) {
-        const QList<DownloadRecord> &records = m_environment.store.records();
-        return std::any_of(records.begin(), records.end(), [&](const DownloadRecord &record) {
-            return record.filePath == filePath;
-        });
-    };
-    events.finished = [this, job](const DownloadPipeline::Result &result) {
-        downloadFinished(job, result);
-    };
-    events.failed = [this](const QString &message) { downloadFailed(message); };
-    m_pipeline.start(job, std::move(events));
+    m_pipeline.start(downloadJob());
     Q_EMIT changed();
 }
 
@@ -372,6 +344,7 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
     if (!typedTitle.isEmpty() && typedTitle != metadataTitle())
         job.download.customTitle = typedTitle;
     job.download.info = m_info;
+    job.trimToApply = [this, format = job.download.format] { return trimToApply(format); };
     return job;
 }
 
@@ -384,41 +357,13 @@ std::optional<TrimRange> DownloaderView::trimToApply(OutputFormat format) const
     return TrimRange{m_trimStart, m_trimEnd};
 }
 
-void DownloaderView::downloadFinished(const DownloadPipeline::Job &job,
-                                      const DownloadPipeline::Result &result)
+void DownloaderView::downloadRecorded(const QUuid &recordId)
 {
-    DownloadRecord record;
-    record.id = QUuid::createUuid();
-    record.title =
-        job.effectiveTitle.isEmpty() ? QFileInfo(result.filePath).fileName() : job.effectiveTitle;
-    record.sourceURL = job.download.address;
-    record.filePath = result.filePath;
-    record.createdAt = QDateTime::currentDateTimeUtc();
-    if (m_info) {
-        record.thumbnailURL = m_info->thumbnail;
-        record.durationSeconds = m_info->duration;
-    }
-    if (result.trim) {
-        record.trimStart = result.trim->start;
-        record.trimEnd = result.trim->end;
-    }
-    m_environment.store.add(record);
-    m_environment.history.recordDownload(record.sourceURL, job.effectiveTitle, record.thumbnailURL,
-                                         record.durationSeconds);
-    m_downloadProgress = 1;
-    m_downloadStatus.clear();
     m_phase = Phase::done;
     Q_EMIT changed();
     m_environment.desktop.playCompletionSound();
     if (m_onCompleted)
-        m_onCompleted(record.id);
-}
-
-void DownloaderView::downloadFailed(const QString &message)
-{
-    m_errorMessage = message;
-    m_phase = Phase::ready;
-    Q_EMIT changed();
+        m_onCompleted(recordId);
 }
 
 void DownloaderView::cancelDownload()
@@ -428,7 +373,7 @@ void DownloaderView::cancelDownload()
 
 void DownloaderView::dismissErrorMessage()
 {
-    m_errorMessage.reset();
+    m_pipeline.dismissErrorMessage();
     Q_EMIT changed();
 }
 

@@ -109,10 +109,10 @@ public:
     /// Starts it when the phase is `ready` and the tools are there, otherwise does nothing.
     void start();
     void cancelDownload();
-    double downloadProgress() const { return m_downloadProgress; }
-    QString downloadStatus() const { return m_downloadStatus; }
-    QString phaseLabel() const { return m_phaseLabel; }
-    std::optional<QString> errorMessage() const { return m_errorMessage; }
+    double downloadProgress() const { return m_pipeline.progress(); }
+    QString downloadStatus() const { return m_pipeline.status(); }
+    QString phaseLabel() const { return m_pipeline.heading(); }
+    std::optional<QString> errorMessage() const { return m_pipeline.errorMessage(); }
     void dismissErrorMessage();
 
 Q_SIGNALS:
@@ -131,8 +131,7 @@ private:
 
     DownloadPipeline::Job downloadJob() const;
     std::optional<TrimRange> trimToApply(OutputFormat format) const;
-    void downloadFinished(const DownloadPipeline::Job &job, const DownloadPipeline::Result &result);
-    void downloadFailed(const QString &message);
+    void downloadRecorded(const QUuid &recordId);
 
     Environment m_environment;
     std::function<void(QUuid)> m_onCompleted;
@@ -147,10 +146,6 @@ private:
     QString m_customTitle;
     PreviewPlayerController m_preview;
     std::optional<QUrl> m_previewURL;
-    double m_downloadProgress = 0;
-    QString m_downloadStatus;
-    QString m_phaseLabel;
-    std::optional<QString> m_errorMessage;
     bool m_showLogs = false;
     bool m_trimEnabled = false;
     double m_trimStart = 0;
