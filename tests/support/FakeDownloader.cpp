@@ -3,43 +3,30 @@
 #include <QTest>
 
 namespace clipwren::test {
-namespace {
 
 using namespace Qt::StringLiterals;
 
-} // namespace
-
 FakeDownloader::FakeDownloader()
-    : m_lookup(u"echo '[site] abc: Downloading webpage' >&2; cat \"$0.json\""_s),
-      m_previewLookup(u"echo https://stream.example/preview.mp4"_s), m_download(defaultDownload()),
-      store(m_folder.filePath(u"library"_s)), history(m_folder.filePath(u"library"_s))
 {
-    QFile json(tools.path(u"yt-dlp.json"_s));
-    if (json.open(QIODevice::WriteOnly))
-        json.write(metadata());
-    json.close();
-    writeYtDlp();
+    tools.add(u"yt-dlp"_s,
+              u"case \"$1\" in\n-J) . \"$0.lookup\" ;;\n-g) . \"$0.preview\" ;;\n*)\n"
+              "ext=mp4; template=\n"
+              "while [ $# -gt 0 ]; do\n"
+              "  case \"$1\" in -o) template=$2; shift ;; mp3) ext=mp3 ;; esac; shift\n"
+              "done\n"
+              "file=$(printf '%s' \"$template\" | sed -e 's/%(title).200B/Talk/'"
+              " -e 's/%(id)s/id1/' -e \"s/%(ext)s/$ext/\" -e 's/%%/%/g')\n"
+              ". \"$0.download\"\n;;\nesac"_s);
+    tools.write(u"yt-dlp.json"_s, uR"({"title":"Talk","duration":60.5,"uploader":"Someone",
+        "thumbnail":"https://site.example/t.jpg","formats":[
+        {"vcodec":"vp9","acodec":"none","height":2160,"ext":"webm"},
+        {"vcodec":"avc1.64001F","acodec":"none","height":1080,"ext":"mp4"}]})"_s);
+    onLookup(u"echo '[site] abc: Downloading webpage' >&2; cat \"$0.json\""_s);
+    onPreviewLookup(u"echo https://stream.example/preview.mp4"_s);
+    onDownload(defaultDownload());
     onConvert(u"echo out_time_us=2500000; echo new > \"$output\"; echo progress=end"_s);
     onProbe(u"vp9"_s, 2160);
     toolEnvironment.emplace(QStringList{tools.directory()}, ToolEnvironment::Versions::Skip);
-}
-
-void FakeDownloader::onLookup(const QString &script)
-{
-    m_lookup = script;
-    writeYtDlp();
-}
-
-void FakeDownloader::onPreviewLookup(const QString &script)
-{
-    m_previewLookup = script;
-    writeYtDlp();
-}
-
-void FakeDownloader::onDownload(const QString &script)
-{
-    m_download = script;
-    writeYtDlp();
 }
 
 void FakeDownloader::onConvert(const QString &script)
@@ -56,33 +43,11 @@ void FakeDownloader::onProbe(const QString &codec, int height)
                   .arg(height));
 }
 
-QByteArray FakeDownloader::metadata()
-{
-    return R"({"title":"Talk","duration":60.5,"uploader":"Someone",
-        "thumbnail":"https://site.example/t.jpg","formats":[
-        {"vcodec":"vp9","acodec":"none","height":2160,"ext":"webm"},
-        {"vcodec":"avc1.64001F","acodec":"none","height":1080,"ext":"mp4"}]})";
-}
-
 QString FakeDownloader::defaultDownload()
 {
     return u"test -e \"$file\" || echo old > \"$file\"\n"
            "echo '  42.3%||   1.20MiB/s||00:10'\n"
            "echo \"filepath:$file\""_s;
-}
-
-void FakeDownloader::writeYtDlp()
-{
-    tools.add(u"yt-dlp"_s,
-              u"case \"$1\" in\n-J) "_s + m_lookup + u" ;;\n-g) "_s + m_previewLookup
-                  + u" ;;\n*)\n"
-                    "ext=mp4; template=\n"
-                    "while [ $# -gt 0 ]; do\n"
-                    "  case \"$1\" in -o) template=$2; shift ;; mp3) ext=mp3 ;; esac; shift\n"
-                    "done\n"
-                    "file=$(printf '%s' \"$template\" | sed -e 's/%(title).200B/Talk/'"
-                    " -e 's/%(id)s/id1/' -e \"s/%(ext)s/$ext/\" -e 's/%%/%/g')\n"_s
-                  + m_download + u"\n;;\nesac"_s);
 }
 
 DownloaderView::Environment FakeDownloader::environment()

@@ -17,19 +17,24 @@ class FakeDownloader {
 public:
     FakeDownloader();
 
-    /// What the look-up does: `script` runs for "-J". The default prints `metadata()`.
-    void onLookup(const QString &script);
+    /// What the look-up does: `script` runs for "-J". The default prints the file "$0.json".
+    void onLookup(const QString &script) { tools.write(QStringLiteral("yt-dlp.lookup"), script); }
     /// What the preview look-up does. The default prints an address.
-    void onPreviewLookup(const QString &script);
+    void onPreviewLookup(const QString &script)
+    {
+        tools.write(QStringLiteral("yt-dlp.preview"), script);
+    }
     /// What a download does. The default writes the file "Title [id].EXT" where it is told to,
     /// unless it is there, prints some progress and the path. `$file` is that path.
-    void onDownload(const QString &script);
+    void onDownload(const QString &script)
+    {
+        tools.write(QStringLiteral("yt-dlp.download"), script);
+    }
     /// What ffmpeg does; `$output` is its last argument, which the default writes.
     void onConvert(const QString &script);
     /// The codec and height that ffprobe finds in every file.
     void onProbe(const QString &codec, int height);
 
-    static QByteArray metadata();
     static QString defaultDownload();
 
     DownloaderView::Environment environment();
@@ -44,16 +49,11 @@ public:
     PendingFetchBox pendingFetch;
 
 private:
-    void writeYtDlp();
-
     QTemporaryDir m_folder;
-    QString m_lookup;
-    QString m_previewLookup;
-    QString m_download;
 
 public:
-    DownloadStore store;
-    HistoryStore history;
+    DownloadStore store{libraryFolder()};
+    HistoryStore history{libraryFolder()};
     std::optional<ToolEnvironment> toolEnvironment;
 };
 

@@ -7,14 +7,6 @@
 namespace clipwren::test {
 namespace {
 
-void writeFile(const QString &path, const QString &content)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        throw std::runtime_error("cannot write " + path.toStdString());
-    file.write(content.toUtf8());
-}
-
 QString readFile(const QString &path)
 {
     QFile file(path);
@@ -34,18 +26,24 @@ QString FakeTools::path(const QString &name) const
     return m_directory.filePath(name);
 }
 
+void FakeTools::write(const QString &name, const QString &content) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly))
+        throw std::runtime_error("cannot write " + name.toStdString());
+    file.write(content.toUtf8());
+}
+
 QString FakeTools::add(const QString &name, const QString &body) const
 {
-    const QString script = path(name);
-    writeFile(script,
-              QStringLiteral("#!/bin/sh\n"
-                             "for argument in \"$@\"; do printf '%s\\n' \"$argument\"; done"
-                             " > \"$0.args.$$\"\n"
-                             "mv \"$0.args.$$\" \"$0.args\"\n"
-                             "echo run >> \"$0.runs\"\n")
-                  + body + u'\n');
-    QFile::setPermissions(script, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    return script;
+    // Only commands of the shell's own: a child of a tool that is stopped could write here after
+    // the folder is gone.
+    write(
+        name,
+        QStringLiteral("#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$0.args\"\necho run >> \"$0.runs\"\n")
+            + body + u'\n');
+    QFile::setPermissions(path(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return path(name);
 }
 
 QStringList FakeTools::arguments(const QString &name) const

@@ -16,6 +16,8 @@ public:
     QString directory() const { return m_directory.path(); }
     QString path(const QString &name) const;
 
+    /// Writes a file into the folder.
+    void write(const QString &name, const QString &content) const;
     /// Writes an executable sh script. `body` sees the arguments as "$@".
     QString add(const QString &name, const QString &body) const;
 

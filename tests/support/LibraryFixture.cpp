@@ -33,17 +33,13 @@ DownloadRecord fullRecord(const QString &title)
 
 DownloadRecord bareRecord(const QString &title)
 {
-    return {
-        .id = QUuid::createUuid(),
-        .title = title,
-        .sourceURL = QStringLiteral("https://example.org/watch?a=1&b=2"),
-        .filePath = QStringLiteral("/home/a/Videos/%1.mp4").arg(title),
-        .thumbnailURL = {},
-        .durationSeconds = {},
-        .trimStart = {},
-        .trimEnd = {},
-        .createdAt = currentTimestamp(),
-    };
+    DownloadRecord record;
+    record.id = QUuid::createUuid();
+    record.title = title;
+    record.sourceURL = QStringLiteral("https://example.org/watch?a=1&b=2");
+    record.filePath = QStringLiteral("/home/a/Videos/%1.mp4").arg(title);
+    record.createdAt = currentTimestamp();
+    return record;
 }
 
 } // namespace clipwren::test
