@@ -10,12 +10,15 @@
 #include <unistd.h>
 
 namespace clipwren::test {
+namespace {
 
 int openDescriptorCount()
 {
     return static_cast<int>(
         QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System).size());
 }
+
+} // namespace
 
 int childCount()
 {

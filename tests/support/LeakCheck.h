@@ -15,7 +15,6 @@ private:
     int m_descriptorsBefore = 0;
 };
 
-int openDescriptorCount();
 /// Children of this process that run or were not reaped.
 int childCount();
 /// Waits for what other processes and threads do. False when it did not come in ten seconds.

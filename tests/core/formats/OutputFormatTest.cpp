@@ -7,11 +7,7 @@ namespace {
 
 TEST(OutputFormat, readsEveryStoredText)
 {
-    struct Case {
-        QStringView stored;
-        OutputFormat format;
-    };
-    const Case cases[] = {
+    const std::pair<QStringView, OutputFormat> cases[] = {
         {u"bestResolution", OutputFormat::bestResolution},
         {u"macCompatible", OutputFormat::macCompatible},
         {u"proRes422", OutputFormat::proRes422},
@@ -23,15 +19,8 @@ TEST(OutputFormat, readsEveryStoredText)
         {u" audioMP3", OutputFormat::bestResolution},
         {u"", OutputFormat::bestResolution},
     };
-    for (const Case &c : cases)
-        EXPECT_EQ(outputFormatFrom(c.stored), c.format) << c.stored.toString().toStdString();
-}
-
-TEST(OutputFormat, takesOnlyItsOwnNamesAsRawValues)
-{
-    for (const OutputFormat format : allOutputFormats)
-        EXPECT_EQ(outputFormatWithRawValue(rawValue(format)), format);
-    EXPECT_EQ(outputFormatWithRawValue(u"maxQuality"), std::nullopt);
+    for (const auto &[stored, format] : cases)
+        EXPECT_EQ(outputFormatFrom(stored), format) << stored.toString().toStdString();
 }
 
 } // namespace

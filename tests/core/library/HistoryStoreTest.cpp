@@ -10,24 +10,21 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class HistoryStoreTest : public test::LibraryFixture {
 protected:
     QList<HistoryEntry> reloaded() const { return HistoryStore(folder()).entries(); }
 };
 
-const QString watchPage = QStringLiteral("https://www.youtube.com/watch?v=abc123&list=x");
-const QString shortLink = QStringLiteral("https://youtu.be/abc123?t=5");
+const QString watchPage = u"https://www.youtube.com/watch?v=abc123&list=x"_s;
+const QString shortLink = u"https://youtu.be/abc123?t=5"_s;
 
 TEST_F(HistoryStoreTest, recognisesAVideoByItsKey)
 {
     // A key is no address with a host, so it is its own key: recording it shows whether it is that
     // of the address.
-    struct Case {
-        const char *address;
-        const char *key;
-        bool matches = true;
-    };
-    const Case cases[] = {
+    const std::pair<const char *, const char *> matches[] = {
         {"https://www.youtube.com/watch?v=abc123&list=x", "youtube:abc123"},
         {"http://m.youtube.com/watch?list=x&v=abc123#v=2", "youtube:abc123"},
         {"HTTPS://WWW.YouTube.COM/watch?v=aBc", "youtube:aBc"},
@@ -35,42 +32,49 @@ TEST_F(HistoryStoreTest, recognisesAVideoByItsKey)
         {"https://youtube.com/channel?v=1&v=2", "youtube:1"},
         {"https://youtube.com/watch?v=", "youtube:"},
         {"https://youtube.com/watch?%76=a%26b%3Dc+d%20e=f", "youtube:a&b=c+d e=f"},
-        {"https://youtube.com/watch?V=1", "youtube:1", false},
-        {"https://youtube.com/watch?v", "youtube:", false},
-        {"https://youtube.com/watch?v&v=2", "youtube:2", false},
-        {"https://youtube.com/@channel", "youtube:@channel", false},
         {"https://youtube.com/shorts/abc123?feature=x", "youtube:abc123"},
         {"https://youtube.com/shorts/abc123/", "youtube:abc123/"},
         {"https://youtube.com/shorts/a/shorts/b", "youtube:ab"},
         {"https://youtube.com/shorts/a?v=b", "youtube:b"},
         {"https://youtube.com/shorts/a?v", "youtube:a"},
-        {"https://youtube.com/shorts", "youtube:", false},
-        {"https://youtube.com/x/shorts/a", "youtube:/xa", false},
         {"https://youtu.be/abc123", "youtube:abc123"},
         {"https://YOUTU.BE//abc123//?v=other", "youtube:abc123"},
         {"https://youtu.be/a%20b/c", "youtube:a b/c"},
         {"https://youtu.be", "youtube:"},
-        {"https://www.youtu.be/abc123", "youtube:abc123", false},
-        {"https://example.org/watch?v=abc123", "youtube:abc123", false},
-        {"youtu.be/abc123", "youtube:abc123", false},
-        {"https://youtube.com:99999/watch?v=1", "youtube:1", false},
-        {"https://[youtube.com/watch?v=1", "youtube:1", false},
-        {"https://youtube.com/watch?v=%", "youtube:%", false},
     };
-    for (const auto &[address, key, matches] : cases) {
-        SCOPED_TRACE(address);
+    const std::pair<const char *, const char *> others[] = {
+        {"https://youtube.com/watch?V=1", "youtube:1"},
+        {"https://youtube.com/watch?v", "youtube:"},
+        {"https://youtube.com/watch?v&v=2", "youtube:2"},
+        {"https://youtube.com/@channel", "youtube:@channel"},
+        {"https://youtube.com/shorts", "youtube:"},
+        {"https://youtube.com/x/shorts/a", "youtube:/xa"},
+        {"https://www.youtu.be/abc123", "youtube:abc123"},
+        {"https://example.org/watch?v=abc123", "youtube:abc123"},
+        {"youtu.be/abc123", "youtube:abc123"},
+        {"https://youtube.com:99999/watch?v=1", "youtube:1"},
+        {"https://[youtube.com/watch?v=1", "youtube:1"},
+        {"https://youtube.com/watch?v=%", "youtube:%"},
+        {"https://o.org/1", "https://o.org/1?x=2"},
+        {"https://o.org/1", "https://O.org/1"},
+    };
+    const auto entriesOf = [](const QString &address, const QString &key) {
         const QTemporaryDir empty;
         HistoryStore store(empty.path());
-        store.recordDownload(QString::fromUtf8(address), QStringLiteral("t"), {}, {});
-        store.recordDownload(QString::fromUtf8(key), QString(), {}, {});
-        EXPECT_EQ(store.entries().size(), matches ? 1 : 2);
-        EXPECT_EQ(store.entries().last().url, QString::fromUtf8(address));
-    }
+        store.recordDownload(address, u"t"_s, {}, {});
+        store.recordDownload(key, {}, {}, {});
+        EXPECT_EQ(store.entries().last().url, address);
+        return store.entries().size();
+    };
+    for (const auto &[address, key] : matches)
+        EXPECT_EQ(entriesOf(QString::fromUtf8(address), QString::fromUtf8(key)), 1) << address;
+    for (const auto &[address, key] : others)
+        EXPECT_EQ(entriesOf(QString::fromUtf8(address), QString::fromUtf8(key)), 2) << address;
 }
 
 TEST_F(HistoryStoreTest, countsAVideoUnderItsFirstAddress)
 {
-    writeFile(QStringLiteral("history.json"), R"([
+    writeFile(u"history.json"_s, R"([
         {"id": "E621E1F8-C36C-495A-93FC-0C247A3E6E5F", "title": "Other", "url": "https://o.org/1",
          "firstDownloadedAt": "2020-01-01T00:00:00Z", "lastDownloadedAt": "2020-01-01T00:00:00Z",
          "downloadCount": 9223372036854775807, "thumbnailURL": "o"},
@@ -91,12 +95,12 @@ TEST_F(HistoryStoreTest, countsAVideoUnderItsFirstAddress)
     EXPECT_EQ(store.entries(), (QList{expected, other}));
     EXPECT_EQ(reloaded(), store.entries());
 
-    store.recordDownload(watchPage, QStringLiteral("New"), QStringLiteral("new"), 2.5);
-    EXPECT_EQ(store.entries()[0].title, QStringLiteral("New"));
-    EXPECT_EQ(store.entries()[0].thumbnailURL, QStringLiteral("new"));
+    store.recordDownload(watchPage, u"New"_s, u"new"_s, 2.5);
+    EXPECT_EQ(store.entries()[0].title, u"New"_s);
+    EXPECT_EQ(store.entries()[0].thumbnailURL, u"new"_s);
     EXPECT_EQ(store.entries()[0].durationSeconds, 2.5);
 
-    store.recordDownload(QStringLiteral("https://o.org/1"), QString(), {}, {});
+    store.recordDownload(u"https://o.org/1"_s, QString(), {}, {});
     EXPECT_EQ(store.entries()[0].downloadCount, std::numeric_limits<qint64>::max());
     EXPECT_EQ(reloaded(), store.entries());
 }
@@ -104,29 +108,15 @@ TEST_F(HistoryStoreTest, countsAVideoUnderItsFirstAddress)
 TEST_F(HistoryStoreTest, namesAnUntitledVideoByItsAddress)
 {
     HistoryStore store(folder());
-    store.recordDownload(shortLink, QString(), {}, {});
-    store.recordDownload(watchPage, QString(), {}, {});
-    ASSERT_EQ(store.entries().size(), 1);
-    EXPECT_EQ(store.entries()[0].title, shortLink);
-    EXPECT_EQ(store.entries()[0].url, shortLink);
-    store.recordDownload(watchPage, QStringLiteral("Title"), {}, {});
-    store.recordDownload(watchPage, QString(), {}, {});
-    EXPECT_EQ(store.entries()[0].title, QStringLiteral("Title"));
-}
-
-TEST_F(HistoryStoreTest, matchesOtherSitesByTheirTextOnly)
-{
-    HistoryStore store(folder());
-    for (const char *address : {"https://o.org/1", "https://o.org/1?x=2", "https://O.org/1"})
-        store.recordDownload(QString::fromUtf8(address), QString(), {}, {});
-    EXPECT_EQ(store.entries().size(), 3);
+    store.recordDownload(shortLink, {}, {}, {});
+    store.recordDownload(watchPage, {}, {}, {});
+    EXPECT_EQ(store.entries().value(0).title, shortLink);
+    EXPECT_EQ(store.entries().value(0).url, shortLink);
 }
 
 TEST_F(HistoryStoreTest, findsEveryVideoAfterMovesAndRemovals)
 {
-    const auto address = [](int number) {
-        return QStringLiteral("https://youtu.be/%1").arg(number);
-    };
+    const auto address = [](int number) { return u"https://youtu.be/%1"_s.arg(number); };
     {
         HistoryStore first(folder());
         for (int number = 0; number < 6; ++number)
@@ -143,8 +133,8 @@ TEST_F(HistoryStoreTest, findsEveryVideoAfterMovesAndRemovals)
 
     QStringList found;
     for (const HistoryEntry &entry : store.entries())
-        found.append(QStringLiteral("%1x%2").arg(entry.url.back()).arg(entry.downloadCount));
-    EXPECT_EQ(found.join(u' '), QStringLiteral("0x2 2x2 5x1 3x2 4x1"));
+        found.append(u"%1x%2"_s.arg(entry.url.back()).arg(entry.downloadCount));
+    EXPECT_EQ(found.join(u' '), u"0x2 2x2 5x1 3x2 4x1"_s);
     EXPECT_EQ(reloaded(), store.entries());
     EXPECT_EQ(changes.count(), 6);
 

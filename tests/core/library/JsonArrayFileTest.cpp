@@ -18,21 +18,14 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
 using test::bareRecord;
 using test::fullRecord;
 
-const QString fileName = QStringLiteral("downloads.json");
-const QString rejected = QStringLiteral("downloads.json.rejected");
+const QString fileName = u"downloads.json"_s;
+const QString rejected = u"downloads.json.rejected"_s;
 
 using JsonArrayFileTest = test::LibraryFixture;
-
-QList<DownloadRecord> someRecords(int count)
-{
-    QList<DownloadRecord> records;
-    for (int number = 0; number < count; ++number)
-        records.append(fullRecord(QString::number(number)));
-    return records;
-}
 
 /// A child that writes a byte once it has loaded the list, then adds record after record and
 /// writes one after each save, until it is killed.
@@ -42,7 +35,7 @@ pid_t startAdding(const QString &folder, Pipe &saved)
     if (child == 0) {
         DownloadStore store(folder);
         while (write(saved.writeEnd.get(), "x", 1) == 1)
-            store.add(fullRecord(QStringLiteral("added")));
+            store.add(fullRecord(u"added"_s));
         _exit(1);
     }
     saved.writeEnd.close();
@@ -54,7 +47,8 @@ TEST_F(JsonArrayFileTest, isWholeWheneverTheProcessIsKilled)
     constexpr qsizetype countAtStart = 200;
     QElapsedTimer oneSave;
     oneSave.start();
-    JsonArrayFile(folder(), fileName).save(someRecords(countAtStart));
+    JsonArrayFile(folder(), fileName)
+        .save(QList<DownloadRecord>(countAtStart, fullRecord(u"old"_s)));
     // The first save of a process takes longest; a busy machine or a sanitizer makes all slow.
     const auto fewSaves = static_cast<quint32>(std::max<qint64>(40, 3 * oneSave.elapsed()));
     qsizetype known = countAtStart;
@@ -82,7 +76,7 @@ TEST_F(JsonArrayFileTest, isWholeWheneverTheProcessIsKilled)
 TEST_F(JsonArrayFileTest, keepsTheOldFileWhenTheDiskIsFull)
 {
     DownloadStore store(folder());
-    store.add(bareRecord(QStringLiteral("A")));
+    store.add(bareRecord(u"A"_s));
     const QByteArray before = readFile(fileName);
     const QStringList filesBefore = QDir(folder()).entryList(QDir::Files);
 
@@ -92,7 +86,7 @@ TEST_F(JsonArrayFileTest, keepsTheOldFileWhenTheDiskIsFull)
     const rlimit full{static_cast<rlim_t>(before.size()), limit.rlim_max};
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &full), 0);
-    store.add(bareRecord(QStringLiteral("B")));
+    store.add(bareRecord(u"B"_s));
     setrlimit(RLIMIT_FSIZE, &limit);
     std::signal(SIGXFSZ, handler);
 
@@ -100,7 +94,7 @@ TEST_F(JsonArrayFileTest, keepsTheOldFileWhenTheDiskIsFull)
     EXPECT_EQ(readFile(fileName), before);
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files), filesBefore);
 
-    store.add(bareRecord(QStringLiteral("C")));
+    store.add(bareRecord(u"C"_s));
     EXPECT_EQ(DownloadStore(folder()).records(), store.records());
 }
 
@@ -110,36 +104,36 @@ TEST_F(JsonArrayFileTest, keepsARejectedFileBesideTheNewOne)
         writeFile(fileName, content);
         DownloadStore store(folder());
         EXPECT_TRUE(store.records().isEmpty());
-        store.add(bareRecord(QStringLiteral("A")));
-        store.add(bareRecord(QStringLiteral("B")));
+        store.add(bareRecord(u"A"_s));
+        store.add(bareRecord(u"B"_s));
         EXPECT_EQ(DownloadStore(folder()).records(), store.records());
     }
     EXPECT_EQ(readFile(rejected), "");
-    EXPECT_EQ(readFile(rejected + QStringLiteral(".2")), "not JSON");
-    EXPECT_EQ(readFile(rejected + QStringLiteral(".3")), R"([{"title": "no more"}])");
+    EXPECT_EQ(readFile(rejected + u".2"_s), "not JSON");
+    EXPECT_EQ(readFile(rejected + u".3"_s), R"([{"title": "no more"}])");
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 4);
 }
 
 TEST_F(JsonArrayFileTest, keepsNothingAsideOfAGoodOrMissingFile)
 {
     for (int start = 0; start < 2; ++start)
-        DownloadStore(folder()).add(bareRecord(QStringLiteral("A")));
+        DownloadStore(folder()).add(bareRecord(u"A"_s));
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList{fileName});
 }
 
 TEST_F(JsonArrayFileTest, writesThroughASymbolicLink)
 {
-    ASSERT_TRUE(QDir(folder()).mkdir(QStringLiteral("elsewhere")));
-    const QString target = QStringLiteral("elsewhere/list.json");
+    ASSERT_TRUE(QDir(folder()).mkdir(u"elsewhere"_s));
+    const QString target = u"elsewhere/list.json"_s;
     ASSERT_TRUE(QFile::link(target, path(fileName)));
     const auto isLink = [&] { return QFileInfo(path(fileName)).isSymLink(); };
 
-    DownloadStore(folder()).add(bareRecord(QStringLiteral("A"))); // the link leads nowhere yet
+    DownloadStore(folder()).add(bareRecord(u"A"_s)); // the link leads nowhere yet
     EXPECT_TRUE(isLink());
     EXPECT_TRUE(readFile(target).contains("\"A\""));
 
     writeFile(target, "bad");
-    DownloadStore(folder()).add(bareRecord(QStringLiteral("B")));
+    DownloadStore(folder()).add(bareRecord(u"B"_s));
     EXPECT_TRUE(isLink());
     EXPECT_TRUE(readFile(target).contains("\"B\""));
     EXPECT_EQ(readFile(rejected), "bad");
@@ -180,7 +174,7 @@ TEST_F(JsonArrayFileTest, losesNothingOfAFileItMayNotRead)
     writeFile(fileName, "secret");
     QFile::setPermissions(path(fileName), {});
     DownloadStore store(folder());
-    store.add(bareRecord(QStringLiteral("A")));
+    store.add(bareRecord(u"A"_s));
     EXPECT_EQ(DownloadStore(folder()).records(), store.records());
     EXPECT_EQ(readFile(rejected), "secret");
 }
@@ -191,11 +185,11 @@ TEST_F(JsonArrayFileTest, leavesARejectedFileAloneThatItCannotKeep)
     writeFile(fileName, "bad");
     QFile::setPermissions(folder(), QFile::ReadOwner | QFile::ExeOwner);
     DownloadStore store(folder());
-    store.add(bareRecord(QStringLiteral("A")));
+    store.add(bareRecord(u"A"_s));
     EXPECT_EQ(readFile(fileName), "bad");
 
     QFile::setPermissions(folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    store.add(bareRecord(QStringLiteral("B")));
+    store.add(bareRecord(u"B"_s));
     EXPECT_EQ(DownloadStore(folder()).records(), store.records());
     EXPECT_EQ(readFile(rejected), "bad");
 }

@@ -11,6 +11,7 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
 using testing::DoubleEq;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
@@ -22,30 +23,24 @@ class Transcode : public testing::Test {
 protected:
     Transcode()
     {
-        QDir(m_tools.directory()).mkpath(QStringLiteral("clips"));
+        QDir(m_tools.directory()).mkpath(u"clips"_s);
         fakeFfmpeg(writesOutput);
-        m_tools.add(QStringLiteral("ffprobe"), QStringLiteral("echo 10.0"));
+        m_tools.add(u"ffprobe"_s, u"echo 10.0"_s);
     }
 
     void fakeFfmpeg(const std::string &body)
     {
-        m_tools.add(QStringLiteral("ffmpeg"), QString::fromStdString(body));
+        m_tools.add(u"ffmpeg"_s, QString::fromStdString(body));
     }
     FfmpegService service() const
     {
-        return {m_tools.path(QStringLiteral("ffmpeg")), m_tools.path(QStringLiteral("ffprobe"))};
+        return {m_tools.path(u"ffmpeg"_s), m_tools.path(u"ffprobe"_s)};
     }
-    QStringList arguments() const { return m_tools.arguments(QStringLiteral("ffmpeg")); }
 
-    QString clip(const QString &name) const
+    QString clip(const QString &name) const { return m_tools.path(u"clips/"_s + name); }
+    void write(const QString &name, const QString &content) const
     {
-        return m_tools.path(QStringLiteral("clips/") + name);
-    }
-    void write(const QString &name, const char *content) const
-    {
-        QFile file(clip(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        m_tools.write(u"clips/"_s + name, content);
     }
     QByteArray read(const QString &name) const
     {
@@ -63,113 +58,82 @@ protected:
 
 TEST_F(Transcode, runsTheExactCommandLine)
 {
-    const QStringList h264{
-        QStringLiteral("-c:v"),      QStringLiteral("libx264"),   QStringLiteral("-preset"),
-        QStringLiteral("veryfast"),  QStringLiteral("-crf"),      QStringLiteral("20"),
-        QStringLiteral("-pix_fmt"),  QStringLiteral("yuv420p"),   QStringLiteral("-c:a"),
-        QStringLiteral("aac"),       QStringLiteral("-b:a"),      QStringLiteral("192k"),
-        QStringLiteral("-movflags"), QStringLiteral("+faststart")};
-    const QStringList proRes{QStringLiteral("-c:v"),       QStringLiteral("prores_ks"),
-                             QStringLiteral("-profile:v"), QStringLiteral("3"),
-                             QStringLiteral("-vendor"),    QStringLiteral("apl0"),
-                             QStringLiteral("-pix_fmt"),   QStringLiteral("yuv422p10le"),
-                             QStringLiteral("-c:a"),       QStringLiteral("pcm_s16le")};
+    const QString h264 = u"-c:v|libx264|-preset|veryfast|-crf|20|-pix_fmt|yuv420p|"
+                         "-c:a|aac|-b:a|192k|-movflags|+faststart"_s;
+    const QString proRes = u"-c:v|prores_ks|-profile:v|3|-vendor|apl0|-pix_fmt|yuv422p10le|"
+                           "-c:a|pcm_s16le"_s;
     EncodeProfile upperCase = EncodeProfile::proRes422();
-    upperCase.ext = QStringLiteral("MP4");
-    struct Case {
-        EncodeProfile profile;
-        std::optional<TrimRange> trim;
-        QStringList encoding;
-        const char *start;
-        const char *length;
+    upperCase.ext = u"MP4"_s;
+    const std::tuple<EncodeProfile, std::optional<TrimRange>, QString, QString, QString> cases[] = {
+        {EncodeProfile::h264Mp4(), {}, {}, {}, h264},
+        {EncodeProfile::proRes422(), {}, {}, {}, proRes},
+        {upperCase, {}, {}, {}, proRes},
+        {EncodeProfile::h264Mp4(), TrimRange{12.5, 42}, u"-ss|12.500|"_s, u"-t|29.500|"_s, h264},
+        {EncodeProfile::proRes422(), TrimRange{0, 10.0004}, u"-ss|0.000|"_s, u"-t|10.000|"_s,
+         proRes},
+        {EncodeProfile::h264Mp4(), TrimRange{5, 5}, u"-ss|5.000|"_s, u"-t|0.001|"_s, h264},
+        {EncodeProfile::h264Mp4(), TrimRange{7200.0625, 3}, u"-ss|7200.062|"_s, u"-t|0.001|"_s,
+         h264},
     };
-    const Case cases[] = {
-        {EncodeProfile::h264Mp4(), std::nullopt, h264, nullptr, nullptr},
-        {EncodeProfile::proRes422(), std::nullopt, proRes, nullptr, nullptr},
-        {upperCase, std::nullopt, proRes, nullptr, nullptr},
-        {EncodeProfile::h264Mp4(), TrimRange{12.5, 42}, h264, "12.500", "29.500"},
-        {EncodeProfile::proRes422(), TrimRange{0, 10.0004}, proRes, "0.000", "10.000"},
-        {EncodeProfile::h264Mp4(), TrimRange{5, 5}, h264, "5.000", "0.001"},
-        {EncodeProfile::h264Mp4(), TrimRange{7200.0625, 3}, h264, "7200.062", "0.001"},
-    };
-    const QString input = clip(QStringLiteral("Talk.webm"));
-    for (const Case &c : cases) {
-        const QString output =
-            service().transcode(input, c.profile, c.trim, QStringLiteral("QT"), {});
-        QStringList expected{QStringLiteral("-hide_banner"), QStringLiteral("-y")};
-        if (c.start)
-            expected << QStringLiteral("-ss") << QString::fromUtf8(c.start);
-        expected << QStringLiteral("-i") << input;
-        if (c.length)
-            expected << QStringLiteral("-t") << QString::fromUtf8(c.length);
-        expected << c.encoding << QStringLiteral("-progress") << QStringLiteral("pipe:1")
-                 << QStringLiteral("-nostats") << output;
-        EXPECT_EQ(arguments(), expected);
+    const QString input = clip(u"Talk.webm"_s);
+    for (const auto &[profile, trim, start, length, encoding] : cases) {
+        const QString output = service().transcode(input, profile, trim, u"QT"_s, {});
+        EXPECT_EQ(m_tools.arguments(u"ffmpeg"_s).join(u'|'),
+                  u"-hide_banner|-y|"_s + start + u"-i|"_s + input + u'|' + length + encoding
+                      + u"|-progress|pipe:1|-nostats|"_s + output);
     }
 }
 
 TEST_F(Transcode, namesTheOutputAfterTheInput)
 {
-    struct Case {
-        QString input;
-        EncodeProfile profile;
-        QString suffix;
-        QString output;
+    const std::tuple<QString, EncodeProfile, QString, QString> cases[] = {
+        {u"Talk.webm"_s, EncodeProfile::h264Mp4(), u"trimmed"_s, u"Talk — trimmed.mp4"_s},
+        {u"Talk.webm"_s, EncodeProfile::proRes422(), {}, u"Talk.mov"_s},
+        {u"Clip.part1.webm"_s, EncodeProfile::h264Mp4(), u"QT"_s, u"Clip.part1 — QT.mp4"_s},
+        {u"v1.2/Talk"_s, EncodeProfile::h264Mp4(), {}, u"v1.2/Talk.mp4"_s},
+        {u".hidden"_s, EncodeProfile::h264Mp4(), {}, u".hidden.mp4"_s},
     };
-    const Case cases[] = {
-        {QStringLiteral("Talk.webm"), EncodeProfile::h264Mp4(), QStringLiteral("trimmed"),
-         QStringLiteral("Talk — trimmed.mp4")},
-        {QStringLiteral("Talk.webm"), EncodeProfile::proRes422(), QString(),
-         QStringLiteral("Talk.mov")},
-        {QStringLiteral("Clip.part1.webm"), EncodeProfile::h264Mp4(), QStringLiteral("QT"),
-         QStringLiteral("Clip.part1 — QT.mp4")},
-        {QStringLiteral("v1.2/Talk"), EncodeProfile::h264Mp4(), QString(),
-         QStringLiteral("v1.2/Talk.mp4")},
-        {QStringLiteral(".hidden"), EncodeProfile::h264Mp4(), QString(),
-         QStringLiteral(".hidden.mp4")},
-    };
-    QDir(clip(QString())).mkdir(QStringLiteral("v1.2"));
-    for (const Case &c : cases)
-        EXPECT_EQ(service().transcode(clip(c.input), c.profile, {}, c.suffix, {}), clip(c.output));
+    QDir(clip(QString())).mkdir(u"v1.2"_s);
+    for (const auto &[input, profile, suffix, output] : cases)
+        EXPECT_EQ(service().transcode(clip(input), profile, {}, suffix, {}), clip(output));
 }
 
 TEST_F(Transcode, neverWritesOverItsInput)
 {
-    const QString input = QStringLiteral("Talk.mov");
-    write(input, "old");
+    const QString input = u"Talk.mov"_s;
+    write(input, u"old"_s);
     const auto run = [&](const QString &name) {
         return service().transcode(clip(name), EncodeProfile::proRes422(), {}, {}, {});
     };
-    EXPECT_EQ(run(input), clip(QStringLiteral("Talk 2.mov")));
-    EXPECT_EQ(run(input), clip(QStringLiteral("Talk 3.mov")));
+    EXPECT_EQ(run(input), clip(u"Talk 2.mov"_s));
+    EXPECT_EQ(run(input), clip(u"Talk 3.mov"_s));
 
     // The name to write is another name of the input, or leads to it.
-    ASSERT_TRUE(QFile::link(clip(input), clip(QStringLiteral("Linked.mov"))));
-    ASSERT_TRUE(QFile::link(QStringLiteral("Linked.mov"), clip(QStringLiteral("Linked.webm"))));
-    EXPECT_EQ(run(QStringLiteral("Linked.webm")), clip(QStringLiteral("Linked 2.mov")));
+    ASSERT_TRUE(QFile::link(clip(input), clip(u"Linked.mov"_s)));
+    ASSERT_TRUE(QFile::link(u"Linked.mov"_s, clip(u"Linked.webm"_s)));
+    EXPECT_EQ(run(u"Linked.webm"_s), clip(u"Linked 2.mov"_s));
     ASSERT_EQ(::link(QFile::encodeName(clip(input)).constData(),
-                     QFile::encodeName(clip(QStringLiteral("Talk.mkv"))).constData()),
+                     QFile::encodeName(clip(u"Talk.mkv"_s)).constData()),
               0);
-    EXPECT_EQ(run(QStringLiteral("Talk.mkv")), clip(QStringLiteral("Talk 4.mov")));
-    EXPECT_EQ(run(QStringLiteral("Missing.mov")), clip(QStringLiteral("Missing 2.mov")));
+    EXPECT_EQ(run(u"Talk.mkv"_s), clip(u"Talk 4.mov"_s));
+    EXPECT_EQ(run(u"Missing.mov"_s), clip(u"Missing 2.mov"_s));
     EXPECT_EQ(read(input), "old");
 }
 
 TEST_F(Transcode, replacesAnEarlierFileOnlyByAWholeOne)
 {
     const auto run = [&] {
-        return service().transcode(clip(QStringLiteral("Talk.webm")), EncodeProfile::h264Mp4(), {},
-                                   {}, {});
+        return service().transcode(clip(u"Talk.webm"_s), EncodeProfile::h264Mp4(), {}, {}, {});
     };
-    const QString output = QStringLiteral("Talk.mp4");
-    write(QStringLiteral("Talk.webm"), "input");
-    write(QStringLiteral("Earlier Talk.mp4"), "someone's");
+    const QString output = u"Talk.mp4"_s;
+    write(u"Talk.webm"_s, u"input"_s);
+    write(u"Earlier Talk.mp4"_s, u"someone's"_s);
 
     fakeFfmpeg(std::string(writesOutput) + "exit 1");
     EXPECT_THROW(run(), ProcessRunner::ProcessError);
     EXPECT_THAT(clips(), UnorderedElementsAre(u"Talk.webm", u"Earlier Talk.mp4"));
 
-    write(output, "earlier");
+    write(output, u"earlier"_s);
     EXPECT_THROW(run(), ProcessRunner::ProcessError);
     EXPECT_EQ(read(output), "earlier");
     fakeFfmpeg("exit 0");
@@ -183,7 +147,7 @@ TEST_F(Transcode, replacesAnEarlierFileOnlyByAWholeOne)
     EXPECT_THROW(run(), std::system_error);
     EXPECT_EQ(read(output), "new\n");
     EXPECT_THAT(clips(), UnorderedElementsAre(u"Talk.webm", u"Talk.mp4", u"Earlier Talk.mp4"));
-    EXPECT_EQ(read(QStringLiteral("Earlier Talk.mp4")), "someone's");
+    EXPECT_EQ(read(u"Earlier Talk.mp4"_s), "someone's");
 }
 
 TEST_F(Transcode, stoppingIsACancellationAndLeavesNoFile)
@@ -192,17 +156,17 @@ TEST_F(Transcode, stoppingIsACancellationAndLeavesNoFile)
                + "echo out_time_us=5000000; while :; do sleep 0.01; done");
     std::stop_source source;
     EXPECT_THROW(service().transcode(
-                     clip(QStringLiteral("Talk.webm")), EncodeProfile::h264Mp4(), {}, {},
+                     clip(u"Talk.webm"_s), EncodeProfile::h264Mp4(), {}, {},
                      [&](double) { source.request_stop(); }, source.get_token()),
                  CancellationError);
     EXPECT_THAT(clips(), ElementsAre());
 
     // Nothing is started any more.
-    const int runs = m_tools.runCount(QStringLiteral("ffmpeg"));
-    EXPECT_THROW(service().transcode(clip(QStringLiteral("Talk.webm")), EncodeProfile::h264Mp4(),
+    const int runs = m_tools.runCount(u"ffmpeg"_s);
+    EXPECT_THROW(service().transcode(clip(u"Talk.webm"_s), EncodeProfile::h264Mp4(),
                                      TrimRange{0, 1}, {}, {}, source.get_token()),
                  CancellationError);
-    EXPECT_EQ(m_tools.runCount(QStringLiteral("ffmpeg")), runs);
+    EXPECT_EQ(m_tools.runCount(u"ffmpeg"_s), runs);
 }
 
 TEST_F(Transcode, reportsProgressAsAFractionOfTheLength)
@@ -216,7 +180,7 @@ TEST_F(Transcode, reportsProgressAsAFractionOfTheLength)
     std::vector<double> fractions;
     const auto run = [&](const std::optional<TrimRange> &trim) {
         fractions.clear();
-        service().transcode(clip(QStringLiteral("Talk.webm")), EncodeProfile::h264Mp4(), trim, {},
+        service().transcode(clip(u"Talk.webm"_s), EncodeProfile::h264Mp4(), trim, {},
                             [&](double fraction) { fractions.push_back(fraction); });
         return fractions;
     };
@@ -224,7 +188,7 @@ TEST_F(Transcode, reportsProgressAsAFractionOfTheLength)
     EXPECT_THAT(run(TrimRange{100, 120}), ElementsAre(0.25, DoubleEq(0.6), 0.0, 0.1, 1.0));
     // Without a length only the end is known.
     for (const char *probe : {"echo N/A", "echo 10; exit 1"}) {
-        m_tools.add(QStringLiteral("ffprobe"), QString::fromUtf8(probe));
+        m_tools.add(u"ffprobe"_s, QString::fromUtf8(probe));
         EXPECT_THAT(run(std::nullopt), ElementsAre(1.0));
     }
 }

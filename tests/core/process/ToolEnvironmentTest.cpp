@@ -45,27 +45,21 @@ TEST(ToolEnvironment, TakesTheFirstDirectoryThatHasAnExecutable)
 
 TEST(ToolEnvironment, ReadsTheVersions)
 {
-    struct Case {
-        const char16_t *ytDlp;
-        const char16_t *ffmpeg;
-        std::optional<QString> ytDlpVersion;
-        QString ffmpegVersion;
+    const std::tuple<QString, std::optional<QString>, QString, QString> cases[] = {
+        {u"echo 2024.08.06"_s, u"2024.08.06"_s,
+         u"printf 'ffmpeg version 7.0.1 Copyright (c)\\nbuilt with gcc\\n'"_s, u"7.0.1"_s},
+        {u"exit 1"_s, std::nullopt, u"exit 1"_s, {}},
+        {u"printf ' x \\n'"_s, u"x"_s, u"echo 'ffmpeg version n6.1-git'"_s, u"n6.1-git"_s},
     };
-    const Case cases[] = {
-        {u"echo 2024.08.06", u"printf 'ffmpeg version 7.0.1 Copyright (c)\\nbuilt with gcc\\n'",
-         u"2024.08.06"_s, u"7.0.1"_s},
-        {u"exit 1", u"exit 1", std::nullopt, u""_s},
-        {u"printf ' x \\n'", u"echo 'ffmpeg version n6.1-git'", u"x"_s, u"n6.1-git"_s},
-    };
-    for (const Case &c : cases) {
+    for (const auto &[ytDlp, ytDlpVersion, ffmpeg, ffmpegVersion] : cases) {
         Directories directories;
-        directories.first.add(u"yt-dlp"_s, QString::fromUtf16(c.ytDlp));
-        directories.first.add(u"ffmpeg"_s, QString::fromUtf16(c.ffmpeg));
+        directories.first.add(u"yt-dlp"_s, ytDlp);
+        directories.first.add(u"ffmpeg"_s, ffmpeg);
         ToolEnvironment tools(directories.list());
         EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(10)));
         QCoreApplication::processEvents();
-        EXPECT_EQ(tools.ffmpegVersion(), c.ffmpegVersion);
-        EXPECT_EQ(tools.ytDlpVersion(), c.ytDlpVersion);
+        EXPECT_EQ(tools.ffmpegVersion(), ffmpegVersion);
+        EXPECT_EQ(tools.ytDlpVersion(), ytDlpVersion);
         EXPECT_EQ(directories.first.arguments(u"yt-dlp"_s), QStringList{u"--version"_s});
         EXPECT_EQ(directories.first.arguments(u"ffmpeg"_s), QStringList{u"-version"_s});
     }

@@ -9,11 +9,7 @@ namespace {
 TEST(Duration, isWrittenInMinutesOrHours)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    struct Case {
-        double seconds;
-        QStringView text;
-    };
-    const Case cases[] = {
+    const std::pair<double, QStringView> cases[] = {
         {0, u"0:00"},       {-0.0, u"0:00"},    {5, u"0:05"},
         {0.49, u"0:00"},    {0.5, u"0:01"},     {59.5, u"1:00"},
         {754, u"12:34"},    {3599.4, u"59:59"}, {3599.5, u"1:00:00"},
@@ -21,8 +17,8 @@ TEST(Duration, isWrittenInMinutesOrHours)
         {-0.1, u"—"},       {-1, u"—"},         {1e300, u"—"},
         {infinity, u"—"},   {-infinity, u"—"},  {std::numeric_limits<double>::quiet_NaN(), u"—"},
     };
-    for (const Case &c : cases)
-        EXPECT_EQ(formatDuration(c.seconds), c.text) << c.seconds;
+    for (const auto &[seconds, text] : cases)
+        EXPECT_EQ(formatDuration(seconds), text) << seconds;
 }
 
 } // namespace

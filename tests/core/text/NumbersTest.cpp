@@ -11,12 +11,7 @@ namespace {
 TEST(Numbers, readsOnlyWholeTexts)
 {
     constexpr auto none = std::nullopt;
-    struct Case {
-        QStringView text;
-        std::optional<double> number;
-        std::optional<qint64> integer;
-    };
-    const Case cases[] = {
+    const std::tuple<QStringView, std::optional<double>, std::optional<qint64>> cases[] = {
         {u"12", 12, 12},
         {u"-3", -3, -3},
         {u"+7", 7, 7},
@@ -24,24 +19,16 @@ TEST(Numbers, readsOnlyWholeTexts)
         {u"1e3", 1000, none},
         {u"9223372036854775807", 9223372036854775807.0, std::numeric_limits<qint64>::max()},
         {u"9223372036854775808", 9223372036854775808.0, none},
-        {u"", none, none},
-        {u"+", none, none},
-        {u"+-1", none, none},
-        {u"--1", none, none},
-        {u"N/A", none, none},
-        {u" 1", none, none},
-        {u"1 ", none, none},
-        {u"1\n", none, none},
-        {u"1,5", none, none},
-        {u"0x10", none, none},
-        {u"inf", none, none},
-        {u"nan", none, none},
-        {u"1e999", none, none},
-        {u"\u0661", none, none}, // an Arabic digit
     };
-    for (const Case &c : cases) {
-        EXPECT_EQ(readNumber(c.text), c.number) << c.text.toString().toStdString();
-        EXPECT_EQ(readInteger(c.text), c.integer) << c.text.toString().toStdString();
+    for (const auto &[text, number, integer] : cases) {
+        EXPECT_EQ(readNumber(text), number) << text.toString().toStdString();
+        EXPECT_EQ(readInteger(text), integer) << text.toString().toStdString();
+    }
+    // The last is an Arabic digit.
+    for (const QStringView text : {u"", u"+", u"+-1", u"--1", u"N/A", u" 1", u"1 ", u"1\n", u"1,5",
+                                   u"0x10", u"inf", u"nan", u"1e999", u"\u0661"}) {
+        EXPECT_EQ(readNumber(text), none) << text.toString().toStdString();
+        EXPECT_EQ(readInteger(text), none) << text.toString().toStdString();
     }
 }
 

@@ -1,52 +1,40 @@
 #include "core/ytdlp/DownloadProgress.h"
 
+#include "support/Printing.h"
+
 #include <gtest/gtest.h>
 
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(DownloadProgress, readsBothFormsOfALine)
 {
-    struct Case {
-        const char *line;
-        std::optional<double> fraction;
-        const char *status = "";
+    const std::tuple<const char *, double, QString> cases[] = {
+        {"download:  42.3%||1.20MiB/s||00:10", 0.423, u"1.20MiB/s · 00:10"_s},
+        {"  42.3%||   1.20MiB/s||00:10", 0.423, u"1.20MiB/s · 00:10"_s},
+        {"100%||NA||NA", 1.0, {}},
+        {"download:100%||\tNA ||00:00", 1.0, u"00:00"_s},
+        {"download:5%", 0.05, {}},
+        {"download:5%||", 0.05, {}},
+        {"download:5%||1MiB/s", 0.05, u"1MiB/s"_s},
+        {"download:120%||a||b||c", 1.2, u"a · b"_s},
+        {"download:x||50%||7", 0.5, u"50% · 7"_s},
+        {"download:5%%||a||b", 0.05, u"a · b"_s},
     };
-    const Case cases[] = {
-        {"download:  42.3%||1.20MiB/s||00:10", 0.423, "1.20MiB/s · 00:10"},
-        {"  42.3%||   1.20MiB/s||00:10", 0.423, "1.20MiB/s · 00:10"},
-        {"100%||NA||NA", 1.0},
-        {"download:100%||\tNA ||00:00", 1.0, "00:00"},
-        {"download:5%", 0.05},
-        {"download:5%||", 0.05},
-        {"download:5%||1MiB/s", 0.05, "1MiB/s"},
-        {"download:120%||a||b||c", 1.2, "a · b"},
-        {"download:x||50%||7", 0.5, "50% · 7"},
-        {"download:5%%||a||b", 0.05, "a · b"},
-        {"download:-1%||a||b", std::nullopt},
-        {"download:nan%||a||b", std::nullopt},
-        {"download:4,5%||a||b", std::nullopt},
-        {"download: %||a||b", std::nullopt},
-        {"download:NA||NA||NA", std::nullopt},
-        {" download:5%||a||b", std::nullopt},
-        // Without the word, only the three fields and nothing else.
-        {"5%", std::nullopt},
-        {"5%||1MiB/s", std::nullopt},
-        {"5%||a||b||c", std::nullopt},
-        {"5%||a|b|c", std::nullopt},
-        {"a||50%||b", std::nullopt},
-        {"NA||NA||NA", std::nullopt},
-        {"[download] Destination: 50%||a||b", std::nullopt},
-        {"[download]  42.3% of 10MiB", std::nullopt},
-    };
-    for (const Case &c : cases) {
-        const auto progress = DownloadProgress::fromLine(QString::fromUtf8(c.line));
-        ASSERT_EQ(progress.has_value(), c.fraction.has_value()) << c.line;
-        if (progress) {
-            EXPECT_DOUBLE_EQ(progress->fraction, *c.fraction) << c.line;
-            EXPECT_EQ(progress->status.toStdString(), c.status) << c.line;
-        }
+    for (const auto &[line, fraction, status] : cases) {
+        const auto progress = DownloadProgress::fromLine(QString::fromUtf8(line));
+        ASSERT_TRUE(progress) << line;
+        EXPECT_DOUBLE_EQ(progress->fraction, fraction) << line;
+        EXPECT_EQ(progress->status, status) << line;
     }
+    // Without the word it takes three fields and nothing else.
+    for (const char *line : {"download:-1%||a||b", "download:nan%||a||b", "download:4,5%||a||b",
+                             "download: %||a||b", "download:NA||NA||NA", " download:5%||a||b", "5%",
+                             "5%||1MiB/s", "5%||a||b||c", "5%||a|b|c", "a||50%||b", "NA||NA||NA",
+                             "[download] Destination: 50%||a||b", "[download]  42.3% of 10MiB"})
+        EXPECT_FALSE(DownloadProgress::fromLine(QString::fromUtf8(line))) << line;
 }
 
 } // namespace

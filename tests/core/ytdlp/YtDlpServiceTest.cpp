@@ -13,24 +13,26 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
 using FetchError = YtDlpService::FetchError;
 using testing::ElementsAre;
 
-const QString address = QStringLiteral("https://v.example/watch?v=1&t=2 3");
+const QString address = u"https://v.example/watch?v=1&t=2 3"_s;
 
 class YtDlp : public testing::Test {
 protected:
     YtDlpService service(const char *body)
     {
-        return {.binaryPath = m_tools.add(QStringLiteral("yt-dlp"), QString::fromUtf8(body)),
-                .ffmpegPath = QStringLiteral("/opt/my tools/ffmpeg")};
+        return {.binaryPath = m_tools.add(u"yt-dlp"_s, QString::fromUtf8(body)),
+                .ffmpegPath = u"/opt/my tools/ffmpeg"_s};
     }
-    QStringList arguments() const { return m_tools.arguments(QStringLiteral("yt-dlp")); }
-    QString folder() const { return m_tools.path(QStringLiteral("a/b")); }
+    /// Of the latest run, parted by bars.
+    QString arguments() const { return m_tools.arguments(u"yt-dlp"_s).join(u'|'); }
+    QString folder() const { return m_tools.path(u"a/b"_s); }
 
-    QString download(const char *body, const YtDlpService::ProgressHandler &onProgress = {})
+    QString download(const char *body)
     {
-        return service(body).download(address, folder(), OutputFormat::proRes422, {}, onProgress);
+        return service(body).download(address, folder(), OutputFormat::proRes422, {}, {});
     }
 
     test::FakeTools m_tools;
@@ -50,31 +52,26 @@ TEST_F(YtDlp, fetchInfoReadsTheDocumentAndKeepsTheLog)
     EXPECT_THAT(
         statuses,
         ElementsAre(u"abc: Downloading webpage", u"plain [x]", u"", u"[b] c", u"[] d", u"[e"));
-    EXPECT_THAT(arguments(),
-                ElementsAre(u"-J", u"-v", u"--no-warnings", u"--no-playlist", u"--socket-timeout",
-                            u"20", u"--retries", u"2", u"--", address));
+    EXPECT_EQ(arguments(),
+              u"-J|-v|--no-warnings|--no-playlist|--socket-timeout|20|--retries|2|--|"_s + address);
 }
 
 TEST_F(YtDlp, fetchInfoSaysWhyThereIsNoMetadata)
 {
-    struct Case {
-        const char *body;
-        FetchError::Kind kind;
-    };
-    const Case cases[] = {
+    const std::pair<const char *, FetchError::Kind> cases[] = {
         {"echo log >&2", FetchError::Kind::emptyResponse},
         {"echo log >&2; echo", FetchError::Kind::malformedJSON},
         {"echo log >&2; echo WARNING; echo '{}'", FetchError::Kind::malformedJSON},
         {R"(echo log >&2; echo '{"formats": [{"height": "1"}]}')", FetchError::Kind::malformedJSON},
     };
-    for (const Case &c : cases) {
+    for (const auto &[body, kind] : cases) {
         try {
-            service(c.body).fetchInfo(address, {});
-            ADD_FAILURE() << c.body;
+            service(body).fetchInfo(address, {});
+            ADD_FAILURE() << body;
         } catch (const FetchError &error) {
-            EXPECT_EQ(error.kind(), c.kind) << c.body;
+            EXPECT_EQ(error.kind(), kind) << body;
             EXPECT_EQ(error.log(), u"log\n");
-            EXPECT_EQ(error.underlying().has_value(), c.kind == FetchError::Kind::malformedJSON);
+            EXPECT_EQ(error.underlying().has_value(), kind == FetchError::Kind::malformedJSON);
         }
     }
 }
@@ -88,7 +85,7 @@ TEST_F(YtDlp, fetchInfoPassesOnTheFailureOfTheTool)
         EXPECT_EQ(error.exitCode(), 1);
         EXPECT_EQ(error.standardError(), u"ERROR: Private video\n");
     }
-    EXPECT_THROW(YtDlpService({QStringLiteral("/nowhere/yt-dlp"), {}}).fetchInfo(address, {}),
+    EXPECT_THROW(YtDlpService({u"/nowhere/yt-dlp"_s, {}}).fetchInfo(address, {}),
                  std::system_error);
 }
 
@@ -116,120 +113,81 @@ TEST_F(YtDlp, stoppingALookUpIsACancellationHoweverLongTheToolTakesToEnd)
 
 TEST_F(YtDlp, fetchPreviewURLTakesTheFirstLineThatIsAnAddress)
 {
-    struct Case {
-        const char *body;
-        std::optional<const char *> address;
-    };
-    const Case cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"echo https://a.example/x?y=%20; echo https://b.example/", "https://a.example/x?y=%20"},
         {R"(printf '\r\n\n https://a.example/1 \rhttps://b.example/')", "https://a.example/1"},
-        {"", std::nullopt},
-        {"echo; echo", std::nullopt},
-        {"echo '  '; echo https://b.example/", std::nullopt},
-        {"echo 'not an address'; echo https://b.example/", std::nullopt},
+        {"", ""},
+        {"echo; echo", ""},
+        {"echo '  '; echo https://b.example/", ""},
+        {"echo 'not an address'; echo https://b.example/", ""},
     };
-    for (const Case &c : cases) {
-        const auto url = service(c.body).fetchPreviewURL(address);
-        ASSERT_EQ(url.has_value(), c.address.has_value()) << c.body;
-        if (url) {
-            EXPECT_EQ(url->toString(QUrl::FullyEncoded).toStdString(), *c.address);
-        }
+    for (const auto &[body, found] : cases) {
+        const auto url = service(body).fetchPreviewURL(address);
+        EXPECT_EQ(url.value_or(QUrl()).toEncoded(), found) << body;
+        EXPECT_EQ(url.has_value(), *found != 0) << body;
     }
-    EXPECT_THAT(arguments(),
-                ElementsAre(u"-g", u"-f",
-                            u"best[ext=mp4][protocol^=http][acodec!=none][vcodec!=none]/"
-                            "best[height<=720][ext=mp4][acodec!=none]/18",
-                            u"--no-warnings", u"--no-playlist", u"--socket-timeout", u"15", u"--",
-                            address));
+    EXPECT_EQ(arguments(),
+              u"-g|-f|best[ext=mp4][protocol^=http][acodec!=none][vcodec!=none]/"
+              "best[height<=720][ext=mp4][acodec!=none]/18|"
+              "--no-warnings|--no-playlist|--socket-timeout|15|--|"_s
+                  + address);
 }
 
 TEST_F(YtDlp, downloadAsksForEachFormatInItsWay)
 {
-    const QStringList aac{QStringLiteral("--merge-output-format"), QStringLiteral("mp4"),
-                          QStringLiteral("--postprocessor-args"),
-                          QStringLiteral("ffmpeg:-c:a aac -b:a 192k")};
-    struct Case {
-        OutputFormat format;
-        const char *selector;
-        QStringList rest;
-    };
-    const Case cases[] = {
-        {OutputFormat::bestResolution, "bv*+ba[ext=m4a]/bv*+ba/b", aac},
+    const QString mp4 = u"--merge-output-format|mp4"_s;
+    const QString aac = mp4 + u"|--postprocessor-args|ffmpeg:-c:a aac -b:a 192k"_s;
+    const std::tuple<OutputFormat, QString, QString> cases[] = {
+        {OutputFormat::bestResolution, u"bv*+ba[ext=m4a]/bv*+ba/b"_s, aac},
         {OutputFormat::macCompatible,
-         "bv*[vcodec^=avc1]+ba[ext=m4a]/b[ext=mp4]/bv*[vcodec^=avc1]+ba/b[vcodec^=avc1]", aac},
-        {OutputFormat::proRes422, "bv*+ba/b", aac.first(2)},
-        {OutputFormat::audioMP3,
-         "ba/b",
-         {QStringLiteral("--extract-audio"), QStringLiteral("--audio-format"),
-          QStringLiteral("mp3"), QStringLiteral("--audio-quality"), QStringLiteral("0")}},
+         u"bv*[vcodec^=avc1]+ba[ext=m4a]/b[ext=mp4]/bv*[vcodec^=avc1]+ba/b[vcodec^=avc1]"_s, aac},
+        {OutputFormat::proRes422, u"bv*+ba/b"_s, mp4},
+        {OutputFormat::audioMP3, u"ba/b"_s,
+         u"--extract-audio|--audio-format|mp3|--audio-quality|0"_s},
     };
     const YtDlpService yt = service("echo filepath:/x");
-    for (const Case &c : cases) {
-        yt.download(address, folder(), c.format, QStringLiteral("50% of a/b"), {});
-        const QStringList expected =
-            QStringList{QStringLiteral("--no-playlist"),
-                        QStringLiteral("--no-warnings"),
-                        QStringLiteral("--newline"),
-                        QStringLiteral("--progress"),
-                        QStringLiteral("--progress-template"),
-                        QStringLiteral("download:%(progress._percent_str)s||"
-                                       "%(progress._speed_str)s||%(progress._eta_str)s"),
-                        QStringLiteral("--socket-timeout"),
-                        QStringLiteral("30"),
-                        QStringLiteral("--retries"),
-                        QStringLiteral("3"),
-                        QStringLiteral("--ffmpeg-location"),
-                        QStringLiteral("/opt/my tools/ffmpeg"),
-                        QStringLiteral("-o"),
-                        folder() + QStringLiteral("/50%% of a-b [%(id)s].%(ext)s"),
-                        QStringLiteral("--print"),
-                        QStringLiteral("after_move:filepath:%(filepath)s"),
-                        QStringLiteral("-f"),
-                        QString::fromUtf8(c.selector)}
-            + c.rest + QStringList{QStringLiteral("--"), address};
-        EXPECT_EQ(arguments(), expected) << c.selector;
+    for (const auto &[format, selector, rest] : cases) {
+        yt.download(address, folder(), format, u"50% of a/b"_s, {});
+        EXPECT_EQ(arguments(),
+                  u"--no-playlist|--no-warnings|--newline|--progress|--progress-template|"
+                  "download:%(progress._percent_str)s||%(progress._speed_str)s||"
+                  "%(progress._eta_str)s|--socket-timeout|30|--retries|3|"
+                  "--ffmpeg-location|/opt/my tools/ffmpeg|-o|"_s
+                      + folder()
+                      + u"/50%% of a-b [%(id)s].%(ext)s|--print|"
+                        "after_move:filepath:%(filepath)s|-f|"_s
+                      + selector + u'|' + rest + u"|--|"_s + address);
     }
 }
 
 TEST_F(YtDlp, downloadNamesTheFileAfterTheTitle)
 {
     qputenv("CLIPWREN_TEST_VARIABLE", "/elsewhere");
-    const QByteArray longTitle = QByteArray("漢").repeated(100);
-    const QString odd = m_tools.path(QStringLiteral("100%%(id)s"));
-    struct Case {
-        std::optional<const char *> title;
-        QString outputTemplate;
-    };
-    const Case cases[] = {
-        {std::nullopt, QStringLiteral("%(title).200B [%(id)s].%(ext)s")},
-        {"", QStringLiteral("%(title).200B [%(id)s].%(ext)s")},
-        {"...", QStringLiteral("Untitled [%(id)s].%(ext)s")},
+    const QString odd = m_tools.path(u"100%%(id)s"_s);
+    const std::pair<std::optional<QString>, QString> cases[] = {
+        {std::nullopt, u"%(title).200B [%(id)s].%(ext)s"_s},
+        {QString(), u"%(title).200B [%(id)s].%(ext)s"_s},
+        {u"..."_s, u"Untitled [%(id)s].%(ext)s"_s},
         // 100 characters of 3 bytes, too many for a file's name.
-        {longTitle.constData(),
-         QString::fromUtf8("漢").repeated(66) + QStringLiteral(" [%(id)s].%(ext)s")},
+        {u"漢"_s.repeated(100), u"漢"_s.repeated(66) + u" [%(id)s].%(ext)s"_s},
         // The tool would put the variable's value there.
-        {"$CLIPWREN_TEST_VARIABLE, ${CLIPWREN_TEST_VARIABLE} or $5",
+        {u"$CLIPWREN_TEST_VARIABLE, ${CLIPWREN_TEST_VARIABLE} or $5"_s,
          QStringLiteral("$%(none|)sCLIPWREN_TEST_VARIABLE, $%(none|)s{CLIPWREN_TEST_VARIABLE} or $5"
                         " [%(id)s].%(ext)s")},
     };
     const YtDlpService yt = service("echo filepath:/x");
-    for (const Case &c : cases) {
-        const auto title = c.title ? std::optional(QString::fromUtf8(*c.title)) : std::nullopt;
+    for (const auto &[title, outputTemplate] : cases) {
         yt.download(address, odd, OutputFormat::audioMP3, title, {});
-        EXPECT_EQ(arguments()[13],
-                  m_tools.path(QStringLiteral("100%%%%(id)s/")) + c.outputTemplate);
+        EXPECT_EQ(m_tools.arguments(u"yt-dlp"_s)[13],
+                  m_tools.path(u"100%%%%(id)s/"_s) + outputTemplate);
     }
     EXPECT_TRUE(QDir(odd).exists());
 }
 
 TEST_F(YtDlp, downloadReturnsTheLastPathExactlyAsPrinted)
 {
-    const char *body = "echo filepath:/first; echo 'filepath: /Clips/Clip: [abc] .mp4 '";
-    EXPECT_EQ(download(body), u" /Clips/Clip: [abc] .mp4 ");
-}
-
-TEST_F(YtDlp, downloadWithoutAPathIsAFailureOfOurOwn)
-{
+    EXPECT_EQ(download("echo filepath:/first; echo 'filepath: /Clips/Clip: [abc] .mp4 '"),
+              u" /Clips/Clip: [abc] .mp4 ");
     for (const char *body : {"echo done", "echo filepath:", "echo ' filepath:/x'"}) {
         try {
             download(body);
@@ -257,12 +215,12 @@ TEST_F(YtDlp, downloadReportsProgressWhileTheToolRunsAndCanBeStopped)
                      },
                      source.get_token()),
                  CancellationError);
-    EXPECT_THAT(reports, ElementsAre(std::pair(0.5, QString::fromUtf8("1.20MiB/s · 00:10"))));
+    EXPECT_THAT(reports, ElementsAre(std::pair(0.5, u"1.20MiB/s · 00:10"_s)));
 }
 
 TEST_F(YtDlp, downloadSaysWhyTheFolderCannotBeMade)
 {
-    QFile file(m_tools.path(QStringLiteral("a")));
+    QFile file(m_tools.path(u"a"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     try {
         download("echo filepath:/x");
@@ -271,38 +229,31 @@ TEST_F(YtDlp, downloadSaysWhyTheFolderCannotBeMade)
         EXPECT_EQ(error.code(), std::errc::not_a_directory);
         EXPECT_TRUE(errorDescription(error).endsWith(u"Not a directory"));
     }
-    EXPECT_EQ(m_tools.runCount(QStringLiteral("yt-dlp")), 0);
+    EXPECT_EQ(m_tools.runCount(u"yt-dlp"_s), 0);
 }
 
 TEST(SanitizeFilename, givesASafeStem)
 {
-    const auto repeated = [](const char *text, int count) {
-        return QString::fromUtf8(text).repeated(count);
-    };
-    struct Case {
-        QString title;
-        QString stem;
-    };
-    const Case cases[] = {
-        {QStringLiteral("  ..my:clip?.mp4 "), QStringLiteral("my-clip-.mp4")},
-        {QStringLiteral("/\\:?*\"<>|") + QChar(0), QStringLiteral("----------")},
-        {QStringLiteral("100% real"), QStringLiteral("100%% real")},
-        {QStringLiteral("..."), QStringLiteral("Untitled")},
-        {QStringLiteral(" \n\t\u00A0"), QStringLiteral("Untitled")},
-        {QString(), QStringLiteral("Untitled")},
+    const std::pair<QString, QString> cases[] = {
+        {u"  ..my:clip?.mp4 "_s, u"my-clip-.mp4"_s},
+        {u"/\\:?*\"<>|"_s + QChar(0), u"----------"_s},
+        {u"100% real"_s, u"100%% real"_s},
+        {u"..."_s, u"Untitled"_s},
+        {u" \n\t\u00A0"_s, u"Untitled"_s},
+        {QString(), u"Untitled"_s},
         // Blanks go before points, and only once.
-        {QStringLiteral(". a"), QStringLiteral(" a")},
-        {QStringLiteral("a.b."), QStringLiteral("a.b.")},
+        {u". a"_s, u" a"_s},
+        {u"a.b."_s, u"a.b."_s},
         // A letter that only contains a forbidden one.
-        {QStringLiteral("a?\u0301b"), QStringLiteral("a?\u0301b")},
-        {QStringLiteral("%\u0301"), QStringLiteral("%%\u0301")},
-        {repeated("a", 200), repeated("a", 180)},
-        {repeated("%", 100), repeated("%", 180)},
-        {repeated("👩‍👩‍👧", 181), repeated("👩‍👩‍👧", 180)},
-        {repeated("e\u0301", 180), repeated("e\u0301", 180)},
+        {u"a?\u0301b"_s, u"a?\u0301b"_s},
+        {u"%\u0301"_s, u"%%\u0301"_s},
+        {u"a"_s.repeated(200), u"a"_s.repeated(180)},
+        {u"%"_s.repeated(100), u"%"_s.repeated(180)},
+        {u"👩‍👩‍👧"_s.repeated(181), u"👩‍👩‍👧"_s.repeated(180)},
+        {u"e\u0301"_s.repeated(180), u"e\u0301"_s.repeated(180)},
     };
-    for (const Case &c : cases)
-        EXPECT_EQ(YtDlpService::sanitizeFilename(c.title), c.stem) << c.title.toStdString();
+    for (const auto &[title, stem] : cases)
+        EXPECT_EQ(YtDlpService::sanitizeFilename(title), stem) << title.toStdString();
 }
 
 } // namespace
