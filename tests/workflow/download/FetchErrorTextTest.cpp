@@ -12,23 +12,18 @@ using ProcessRunner::ProcessError;
 
 TEST(FetchErrorText, ChoosesTheFirstSentenceThatFits)
 {
-    struct Case {
-        const char16_t *standardError;
-        const char16_t *sentence;
-    };
-    const Case cases[] = {
-        {u"Sign in to confirm you're not a bot",
+    const std::pair<QString, QString> cases[] = {
+        {u"Sign in to confirm you're not a bot"_s,
          u"YouTube wants browser cookies for this video. Try another video, or sign in via Safari "
-         "first."},
-        {u"Private video in this region", u"This video is private or members-only."},
-        {u"members-only content", u"This video is private or members-only."},
-        {u"Video unavailable", u"Video unavailable (may be region-locked or removed)."},
-        {u"private VIDEO", u"Couldn't fetch video info: Process failed (exit 1): private VIDEO"},
+         "first."_s},
+        {u"Private video in this region"_s, u"This video is private or members-only."_s},
+        {u"members-only content"_s, u"This video is private or members-only."_s},
+        {u"Video unavailable"_s, u"Video unavailable (may be region-locked or removed)."_s},
+        {u"private VIDEO"_s,
+         u"Couldn't fetch video info: Process failed (exit 1): private VIDEO"_s},
     };
-    for (const Case &c : cases) {
-        EXPECT_EQ(friendlyFetchError(ProcessError(1, QString::fromUtf16(c.standardError))),
-                  QString::fromUtf16(c.sentence));
-    }
+    for (const auto &[standardError, sentence] : cases)
+        EXPECT_EQ(friendlyFetchError(ProcessError(1, standardError)), sentence);
     EXPECT_EQ(
         friendlyFetchError(ProcessRunner::TimeoutError()),
         u"Timed out after 60 s. YouTube may be rate-limiting — wait a minute and try again."_s);

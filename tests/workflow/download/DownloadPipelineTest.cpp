@@ -1,0 +1,158 @@
+#include "workflow/download/DownloadPipeline.h"
+
+#include "workflow/download/DownloaderFixture.h"
+
+#include <QFileInfo>
+
+namespace clipwren::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// The pipeline as its view works it.
+using DownloadPipelineTest = DownloaderFixture;
+
+TEST_F(DownloadPipelineTest, ProcessesOnlyWhatNeedsIt)
+{
+    const QString proRes = u"Encoding to Apple ProRes 422"_s;
+    const std::tuple<QString, std::optional<TrimRange>, QString, QString, bool> cases[] = {
+        {u"bestResolution"_s, {}, u"Downloading"_s, u"Talk [id1].mp4"_s, false},
+        {u"bestResolution"_s, TrimRange{10, 10.04}, u"Downloading"_s, u"Talk [id1].mp4"_s, false},
+        {u"audioMP3"_s, TrimRange{1, 5}, u"Downloading"_s, u"Talk [id1].mp3"_s, false},
+        {u"proRes422"_s, {}, proRes, u"Talk [id1].mov"_s, false},
+        {u"proRes422"_s, TrimRange{1, 5}, proRes, u"Talk [id1] — trimmed.mov"_s, true},
+        {u"macCompatible"_s, TrimRange{1, 5}, u"Trimming"_s, u"Talk [id1] — trimmed.mp4"_s, true},
+    };
+    for (const auto &[format, trim, heading, fileName, isTrimmed] : cases) {
+        SCOPED_TRACE(fileName.toStdString());
+        QDir(fake.downloadFolder()).removeRecursively();
+        fake.store.clear();
+        makeReady();
+        view->setOutputFormatRaw(format);
+        const DownloadRecord record = download(trim);
+        EXPECT_EQ(view->phaseLabel(), heading);
+        EXPECT_EQ(view->downloadStatus(), QString());
+        EXPECT_EQ(QFileInfo(record.filePath).fileName(), fileName);
+        EXPECT_EQ(record.trimStart.has_value(), isTrimmed);
+        EXPECT_EQ(record.durationSeconds, 60.5);
+        // The file is there, and nothing else is left.
+        EXPECT_EQ(files(), QStringList{fileName});
+    }
+}
+
+TEST_F(DownloadPipelineTest, NamesTheFileAndTheRecordByTheTypedTitle)
+{
+    const std::tuple<QString, QString, QString> cases[] = {
+        {u"Talk"_s, u"Talk"_s, u"Talk [id1].mp4"_s},
+        {u" "_s, u"Talk"_s, u"Talk [id1].mp4"_s},
+        {u" 100%: mine "_s, u"100%: mine"_s, u"100%- mine [id1].mp4"_s},
+    };
+    for (const auto &[typed, title, fileName] : cases) {
+        makeReady();
+        view->setCustomTitle(typed);
+        const DownloadRecord record = download();
+        EXPECT_EQ(record.title, title);
+        EXPECT_EQ(QFileInfo(record.filePath).fileName(), fileName);
+    }
+    // Without any title, the file gives the record's.
+    fake.store.clear();
+    fake.history.clear();
+    fake.onLookup(u"echo '{}'"_s);
+    makeReady();
+    EXPECT_EQ(download().title, u"Talk [id1].mp4"_s);
+    EXPECT_EQ(fake.history.entries().value(0).title, address);
+}
+
+TEST_F(DownloadPipelineTest, CancelsADownloadAndStartsItAgain)
+{
+    fake.onDownload(u"echo part > \"$file.part\"; echo '10%||NA||NA'; exec sleep 60"_s);
+    makeReady();
+    view->start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view->downloadProgress() > 0; }));
+    view->cancelDownload();
+    ASSERT_TRUE(reaches(*view, Phase::ready));
+    EXPECT_EQ(view->errorMessage(), u"Cancelled"_s);
+    EXPECT_EQ(files(), QStringList{u"Talk [id1].mp4.part"_s});
+    EXPECT_TRUE(fake.store.records().isEmpty());
+
+    fake.onDownload(FakeDownloader::defaultDownload());
+    view->start();
+    EXPECT_FALSE(view->errorMessage());
+    EXPECT_EQ(view->downloadStatus(), u"Starting…"_s);
+    EXPECT_TRUE(reaches(*view, Phase::done));
+}
+
+TEST_F(DownloadPipelineTest, ALookupSilencesTheDownload)
+{
+    fake.onDownload(u"echo '10%||NA||NA'; exec sleep 60"_s);
+    makeReady();
+    view->start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view->downloadProgress() > 0; }));
+    lookUp();
+    settle();
+    EXPECT_EQ(view->phase(), Phase::confirming);
+    EXPECT_FALSE(view->errorMessage());
+}
+
+TEST_F(DownloadPipelineTest, CancelsBetweenTheDownloadAndItsProcessing)
+{
+    makeReady();
+    view->setOutputFormatRaw(u"proRes422"_s);
+    QObject::connect(&*view, &DownloaderView::changed, &*view, [this] {
+        if (view->phase() != Phase::downloading || view->downloadProgress() <= 0)
+            return;
+        // The download has ended, and we are about to hear of it.
+        EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(10)));
+        view->cancelDownload();
+    });
+    view->start();
+    ASSERT_TRUE(reaches(*view, Phase::ready));
+    EXPECT_EQ(view->errorMessage(), u"Cancelled"_s);
+    EXPECT_TRUE(fake.store.records().isEmpty());
+}
+
+TEST_F(DownloadPipelineTest, KeepsTheDownloadWhenProcessingFails)
+{
+    fake.onConvert(u"echo partly > \"$output\"; echo broken >&2; exit 1"_s);
+    makeReady();
+    view->setTrimEnabled(true);
+    view->start();
+    ASSERT_TRUE(reaches(*view, Phase::ready));
+    EXPECT_EQ(view->errorMessage(), u"Process failed (exit 1): broken"_s);
+    EXPECT_EQ(files(), QStringList{u"Talk [id1].mp4"_s});
+    EXPECT_TRUE(fake.store.records().isEmpty());
+}
+
+TEST_F(DownloadPipelineTest, NeverRemovesAFileThatWasThereBefore)
+{
+    for (const bool recorded : {true, false}) {
+        makeReady();
+        download();
+        if (!recorded)
+            fake.store.clear();
+        makeReady();
+        download(TrimRange{1, 5});
+        EXPECT_TRUE(files().contains(u"Talk [id1].mp4"_s));
+    }
+}
+
+TEST_F(DownloadPipelineTest, GivesEachFormatAFileOfItsOwn)
+{
+    const auto downloadAs = [&](const QString &format, const QString &codec, int height) {
+        makeReady();
+        view->setOutputFormatRaw(format);
+        fake.onProbe(codec, height);
+        return QFileInfo(download().filePath).fileName();
+    };
+    EXPECT_EQ(downloadAs(u"bestResolution"_s, u"vp9"_s, 2160), u"Talk [id1].mp4"_s);
+    // Every file that is there is a VP9 one.
+    EXPECT_EQ(downloadAs(u"macCompatible"_s, u"vp9"_s, 2160), u"Talk 2 [id1].mp4"_s);
+    EXPECT_EQ(downloadAs(u"macCompatible"_s, u"vp9"_s, 2160), u"Talk 3 [id1].mp4"_s);
+    // Every file that is there is what was asked for.
+    EXPECT_EQ(downloadAs(u"macCompatible"_s, u"h264"_s, 1080), u"Talk [id1].mp4"_s);
+    EXPECT_EQ(downloadAs(u"bestResolution"_s, u"vp9"_s, 2160), u"Talk [id1].mp4"_s);
+    EXPECT_EQ(downloadAs(u"bestResolution"_s, u"vp9"_s, 1080), u"Talk 4 [id1].mp4"_s);
+}
+
+} // namespace
+} // namespace clipwren::test
