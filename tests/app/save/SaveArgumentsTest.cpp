@@ -9,31 +9,16 @@ using namespace Qt::StringLiterals;
 
 TEST(SaveArguments, ReadsTimes)
 {
-    struct Case {
-        const char16_t *text;
-        std::optional<double> seconds;
-    };
-    const Case cases[] = {
-        {u"12.5", 12.5},
-        {u"0", 0.0},
-        {u"1:05", 65.0},
-        {u"90:00", 5400.0},
-        {u"1:02:05.5", 3725.5},
-        {u"", {}},
-        {u"1:60", {}},
-        {u"1:60:00", {}},
-        {u"-1", {}},
-        {u"1,5", {}},
-        {u"1e3", {}},
-        {u" 1", {}},
-        {u"1:2:3:4", {}},
-        {u"12.", {}},
-        {u":30", {}},
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(QString::fromUtf16(c.text).toStdString());
-        EXPECT_EQ(parseTime(QString::fromUtf16(c.text)), c.seconds);
-    }
+    const std::pair<QString, double> cases[] = {{u"12.5"_s, 12.5},
+                                                {u"0"_s, 0.0},
+                                                {u"1:05"_s, 65.0},
+                                                {u"90:00"_s, 5400.0},
+                                                {u"1:02:05.5"_s, 3725.5}};
+    for (const auto &[text, seconds] : cases)
+        EXPECT_EQ(parseTime(text), seconds) << text.toStdString();
+    for (const char *text :
+         {"", "1:60", "1:60:00", "-1", "1,5", "1e3", " 1", "1:2:3:4", "12.", ":30"})
+        EXPECT_EQ(parseTime(QString::fromLatin1(text)), std::nullopt) << text;
 }
 
 TEST(SaveArguments, ReadsOptionsInAnyPlace)
@@ -50,11 +35,7 @@ TEST(SaveArguments, ReadsOptionsInAnyPlace)
 
 TEST(SaveArguments, SaysWhatIsWrong)
 {
-    struct Case {
-        QStringList arguments;
-        const char *part;
-    };
-    const Case cases[] = {
+    const std::pair<QStringList, const char *> cases[] = {
         {{}, "address is missing"},
         {{u"a"_s, u"b"_s}, "One address"},
         {{u""_s}, "address is empty"},
@@ -67,13 +48,12 @@ TEST(SaveArguments, SaysWhatIsWrong)
         {{u"a"_s, u"--quality"_s}, "quality"},
         {{u"a"_s, u"--title"_s}, "title"},
     };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.part);
+    for (const auto &[arguments, part] : cases) {
         try {
-            SaveArguments::parse(c.arguments);
-            ADD_FAILURE();
+            SaveArguments::parse(arguments);
+            ADD_FAILURE() << part;
         } catch (const UsageError &error) {
-            EXPECT_THAT(error.errorDescription().toStdString(), testing::HasSubstr(c.part));
+            EXPECT_THAT(error.errorDescription().toStdString(), testing::HasSubstr(part));
         }
     }
 }

@@ -7,22 +7,21 @@
 namespace clipwren {
 namespace {
 
-const QLocale english(QStringLiteral("en_US"));
-const QLocale german(QStringLiteral("de_DE"));
+using namespace Qt::StringLiterals;
+
+const QLocale english(u"en_US"_s);
+const QLocale german(u"de_DE"_s);
 
 QDateTime at(const QString &localTime)
 {
-    return QDateTime::fromString(localTime, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    return QDateTime::fromString(localTime, u"yyyy-MM-dd HH:mm:ss"_s);
 }
 
 TEST(RelativeDate, takesTheLargestUnitAndItsName)
 {
-    const QDateTime now = at(QStringLiteral("2026-11-22 14:05:00"));
+    const QDateTime now = at(u"2026-11-22 14:05:00"_s);
     const RelativeDate dates(english);
-    const struct {
-        const char *time;
-        const char *text;
-    } rows[] = {
+    const std::pair<const char *, const char *> rows[] = {
         {"2026-11-22 14:04:01", "now"},           {"2026-11-22 14:05:20", "now"},
         {"2026-11-22 14:04:00", "1 minute ago"},  {"2026-11-22 13:05:01", "59 minutes ago"},
         {"2026-11-22 12:05:00", "2 hours ago"},   {"2026-11-21 23:05:00", "15 hours ago"},
@@ -34,27 +33,22 @@ TEST(RelativeDate, takesTheLargestUnitAndItsName)
         {"2016-11-22 12:00:00", "10 years ago"},  {"2026-11-22 16:05:00", "in 2 hours"},
         {"2026-11-23 15:05:00", "tomorrow"},
     };
-    for (const auto &row : rows)
-        EXPECT_EQ(dates.text(at(QString::fromLatin1(row.time)), now), QString::fromLatin1(row.text))
-            << row.time;
+    for (const auto &[time, text] : rows)
+        EXPECT_EQ(dates.text(at(QString::fromLatin1(time)), now), QString::fromLatin1(text))
+            << time;
     EXPECT_EQ(dates.text({}, now), QString());
-}
 
-TEST(RelativeDate, speaksTheUsersLanguage)
-{
-    const QDateTime now = at(QStringLiteral("2026-11-22 14:05:00"));
     const QDateTime twoDaysBefore = now.addDays(-2);
-    EXPECT_EQ(RelativeDate(german).text(twoDaysBefore, now), QStringLiteral("vorgestern"));
-    EXPECT_EQ(RelativeDate(QLocale::c()).text(twoDaysBefore, now), QStringLiteral("2 days ago"));
+    EXPECT_EQ(RelativeDate(german).text(twoDaysBefore, now), u"vorgestern"_s);
+    EXPECT_EQ(RelativeDate(QLocale::c()).text(twoDaysBefore, now), u"2 days ago"_s);
 }
 
 TEST(DateTimeText, isShortAndInTheUsersForm)
 {
-    const QDateTime time = at(QStringLiteral("2026-11-22 14:05:09"));
-    EXPECT_EQ(dateTimeText(time, english), QStringLiteral("Nov 22, 2026 at 2:05\u202FPM"));
-    EXPECT_EQ(dateTimeText(time, QLocale(QStringLiteral("en_GB"))),
-              QStringLiteral("22 Nov 2026 at 14:05"));
-    EXPECT_EQ(dateTimeText(time, german), QStringLiteral("22.11.2026 um 14:05"));
+    const QDateTime time = at(u"2026-11-22 14:05:09"_s);
+    EXPECT_EQ(dateTimeText(time, english), u"Nov 22, 2026 at 2:05\u202FPM"_s);
+    EXPECT_EQ(dateTimeText(time, QLocale(u"en_GB"_s)), u"22 Nov 2026 at 14:05"_s);
+    EXPECT_EQ(dateTimeText(time, german), u"22.11.2026 um 14:05"_s);
     EXPECT_EQ(dateTimeText(time.toUTC(), english), dateTimeText(time, english));
     EXPECT_EQ(dateTimeText({}, english), QString());
 }
