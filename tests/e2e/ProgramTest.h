@@ -1,53 +1,46 @@
 #pragma once
 
 #include "support/Printing.h"
-#include "support/ProgramRun.h"
-#include "support/SampleSite.h"
-#include "support/TemporaryHome.h"
 
-#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace clipwren::test {
 
-/// Runs the real program, without a screen and in a home of its own.
+/// Runs the real program, in a home of its own with no screen and no settings of ours in reach.
 class ProgramTest : public testing::Test {
 protected:
+    /// Throws std::runtime_error when there is no temporary folder.
+    ProgramTest();
+
     struct Outcome {
-        int exitStatus = -1;
+        int exitStatus = -1; ///< as a shell tells it: 128 and a signal's number where one ended it
         QString standardOutput;
         QString standardError;
     };
 
-    static QString program() { return QStringLiteral(CLIPWREN_PROGRAM); }
+    /// Runs the program to its end, and `meanwhile` beside it. Fails the test when the program
+    /// does not end, or when it leaves a tool running.
+    Outcome run(const QStringList &arguments,
+                const std::function<void(const QProcess &)> &meanwhile = {}) const;
 
-    Outcome run(const QStringList &arguments) const
-    {
-        ProgramRun run(program(), arguments, m_home.environment());
-        EXPECT_TRUE(run.waitForExit(std::chrono::seconds(150))) << "the program does not end";
-        EXPECT_EQ(m_home.processes(), QStringList()) << "a tool was left running";
-        return {run.exitStatus(), run.standardOutput(), run.standardError()};
-    }
+    /// Absolute, without symbolic links, and found in no other process's arguments.
+    const QString &home() const { return m_home; }
+    /// Where the program saves: the user's videos folder has a name of the user's language.
+    QString downloadsFolder() const { return m_home + QStringLiteral("/Vidéos/Clipwren"); }
+    /// The names in that folder, hidden and unfinished files too.
+    QStringList savedFiles() const;
+    /// The command lines, arguments parted by blanks, of running processes that name this home.
+    QStringList processes() const;
 
-    TemporaryHome m_home;
-};
+private:
+    QProcessEnvironment environment() const;
 
-/// The same with the sample site at hand.
-class SaveTest : public ProgramTest {
-protected:
-    /// `page` is the name of a video of the site.
-    Outcome save(const QString &page, const QStringList &options = {}) const
-    {
-        return run(QStringList{QStringLiteral("save")} + options + QStringList{address(page)});
-    }
-
-    QString address(const QString &page) const
-    {
-        return m_site.address(QStringLiteral("/watch?v=") + page);
-    }
-
-    SampleSite m_site;
+    QTemporaryDir m_folder;
+    QString m_home;
 };
 
 } // namespace clipwren::test

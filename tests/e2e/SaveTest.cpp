@@ -1,6 +1,14 @@
-#include "e2e/MediaFacts.h"
+#include "core/media/FfmpegService.h"
+#include "core/process/ProcessRunner.h"
+#include "core/process/ToolEnvironment.h"
 #include "e2e/ProgramTest.h"
+#include "support/SampleSite.h"
 
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <csignal>
 #include <gmock/gmock.h>
 
 namespace clipwren::test {
@@ -8,14 +16,30 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::UnorderedElementsAre;
+
+class SaveTest : public ProgramTest {
+protected:
+    /// `page` is the name of a video of the site.
+    Outcome save(const QString &page, const QStringList &options = {}) const
+    {
+        return run(QStringList{u"save"_s} + options + QStringList{address(page)});
+    }
+    QString address(const QString &page) const { return m_site.address(u"/watch?v="_s + page); }
+
+    SampleSite m_site;
+    ToolEnvironment m_tools{ToolEnvironment::defaultSearchDirectories(),
+                            ToolEnvironment::Versions::Skip};
+};
 
 struct SavedCase {
     const char *name;
     QString page;
-    QStringList options;
+    QString options; ///< parted by a bar
     QString fileName;
-    MediaFacts facts;
+    QString facts; ///< container, picture, sound and height
+    double duration;
 
     friend void PrintTo(const SavedCase &tested, std::ostream *out) { *out << tested.name; }
 };
@@ -26,56 +50,38 @@ TEST_P(SaveFormatTest, savesTheFileAndPrintsItsPathOnly)
 {
     const SavedCase &expected = GetParam();
 
-    const Outcome outcome = save(expected.page, expected.options);
+    const Outcome outcome = save(expected.page, expected.options.split(u'|'));
 
     ASSERT_EQ(outcome.exitStatus, 0) << outcome.standardError.toStdString();
-    const QString path = m_home.downloadsFolder() + u'/' + expected.fileName;
+    const QString path = downloadsFolder() + u'/' + expected.fileName;
     EXPECT_EQ(outcome.standardOutput, path + u'\n');
-    EXPECT_THAT(m_home.savedFiles(), ElementsAre(expected.fileName));
-    const MediaFacts facts = MediaFacts::of(path);
-    EXPECT_EQ(facts.container, expected.facts.container);
-    EXPECT_EQ(facts.videoCodec, expected.facts.videoCodec);
-    EXPECT_EQ(facts.audioCodec, expected.facts.audioCodec);
-    EXPECT_EQ(facts.height, expected.facts.height);
-    EXPECT_NEAR(facts.durationSeconds, expected.facts.durationSeconds, 0.1);
+    EXPECT_THAT(savedFiles(), ElementsAre(expected.fileName));
+    const auto found = FfmpegService{*m_tools.ffmpegPath(), *m_tools.ffprobePath()}.inspect(path);
+    EXPECT_EQ(u"%1 %2 %3 %4"_s
+                  .arg(found.container->section(u',', 0, 0), found.videoCodec.value_or(u"-"_s),
+                       *found.audioCodec)
+                  .arg(found.height.value_or(0)),
+              expected.facts);
+    EXPECT_NEAR(*found.duration, expected.duration, 0.1);
 }
 
+const QString clock = u"Building a tide clock from scratch [tide-clock-01-1]"_s;
+const QString net = u"Mending a net in one afternoon [hls-1]"_s;
 const SavedCase savedCases[] = {
-    {.name = "bestResolution",
-     .page = u"tide-clock-01"_s,
-     .options = {u"--format"_s, u"bestResolution"_s},
-     .fileName = u"Building a tide clock from scratch [tide-clock-01-1].mp4"_s,
-     .facts = {u"mov"_s, u"vp9"_s, u"aac"_s, 1080, 12}},
-    {.name = "macCompatible",
-     .page = u"tide-clock-01"_s,
-     .options = {u"--format=macCompatible"_s},
-     .fileName = u"Building a tide clock from scratch [tide-clock-01-1].mp4"_s,
-     .facts = {u"mov"_s, u"h264"_s, u"aac"_s, 480, 12}},
-    {.name = "proRes422",
-     .page = u"hls"_s,
-     .options = {u"--format"_s, u"proRes422"_s},
-     .fileName = u"Mending a net in one afternoon [hls-1].mov"_s,
-     .facts = {u"mov"_s, u"prores"_s, u"pcm_s16le"_s, 360, 12}},
-    {.name = "audioMP3",
-     .page = u"rtl"_s,
-     .options = {u"--format"_s, u"audioMP3"_s},
-     .fileName = u"بناء ساعة المدّ والجزر من الصفر (الحلقة 3) [rtl-1].mp3"_s,
-     .facts = {u"mp3"_s, {}, u"mp3"_s, 0, 12}},
-    {.name = "trimmed",
-     .page = u"tide-clock-01"_s,
-     .options = {u"--trim"_s, u"3-7.48"_s, u"--format"_s, u"macCompatible"_s},
-     .fileName = u"Building a tide clock from scratch [tide-clock-01-1] — trimmed.mp4"_s,
-     .facts = {u"mov"_s, u"h264"_s, u"aac"_s, 480, 4.48}},
-    {.name = "trimmedProRes",
-     .page = u"hls"_s,
-     .options = {u"--trim"_s, u"0:10-0:11.5"_s, u"--format"_s, u"proRes422"_s},
-     .fileName = u"Mending a net in one afternoon [hls-1] — trimmed.mov"_s,
-     .facts = {u"mov"_s, u"prores"_s, u"pcm_s16le"_s, 360, 1.5}},
-    {.name = "ownTitle",
-     .page = u"hls"_s,
-     .options = {u"--title"_s, u"A/B: \"100%\" real?"_s},
-     .fileName = u"A-B- -100%- real- [hls-1].mp4"_s,
-     .facts = {u"mov"_s, u"h264"_s, u"aac"_s, 360, 12}},
+    {"bestResolution", u"tide-clock-01"_s, u"--format=bestResolution"_s, clock + u".mp4"_s,
+     u"mov vp9 aac 1080"_s, 12},
+    {"macCompatible", u"tide-clock-01"_s, u"--format=macCompatible"_s, clock + u".mp4"_s,
+     u"mov h264 aac 480"_s, 12},
+    {"proRes422", u"hls"_s, u"--format=proRes422"_s, net + u".mov"_s, u"mov prores pcm_s16le 360"_s,
+     12},
+    {"audioMP3", u"rtl"_s, u"--format=audioMP3"_s,
+     u"بناء ساعة المدّ والجزر من الصفر (الحلقة 3) [rtl-1].mp3"_s, u"mp3 - mp3 0"_s, 12},
+    {"trimmed", u"tide-clock-01"_s, u"--trim=3-7.48|--format=macCompatible"_s,
+     clock + u" — trimmed.mp4"_s, u"mov h264 aac 480"_s, 4.48},
+    {"trimmedProRes", u"hls"_s, u"--trim=0:10-0:11.5|--format=proRes422"_s,
+     net + u" — trimmed.mov"_s, u"mov prores pcm_s16le 360"_s, 1.5},
+    {"ownTitle", u"hls"_s, u"--title=A/B: \"100%\" real?"_s, u"A-B- -100%- real- [hls-1].mp4"_s,
+     u"mov h264 aac 360"_s, 12},
 };
 
 INSTANTIATE_TEST_SUITE_P(, SaveFormatTest, testing::ValuesIn(savedCases),
@@ -84,21 +90,103 @@ INSTANTIATE_TEST_SUITE_P(, SaveFormatTest, testing::ValuesIn(savedCases),
 TEST_F(SaveTest, cutsAtTheVeryFrameAndKeepsTheFileOfAnEarlierSave)
 {
     const QStringList format{u"--format"_s, u"macCompatible"_s};
-    const Outcome whole = save(u"tide-clock-01"_s, format);
-    ASSERT_EQ(whole.exitStatus, 0) << whole.standardError.toStdString();
-
-    const Outcome cut = save(u"tide-clock-01"_s, format + QStringList{u"--trim"_s, u"3-4"_s});
-
-    ASSERT_EQ(cut.exitStatus, 0) << cut.standardError.toStdString();
-    const QString wholeFile = whole.standardOutput.trimmed();
-    const QString cutFile = cut.standardOutput.trimmed();
-    EXPECT_THAT(
-        m_home.savedFiles(),
-        UnorderedElementsAre(QFileInfo(wholeFile).fileName(), QFileInfo(cutFile).fileName()));
+    const QString whole = save(u"tide-clock-01"_s, format).standardOutput.trimmed();
+    const QString cut = save(u"tide-clock-01"_s, format + QStringList{u"--trim"_s, u"3-4"_s})
+                            .standardOutput.trimmed();
+    EXPECT_THAT(savedFiles(),
+                UnorderedElementsAre(QFileInfo(whole).fileName(), QFileInfo(cut).fileName()));
+    // How like the cut's first frame is to a frame of the whole, in decibels.
+    const auto likeness = [&](int frame) {
+        const QString filter = u"[0:v]trim=end_frame=1[a];[1:v]trim=start_frame=%1:end_frame=%2,"
+                               "setpts=0[b];[a][b]psnr=stats_file=-"_s.arg(frame)
+                                   .arg(frame + 1);
+        const QString statistics = ProcessRunner::runCapturing(
+            {*m_tools.ffmpegPath(),
+             {u"-v"_s, u"error"_s, u"-i"_s, cut, u"-i"_s, whole, u"-filter_complex"_s, filter,
+              u"-f"_s, u"null"_s, u"-"_s}});
+        return QRegularExpression(u"psnr_avg:(\\S+)"_s).match(statistics).captured(1).toDouble();
+    };
     // 25 frames a second, so the cut begins with frame 75; its neighbours show other numbers.
-    const double same = frameLikeness(cutFile, 0, wholeFile, 75);
-    EXPECT_GT(same, frameLikeness(cutFile, 0, wholeFile, 74));
-    EXPECT_GT(same, frameLikeness(cutFile, 0, wholeFile, 76));
+    const double same = likeness(75);
+    EXPECT_GT(same, likeness(74));
+    EXPECT_GT(same, likeness(76));
+}
+
+TEST_F(SaveTest, tellsInOneSentenceWhyAVideoCannotBeSaved)
+{
+    const std::tuple<QString, QStringList, const char *> cases[] = {
+        {u"nowhere"_s, {}, "HTTP Error 404"},
+        {u"private"_s, {}, "This video is private or members-only."},
+        {u"hls"_s, {u"--trim=20-30"_s}, "The video ends before the time range starts."},
+    };
+    for (const auto &[page, options, sentence] : cases) {
+        const Outcome outcome = save(page, options);
+        EXPECT_EQ(outcome.exitStatus, 1);
+        EXPECT_EQ(outcome.standardOutput, QString());
+        EXPECT_THAT(outcome.standardError.trimmed().section(u'\n', -1).toStdString(),
+                    HasSubstr(sentence));
+        EXPECT_THAT(savedFiles(), ElementsAre());
+    }
+}
+
+TEST_F(SaveTest, anInterruptStopsTheToolAndLeavesNothingRunning)
+{
+    struct Case {
+        QString page;
+        QStringList options;
+        QString argument; ///< that only the tool at work at the right time has
+        QString file; ///< a part of a name in the downloads folder that shows it is at work
+        int signal;
+    };
+    const Case cases[] = {
+        {u"silent"_s, {}, u" -J "_s, {}, SIGTERM},
+        {u"slow"_s, {}, u" --newline "_s, u".part"_s, SIGINT},
+        {u"tide-clock-01"_s, {u"--format=proRes422"_s}, u" -progress "_s, u".mov"_s, SIGTERM},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.page.toStdString());
+        // The home's path in the address marks every tool that is run for it.
+        const QStringList arguments = QStringList{u"save"_s} + c.options
+            + QStringList{address(c.page) + u"&from="_s + home()};
+        const Outcome outcome = run(arguments, [&](const QProcess &program) {
+            EXPECT_TRUE(QTest::qWaitFor(
+                [&] {
+                    return !processes().filter(c.argument).isEmpty()
+                        && (c.file.isEmpty() || !savedFiles().filter(c.file).isEmpty());
+                },
+                60'000));
+            ::kill(static_cast<pid_t>(program.processId()), c.signal);
+        });
+        EXPECT_EQ(outcome.exitStatus, 130) << outcome.standardError.toStdString();
+        EXPECT_EQ(outcome.standardOutput, QString());
+    }
+}
+
+TEST_F(ProgramTest, answersWrongUseWithASentence)
+{
+    const QString address = u"http://127.0.0.1/watch?v=tide-clock-01"_s;
+    const std::pair<QStringList, const char *> cases[] = {
+        {{u"keep"_s, address}, "Usage: clipwren"},
+        {{u"save"_s}, "Usage: clipwren"},
+        {{u"save"_s, u"--format"_s, u"mp4"_s, address}, "Usage: clipwren"},
+        {{u"save"_s, u"--trim=1-2"_s, u"--format=audioMP3"_s, address}, "Audio is saved whole"},
+    };
+    for (const auto &[arguments, part] : cases) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.exitStatus, 2);
+        EXPECT_EQ(outcome.standardOutput, QString());
+        EXPECT_THAT(outcome.standardError.toStdString(), HasSubstr(part));
+    }
+}
+
+TEST_F(ProgramTest, describesItselfWithoutAScreen)
+{
+    for (const auto &[option, part] :
+         {std::pair(u"--help"_s, "clipwren save"), std::pair(u"--version"_s, CLIPWREN_VERSION)}) {
+        const Outcome outcome = run({option});
+        EXPECT_EQ(outcome.exitStatus, 0);
+        EXPECT_THAT(outcome.standardOutput.toStdString(), HasSubstr(part));
+    }
 }
 
 } // namespace

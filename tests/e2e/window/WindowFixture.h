@@ -22,7 +22,6 @@ namespace clipwren::test {
 /// by the names that are seen or read aloud.
 class WindowFixture : public testing::Test {
 protected:
-    WindowFixture();
     ~WindowFixture() override;
 
     /// Shows a film once: what the player opens for good must not look like a test's leak.
@@ -31,25 +30,22 @@ protected:
     /// Opens the window over tools found in these folders.
     void open(const QStringList &toolFolders = ToolEnvironment::defaultSearchDirectories());
     MainWindow &window() { return *m_window; }
-    QString downloadFolder() const { return m_folder.filePath(QStringLiteral("Movies/Clipwren")); }
 
-    /// A visible widget by its text or accessible name; null when there is none.
-    QWidget *find(const QString &name) const;
-    /// Waits for it. Fails the test when it does not come.
-    QWidget *await(const QString &name, int milliseconds = 60'000);
+    /// Waits for a widget of that name. Fails the test when it does not come.
+    QWidget *await(const QString &name);
+    /// Waits until a text that can be read in the window has that part.
+    bool awaitText(const QString &part) const;
     void click(const QString &name);
-    /// All texts that can be read in the window.
-    QStringList texts() const;
-    bool awaitText(const QString &part, int milliseconds = 60'000);
 
+    SampleSite site;
     QTemporaryDir m_folder;
-    DownloadStore store;
-    HistoryStore history;
+    DownloadStore store{m_folder.filePath(QStringLiteral("library"))};
+    HistoryStore history{m_folder.filePath(QStringLiteral("library"))};
     std::optional<ToolEnvironment> tools;
     PendingFetchBox pendingFetch;
     RecordingDesktop desktop;
     MemoryPreferences preferences;
-    PlayerModule players;
+    PlayerModule players{{QStringLiteral(CLIPWREN_PLAYER_FOLDER)}};
 
 private:
     std::unique_ptr<MainWindow> m_window;

@@ -10,7 +10,6 @@ class Video:
     title: str
     uploader: str = "Harbour Workshop"
     description: str = "A clock that follows the tide instead of the sun."
-    duration: str | None = "PT12S"
     # What the player lists, as paths below the media folder.
     sources: tuple = ("tide-clock/manifest.mpd", "tide-clock-360p.mpd")
     slow: bool = False
@@ -23,7 +22,6 @@ VIDEOS = {
     "hls": Video("Mending a net in one afternoon", sources=("tide-clock-hls/master.m3u8",)),
     "slow": Video("A long way out on a slow line", slow=True),
     "silent": Video("Fog", silent=True),
-    "no-duration": Video("Waiting for the ferry", duration=None),
     "long-title": Video(
         "Every harbour between the river mouth and the northern lighthouse, visited by rowing boat "
         "in one summer, with the people who keep them, the boats they mend, the weather they wait "
@@ -73,9 +71,8 @@ def watch(name, video, base):
         "uploadDate": "2024-05-18T08:00:00Z",
         "thumbnailUrl": f"{base}/media/tide-clock.jpg",
         "contentUrl": player,
+        "duration": "PT12S",
     }
-    if video.duration:
-        about["duration"] = video.duration
     script = json.dumps(about, ensure_ascii=False).replace("<", "\\u003c")
     return _page(
         video.title,

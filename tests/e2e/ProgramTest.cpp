@@ -1,0 +1,78 @@
+#include "e2e/ProgramTest.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <stdexcept>
+
+namespace clipwren::test {
+
+using namespace Qt::StringLiterals;
+
+ProgramTest::ProgramTest() : m_home(QDir(m_folder.path()).canonicalPath())
+{
+    QFile folders(m_home + u"/config/user-dirs.dirs"_s);
+    if (!m_folder.isValid() || !QDir(m_home).mkpath(u"config"_s)
+        || !QDir(m_home).mkpath(u"Vidéos"_s) || !folders.open(QIODevice::WriteOnly))
+        throw std::runtime_error("no temporary home");
+    folders.write("XDG_VIDEOS_DIR=\"$HOME/Vidéos\"\n");
+}
+
+ProgramTest::Outcome ProgramTest::run(const QStringList &arguments,
+                                      const std::function<void(const QProcess &)> &meanwhile) const
+{
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.start(QStringLiteral(CLIPWREN_PROGRAM), arguments);
+    if (meanwhile && process.waitForStarted())
+        meanwhile(process);
+    if (process.state() != QProcess::NotRunning && !process.waitForFinished(150'000)) {
+        ADD_FAILURE() << "the program does not end";
+        // It is to stop its tools, too.
+        process.terminate();
+        process.waitForFinished(10'000);
+    }
+    EXPECT_EQ(processes(), QStringList()) << "a tool was left running";
+    const bool signalled = process.exitStatus() == QProcess::CrashExit;
+    return {(signalled ? 128 : 0) + process.exitCode(),
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+QStringList ProgramTest::savedFiles() const
+{
+    return QDir(downloadsFolder())
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
+QStringList ProgramTest::processes() const
+{
+    QStringList result;
+    for (const QString &name : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+        QFile file(u"/proc/%1/cmdline"_s.arg(name));
+        if (!name[0].isDigit() || !file.open(QIODevice::ReadOnly))
+            continue;
+        const QString commandLine = QString::fromUtf8(file.readAll().replace('\0', ' '));
+        if (commandLine.contains(m_home))
+            result.append(commandLine);
+    }
+    return result;
+}
+
+QProcessEnvironment ProgramTest::environment() const
+{
+    QProcessEnvironment result;
+    // Only what runs the tools and the sanitizers: no screen, no proxy, no settings.
+    for (const char *name : {"PATH", "ASAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS"}) {
+        if (qEnvironmentVariableIsSet(name))
+            result.insert(QString::fromLatin1(name), qEnvironmentVariable(name));
+    }
+    result.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    result.insert(u"HOME"_s, m_home);
+    for (const QString &kind : {u"config"_s, u"data"_s, u"cache"_s, u"state"_s})
+        result.insert(u"XDG_%1_HOME"_s.arg(kind.toUpper()), m_home + u'/' + kind);
+    return result;
+}
+
+} // namespace clipwren::test
