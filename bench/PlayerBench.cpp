@@ -75,7 +75,7 @@ private:
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 
-    PlayerModule m_module{{QStringLiteral(CLIPWREN_PLAYER_FOLDER)}};
+    PlayerModule m_module;
     std::unique_ptr<MediaPlayer> m_player = m_module.makePlayer();
     std::unique_ptr<QOpenGLWidget> m_surface;
     std::optional<FrameNumber> m_shown;

@@ -41,8 +41,7 @@ QByteArray metadata(const QString &title, const QString &thumbnail)
 
 } // namespace
 
-SampleWindow::SampleWindow(SampleSite &site, const QString &title, const QSize &size)
-    : m_site(site), m_players({QStringLiteral(CLIPWREN_PLAYER_FOLDER)})
+SampleWindow::SampleWindow(SampleSite &site, const QString &title, const QSize &size) : m_site(site)
 {
     QFile json(m_fake.tools.path(u"yt-dlp.json"_s));
     if (json.open(QIODevice::WriteOnly))

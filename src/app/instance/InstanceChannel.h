@@ -1,13 +1,11 @@
 #pragma once
 
 #include "app/instance/InstanceMessage.h"
+#include "core/process/FileDescriptor.h"
 
-#include <QLocalServer>
 #include <QObject>
 
 #include <chrono>
-
-class QLocalSocket;
 
 namespace clipwren {
 
@@ -27,9 +25,11 @@ Q_SIGNALS:
     void received(const InstanceMessage &message);
 
 private:
-    void serve(QLocalSocket *socket);
+    class Connection;
 
-    QLocalServer m_server;
+    void accept();
+
+    FileDescriptor m_socket;
 };
 
 /// Hands a message to the application that runs and waits until it has been dealt with. False

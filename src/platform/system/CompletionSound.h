@@ -19,11 +19,8 @@ public:
     void play();
 
 private:
-    struct ContextDeleter {
-        void operator()(ca_context *context) const;
-    };
     // Both are made for the first sound.
-    std::unique_ptr<ca_context, ContextDeleter> m_context;
+    std::shared_ptr<ca_context> m_context;
     std::unique_ptr<QTemporaryFile> m_file;
 };
 

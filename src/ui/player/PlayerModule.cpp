@@ -4,8 +4,6 @@
 #include "platform/media/UnavailablePlayer.h"
 #include "ui/player/PlayerBackend.h"
 
-#include <QCoreApplication>
-#include <QFileInfo>
 #include <QLibrary>
 #include <QPalette>
 #include <QWidget>
@@ -14,32 +12,9 @@
 #include <utility>
 
 namespace clipwren {
-namespace {
-
-const QString moduleName = QStringLiteral("clipwren_player.so");
-
-QString findModule(const QStringList &folders)
+PlayerModule::PlayerModule(const QStringList &folders, std::chrono::milliseconds networkTimeout)
+    : m_module(QStringLiteral("clipwren_player"), folders), m_networkTimeout(networkTimeout)
 {
-    for (const QString &folder : folders) {
-        const QFileInfo file(folder + u'/' + moduleName);
-        if (file.isFile())
-            return file.absoluteFilePath();
-    }
-    return {};
-}
-
-} // namespace
-
-PlayerModule::PlayerModule(QStringList folders, std::chrono::milliseconds networkTimeout)
-    : m_folders(std::move(folders)), m_networkTimeout(networkTimeout)
-{
-}
-
-QStringList PlayerModule::defaultFolders()
-{
-    const QString here = QCoreApplication::applicationDirPath();
-    return {here, here + QStringLiteral("/../lib/clipwren"),
-            here + QStringLiteral("/../../lib/clipwren")};
 }
 
 void PlayerModule::warmUp()
@@ -47,7 +22,7 @@ void PlayerModule::warmUp()
     if (m_backend || std::exchange(m_isWarm, true))
         return;
     m_warmUp = BackgroundTask::start(
-        [path = findModule(m_folders)](const std::stop_token &, const BackgroundTask::Post &) {
+        [path = m_module.path()](const std::stop_token &, const BackgroundTask::Post &) {
             // Whether it worked is found out, with the reason, when the first player is made.
             QLibrary(path).load();
         },
@@ -58,19 +33,11 @@ PlayerBackend *PlayerModule::backend()
 {
     if (m_backend)
         return m_backend;
-    const QString path = findModule(m_folders);
-    if (path.isEmpty()) {
-        m_failure = QStringLiteral("The player is missing: %1 was not found. "
-                                   "Installing Clipwren again should bring it back.")
-                        .arg(moduleName);
-        return nullptr;
-    }
-    QLibrary library(path);
-    if (const auto function = library.resolve("clipwrenPlayerBackend1")) {
+    if (const auto function = m_module.resolve("clipwrenPlayerBackend1")) {
         m_backend = reinterpret_cast<decltype(&clipwrenPlayerBackend1)>(function)();
         return m_backend;
     }
-    m_failure = QStringLiteral("The player cannot be used: %1").arg(library.errorString());
+    m_failure = QStringLiteral("The player cannot be used: %1").arg(m_module.failure());
     return nullptr;
 }
 

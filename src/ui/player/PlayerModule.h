@@ -2,8 +2,7 @@
 
 #include "core/tasks/BackgroundTask.h"
 #include "platform/media/MediaPlayer.h"
-
-#include <QStringList>
+#include "platform/modules/Module.h"
 
 #include <chrono>
 #include <memory>
@@ -17,16 +16,13 @@ class PlayerBackend;
 /// Makes players and the widgets that show them, from a module that is loaded when the first
 /// one is needed: the libraries behind it cost more start-up and memory than all the rest.
 ///
-/// Used on the user-interface thread. The module stays loaded until the process ends.
+/// Used on the user-interface thread.
 class PlayerModule {
 public:
     /// Looks for the module in these folders, in this order. A server that sends nothing for
     /// `networkTimeout` fails the stream.
-    explicit PlayerModule(QStringList folders = defaultFolders(),
+    explicit PlayerModule(const QStringList &folders = Module::defaultFolders(),
                           std::chrono::milliseconds networkTimeout = std::chrono::seconds(20));
-
-    /// Beside the executable, and where it is installed and built, as seen from there.
-    static QStringList defaultFolders();
 
     /// Loads the module in the background, once, so that the first player comes at once.
     void warmUp();
@@ -41,7 +37,7 @@ private:
     /// Null when the module cannot be used; `m_failure` then says why.
     PlayerBackend *backend();
 
-    QStringList m_folders;
+    Module m_module;
     std::chrono::milliseconds m_networkTimeout;
     PlayerBackend *m_backend = nullptr;
     QString m_failure;

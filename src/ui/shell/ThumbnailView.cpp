@@ -1,13 +1,12 @@
 #include "ui/shell/ThumbnailView.h"
 
+#include "platform/network/HttpTransfer.h"
 #include "ui/components/Icon.h"
 #include "ui/components/Spinner.h"
 #include "ui/components/Theme.h"
 
 #include <QBuffer>
 #include <QImageReader>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QPainter>
 #include <QPainterPath>
 #include <QShowEvent>
@@ -20,9 +19,6 @@ namespace {
 
 // More than any screen shows of a thumbnail.
 constexpr QSize largestPicture(1280, 1280);
-constexpr int redirectsAllowed = 5;
-// What is not yet read from the network waits there.
-constexpr qint64 bufferBytes = 256 * 1024;
 
 std::optional<QUrl> webAddress(const std::optional<QString> &text)
 {
@@ -32,16 +28,6 @@ std::optional<QUrl> webAddress(const std::optional<QString> &text)
     const bool web =
         url.scheme() == QStringLiteral("http") || url.scheme() == QStringLiteral("https");
     return url.isValid() && web && !url.host().isEmpty() ? std::optional(url) : std::nullopt;
-}
-
-/// True for answers that came whole, whatever their status code says.
-bool cameWhole(QNetworkReply::NetworkError error)
-{
-    return error == QNetworkReply::NoError
-        || (error >= QNetworkReply::ContentAccessDenied
-            && error <= QNetworkReply::UnknownContentError)
-        || (error >= QNetworkReply::InternalServerError
-            && error <= QNetworkReply::UnknownServerError);
 }
 
 /// Null when it is no picture of a common kind or too large.
@@ -121,16 +107,18 @@ void ThumbnailView::load()
         return;
     }
     setState(State::Loading);
-    if (!m_network)
-        m_network = new QNetworkAccessManager(this);
-    QNetworkRequest request(*url);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setMaximumRedirectsAllowed(redirectsAllowed);
-    m_reply = m_network->get(request);
-    m_reply->setReadBufferSize(bufferBytes);
-    connect(m_reply, &QNetworkReply::readyRead, this, &ThumbnailView::receive);
-    connect(m_reply, &QNetworkReply::finished, this, &ThumbnailView::finish);
+    m_transfer = HttpTransfer::start(*url,
+                                     {[this](const QByteArray &bytes) { receive(bytes); },
+                                      [this](bool isWhole) {
+                                          if (isWhole)
+                                              decode();
+                                          else
+                                              fail();
+                                      }});
+    if (!m_transfer) {
+        setState(State::Failed);
+        return;
+    }
     m_timeLimit.start(m_limits.time);
 }
 
@@ -139,29 +127,13 @@ void ThumbnailView::stopLoading()
     m_timeLimit.stop();
     m_decoding = {};
     m_received = {};
-    if (!m_reply)
-        return;
-    m_reply->disconnect(this);
-    m_reply->abort();
-    m_reply->deleteLater();
-    m_reply = nullptr;
+    m_transfer.reset();
 }
 
-void ThumbnailView::receive()
+void ThumbnailView::receive(const QByteArray &bytes)
 {
-    m_received += m_reply->readAll();
+    m_received += bytes;
     if (m_received.size() > m_limits.bytes)
-        fail();
-}
-
-void ThumbnailView::finish()
-{
-    receive();
-    if (!m_reply)
-        return;
-    if (cameWhole(m_reply->error()))
-        decode();
-    else
         fail();
 }
 

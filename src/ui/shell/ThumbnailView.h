@@ -8,13 +8,12 @@
 #include <QWidget>
 
 #include <chrono>
+#include <memory>
 #include <optional>
-
-class QNetworkAccessManager;
-class QNetworkReply;
 
 namespace clipwren {
 
+class HttpTransfer;
 class Spinner;
 
 /// A picture from the web that fills the view, a spinner while it loads, or a placeholder when
@@ -56,8 +55,7 @@ protected:
 private:
     void load();
     void stopLoading();
-    void receive();
-    void finish();
+    void receive(const QByteArray &bytes);
     void decode();
     void fail();
     void setState(State state);
@@ -68,8 +66,7 @@ private:
     State m_state = State::Loading;
     QImage m_image;
     QPixmap m_scaled; // the image as it was last painted
-    QNetworkAccessManager *m_network = nullptr; // made with the first transfer
-    QNetworkReply *m_reply = nullptr;
+    std::unique_ptr<HttpTransfer> m_transfer;
     QByteArray m_received;
     QTimer m_timeLimit;
     BackgroundTask m_decoding;

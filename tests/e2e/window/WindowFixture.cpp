@@ -23,7 +23,7 @@ WindowFixture::~WindowFixture()
 void WindowFixture::SetUpTestSuite()
 {
     const SampleSite site;
-    PlayerModule players({QStringLiteral(CLIPWREN_PLAYER_FOLDER)});
+    PlayerModule players;
     SafeVideoPlayer pane(players);
     pane.resize(640, 360);
     pane.setUrl(QUrl(site.address(u"/media/tide-clock.mp4"_s)));

@@ -57,7 +57,7 @@ TEST_F(PlayerModuleTest, saysWhyAStreamCannotBePlayed)
         {QUrl::fromLocalFile(folder.path()), noVideo},
         {QUrl::fromLocalFile(folder.filePath(u"gone.mp4"_s)), u"The file does not exist."_s},
         {QUrl(u"edl:///etc/passwd"_s), u"Videos cannot be played from this kind of address."_s}};
-    PlayerModule module({QStringLiteral(CLIPWREN_PLAYER_FOLDER)}, std::chrono::milliseconds(300));
+    PlayerModule module(Module::defaultFolders(), std::chrono::milliseconds(300));
     std::unique_ptr<MediaPlayer> player;
     for (const auto &[url, sentence] : cases) {
         // Beside the one before, which ends in the background.
@@ -98,7 +98,7 @@ TEST_F(PlayerModuleTest, saysWhatIsWrongWithTheModuleItself)
 
 TEST_F(PlayerModuleTest, worksAfterAWarmUp)
 {
-    PlayerModule module({QStringLiteral(CLIPWREN_PLAYER_FOLDER)});
+    PlayerModule module;
     module.warmUp();
     const auto player = module.makePlayer();
     player->load(numberedVideo(1));

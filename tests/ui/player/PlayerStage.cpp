@@ -6,7 +6,7 @@ namespace clipwren::test {
 
 PlayerModule &playerModule()
 {
-    static PlayerModule module({QStringLiteral(CLIPWREN_PLAYER_FOLDER)});
+    static PlayerModule module;
     return module;
 }
 

@@ -169,7 +169,7 @@ TEST_F(SafeVideoPlayerTest, nothingIsLoadedBeforeThereIsAVideo)
 {
     const QTemporaryDir folder;
     const QString name = u"/clipwren_player.so"_s;
-    ASSERT_TRUE(QFile::copy(QStringLiteral(CLIPWREN_PLAYER_FOLDER) + name, folder.path() + name));
+    ASSERT_TRUE(QFile::copy(Module::defaultFolders().last() + name, folder.path() + name));
     PlayerModule module({folder.path()});
     PreviewPlayerController controller([&] { return module.makePlayer(); });
     SafeVideoPlayer file(module, &window);
