@@ -66,9 +66,7 @@ struct RelativeDate::Formatter {
     explicit Formatter(const QLocale &locale) : format(icuLocale(locale), status) { }
 };
 
-RelativeDate::RelativeDate(const QLocale &locale) : m_formatter(std::make_unique<Formatter>(locale))
-{
-}
+RelativeDate::RelativeDate(const QLocale &locale) : m_locale(locale) { }
 
 RelativeDate::~RelativeDate() = default;
 
@@ -76,6 +74,8 @@ QString RelativeDate::text(const QDateTime &time, const QDateTime &now) const
 {
     if (!time.isValid())
         return {};
+    if (!m_formatter)
+        m_formatter = std::make_unique<Formatter>(m_locale);
     const Distance distance = distanceBetween(now, time);
     UErrorCode status = m_formatter->status;
     icu::UnicodeString text;

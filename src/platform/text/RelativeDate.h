@@ -10,7 +10,7 @@ namespace clipwren {
 /// Says how long ago something was, by name where the language has one: "now", "2 hours ago",
 /// "yesterday", "last week", "3 months ago".
 ///
-/// Making one takes far longer than using it. One thread at a time.
+/// The first text takes far longer than the next ones. One thread at a time.
 class RelativeDate {
 public:
     explicit RelativeDate(const QLocale &locale = QLocale());
@@ -26,7 +26,8 @@ public:
 private:
     struct Formatter;
 
-    std::unique_ptr<Formatter> m_formatter;
+    QLocale m_locale;
+    mutable std::unique_ptr<Formatter> m_formatter; // made for the first text
 };
 
 } // namespace clipwren

@@ -1,5 +1,6 @@
 #include "ui/components/WrappedLabel.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QTextLayout>
 
@@ -31,13 +32,22 @@ void WrappedLabel::setText(const QString &text)
         return;
     Label::setText(text);
     m_overshoot = overshoot(text);
+    m_lines.reset();
     updateToolTip();
     updateGeometry();
 }
 
-WrappedLabel::Lines WrappedLabel::linesAt(int width) const
+const WrappedLabel::Lines &WrappedLabel::linesAt(int width) const
+{
+    if (!m_lines || m_lines->width != width)
+        m_lines = laidOut(width);
+    return *m_lines;
+}
+
+WrappedLabel::Lines WrappedLabel::laidOut(int width) const
 {
     Lines lines;
+    lines.width = width;
     const bool isLimited = m_maximumLines > 0;
     for (const QString &paragraph :
          isLimited ? QStringList(text().simplified()) : text().split(u'\n')) {
@@ -107,6 +117,13 @@ void WrappedLabel::resizeEvent(QResizeEvent *event)
 {
     Label::resizeEvent(event);
     updateToolTip();
+}
+
+void WrappedLabel::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange)
+        m_lines.reset();
+    Label::changeEvent(event);
 }
 
 void WrappedLabel::updateToolTip()

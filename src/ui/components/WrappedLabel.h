@@ -2,6 +2,8 @@
 
 #include "ui/components/Label.h"
 
+#include <optional>
+
 namespace clipwren {
 
 /// A text over several lines. Words longer than a line are broken, so that no address or path
@@ -25,18 +27,22 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     struct Lines {
+        int width = 0; // they were laid out for
         QStringList texts;
         bool areCut = false;
     };
     int lineHeight() const { return fontMetrics().height() + 2 * m_overshoot; }
-    Lines linesAt(int width) const;
+    const Lines &linesAt(int width) const;
+    Lines laidOut(int width) const;
     void updateToolTip();
 
     int m_maximumLines;
     int m_overshoot = 0; // of the text
+    mutable std::optional<Lines> m_lines; // as last asked for
 };
 
 } // namespace clipwren

@@ -64,11 +64,12 @@ DownloaderScreen::DownloaderScreen(DownloaderView &view, Desktop &desktop,
                                    PreviewViewFactory makePreviewView, QWidget *parent)
     : DetailScreen(parent), m_view(view), m_desktop(desktop), m_downloadFolder(downloadFolder),
       m_folderButton(Button::iconOnly(u"folder", tr("Open Downloads Folder"))),
-      m_joiner(new RenderJoiner(this, [this] { render(); }))
+      m_joiner(new RenderJoiner(this, [this] { render(); })),
+      m_makePreviewView(std::move(makePreviewView))
 {
     m_folderButton->setToolTip(tr("Reveal the Clipwren downloads folder in Finder"));
     connect(m_folderButton, &Button::clicked, this, &DownloaderScreen::revealFolder);
-    makeColumn(std::move(makePreviewView));
+    makeColumn();
     makeShortcuts();
     setFocusProxy(m_address);
     connect(&m_view, &DownloaderView::changed, m_joiner, &RenderJoiner::request);
@@ -88,7 +89,7 @@ QList<Button *> DownloaderScreen::barButtons() const
     return {m_folderButton};
 }
 
-void DownloaderScreen::makeColumn(PreviewViewFactory makePreviewView)
+void DownloaderScreen::makeColumn()
 {
     m_column = new QWidget;
     auto *rows = new QVBoxLayout(m_column);
@@ -99,7 +100,11 @@ void DownloaderScreen::makeColumn(PreviewViewFactory makePreviewView)
     rows->addSpacing(spacing);
     m_address = new AddressField(m_view);
     rows->addWidget(m_address);
-    m_cards = new Glide(makeCards(std::move(makePreviewView)));
+    auto *cards = new QWidget;
+    m_cardRows = new QVBoxLayout(cards);
+    m_cardRows->setContentsMargins(0, spacing, 0, 0);
+    m_cardRows->setSpacing(spacing);
+    m_cards = new Glide(cards);
     rows->addWidget(m_cards);
     rows->addWidget(makeError());
     rows->addStretch(1);
@@ -123,29 +128,24 @@ QLayout *DownloaderScreen::makeHeader()
     return header;
 }
 
-QWidget *DownloaderScreen::makeCards(PreviewViewFactory makePreviewView)
+void DownloaderScreen::makeCards()
 {
     m_fetching = new FetchingCard(m_view);
     m_confirmation = new ConfirmationCard(m_view);
     m_summary = new VideoSummary(m_view);
     m_title = new TitleField(m_view);
     m_format = new FormatSection(m_view);
-    m_trim = new TrimSection(m_view, std::move(makePreviewView));
+    m_trim = new TrimSection(m_view, m_makePreviewView);
     m_download = new DownloadRow(m_view);
     m_progress = new ProgressSection(m_view);
     m_success = new SuccessCard(m_view, m_downloadFolder, [this] { revealFolder(); });
 
-    auto *cards = new QWidget;
-    auto *rows = new QVBoxLayout(cards);
-    rows->setContentsMargins(0, spacing, 0, 0);
-    rows->setSpacing(spacing);
     for (QWidget *card :
          std::initializer_list<QWidget *>{m_fetching, m_confirmation, m_summary, m_title, m_format,
                                           m_trim, m_download, m_progress, m_success}) {
-        rows->addWidget(card);
+        m_cardRows->addWidget(card);
         card->hide();
     }
-    return cards;
 }
 
 QWidget *DownloaderScreen::makeError()
@@ -222,6 +222,11 @@ void DownloaderScreen::render()
 void DownloaderScreen::renderCards()
 {
     const Phase phase = m_view.phase();
+    const bool areMade = m_cardRows->count() > 0;
+    if (!areMade && phase == Phase::input)
+        return;
+    if (!areMade)
+        makeCards();
     const bool hasInfo = m_view.info().has_value();
     const bool isReady = phase == Phase::ready;
     const bool isRunning = phase == Phase::downloading || phase == Phase::processing;

@@ -10,6 +10,7 @@
 class QLayout;
 class QScrollArea;
 class QShortcut;
+class QVBoxLayout;
 
 namespace clipwren {
 
@@ -52,9 +53,9 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void makeColumn(PreviewViewFactory makePreviewView);
+    void makeColumn();
     QLayout *makeHeader();
-    QWidget *makeCards(PreviewViewFactory makePreviewView);
+    void makeCards();
     QWidget *makeError();
     void makeShortcuts();
 
@@ -71,6 +72,7 @@ private:
     QString m_downloadFolder;
     QPointer<Button> m_folderButton;
     RenderJoiner *m_joiner;
+    PreviewViewFactory m_makePreviewView;
     Phase m_phase = Phase::input; // as last rendered
     bool m_tookUpRequests = false;
 
@@ -78,15 +80,17 @@ private:
     QWidget *m_column;
     AddressField *m_address;
     Glide *m_cards;
-    FetchingCard *m_fetching;
-    ConfirmationCard *m_confirmation;
-    VideoSummary *m_summary;
-    TitleField *m_title;
-    FormatSection *m_format;
-    TrimSection *m_trim;
-    DownloadRow *m_download;
-    ProgressSection *m_progress;
-    SuccessCard *m_success;
+    QVBoxLayout *m_cardRows;
+    // Made for the first phase that shows one of them: the window opens sooner without.
+    FetchingCard *m_fetching = nullptr;
+    ConfirmationCard *m_confirmation = nullptr;
+    VideoSummary *m_summary = nullptr;
+    TitleField *m_title = nullptr;
+    FormatSection *m_format = nullptr;
+    TrimSection *m_trim = nullptr;
+    DownloadRow *m_download = nullptr;
+    ProgressSection *m_progress = nullptr;
+    SuccessCard *m_success = nullptr;
     QWidget *m_errorRow;
     Banner *m_error;
     QShortcut *m_pasteShortcut;
