@@ -9,7 +9,9 @@
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
+#include <fontconfig/fontconfig.h>
 #include <memory>
+#include <thread>
 #include <unistd.h>
 
 namespace clipwren {
@@ -47,6 +49,13 @@ void leaveInputAlone()
     ::close(nothing);
 }
 
+std::unique_ptr<QApplication> makeWindowApplication(int &argc, char *argv[])
+{
+    // Reading what is configured about fonts takes as long as all the rest of this.
+    const std::jthread fonts([] { ::FcInit(); });
+    return std::make_unique<QApplication>(argc, argv);
+}
+
 int run(int &argc, char *argv[])
 {
     const QString first = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
@@ -61,8 +70,8 @@ int run(int &argc, char *argv[])
     if (!isSave && (first.startsWith(u'-') || argc > 2))
         return print(stderr, usage(), SaveCommand::WrongUse);
 
-    const std::unique_ptr<QCoreApplication> application(isSave ? new QCoreApplication(argc, argv)
-                                                               : new QApplication(argc, argv));
+    const std::unique_ptr<QCoreApplication> application =
+        isSave ? std::make_unique<QCoreApplication>(argc, argv) : makeWindowApplication(argc, argv);
     QCoreApplication::setApplicationName(u"Clipwren"_s);
     const int status = isSave ? runSave(QCoreApplication::arguments().mid(2)) : runWindow(first);
     // Tools that were asked to stop are killed after a while, so this ends.
