@@ -1,12 +1,18 @@
 #include "app/window/MainWindow.h"
 
 #include "app/window/AboutDialog.h"
+#include "platform/system/MemoryPages.h"
 #include "ui/downloader/PreviewPlayerView.h"
 #include "ui/player/PlayerModule.h"
 #include "ui/player/SafeVideoPlayer.h"
 
+#include <QBackingStore>
 #include <QMenu>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace clipwren {
 namespace {
@@ -27,6 +33,7 @@ DetailContainer::Players playersOf(PlayerModule &players)
 MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerModule &players)
     : m_tools(environment.tools), m_content(new ContentView(environment, playersOf(players)))
 {
+    setAttribute(Qt::WA_OpaquePaintEvent);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_content);
@@ -45,6 +52,20 @@ MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerMod
     warmUpWithLookups();
     connect(m_content, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     setWindowTitle(m_content->windowTitle());
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    m_hasNewPixels = true;
+    QWidget::resizeEvent(event);
+}
+
+void MainWindow::paintEvent(QPaintEvent *event)
+{
+    const auto *pixels = dynamic_cast<QImage *>(backingStore()->paintDevice());
+    if (pixels && std::exchange(m_hasNewPixels, false))
+        providePages(pixels->constBits(), static_cast<std::size_t>(pixels->sizeInBytes()));
+    QPainter(this).fillRect(event->rect(), palette().window());
 }
 
 void MainWindow::fillMenu()

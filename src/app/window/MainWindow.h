@@ -21,12 +21,17 @@ public:
     /// what the desktop gave to the program that asks for this; it may be empty.
     void comeToFront(const QString &address, const QString &activationToken);
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     void fillMenu();
     void showAbout();
 
     const ToolEnvironment &m_tools;
     ContentView *m_content;
+    bool m_hasNewPixels = true; // which nobody has written to
 };
 
 } // namespace clipwren
