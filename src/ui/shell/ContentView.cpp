@@ -132,8 +132,18 @@ void ContentView::redownload(const QString &address)
 
 void ContentView::lookUp(const QString &address)
 {
-    if (!m_detail->isDownloading())
+    // The newest address is the one that is meant.
+    if (m_question)
+        m_question->reject();
+    if (!m_detail->isDownloading()) {
         redownload(address);
+        return;
+    }
+    m_question = new ConfirmationDialog(tr("Stop the Download?"), tr("Stop and Look Up"), this);
+    m_question->setMessage(tr("A download is running. Looking up another video stops it."));
+    connect(m_question, &ConfirmationDialog::accepted, this,
+            [this, address] { redownload(address); });
+    m_question->open();
 }
 
 void ContentView::toggleSidebar()
@@ -155,7 +165,7 @@ void ContentView::keyPressEvent(QKeyEvent *event)
 
 void ContentView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!m_detail->isDownloading() && !addressIn(*event->mimeData()).isEmpty())
+    if (!addressIn(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 

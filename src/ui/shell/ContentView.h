@@ -1,8 +1,10 @@
 #pragma once
 
+#include "ui/components/ConfirmationDialog.h"
 #include "ui/shell/DetailContainer.h"
 #include "ui/shell/SidebarView.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <optional>
@@ -24,8 +26,8 @@ public:
     ContentView(const DownloaderView::Environment &environment, DetailContainer::Players players,
                 QWidget *parent = nullptr);
 
-    /// Leaves the selected record for the downloader and looks an address up there. Does nothing
-    /// while a download runs.
+    /// Leaves the selected record for the downloader and looks an address up there. Asks first
+    /// while a download runs, which that would stop.
     void lookUp(const QString &address);
     void toggleSidebar();
 
@@ -49,6 +51,7 @@ private:
     SidebarView *m_sidebar;
     DetailContainer *m_detail;
     TopBar *m_bar;
+    QPointer<ConfirmationDialog> m_question; // there while it is shown
 };
 
 } // namespace clipwren

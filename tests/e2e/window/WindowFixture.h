@@ -45,7 +45,7 @@ protected:
     PendingFetchBox pendingFetch;
     RecordingDesktop desktop;
     MemoryPreferences preferences;
-    PlayerModule players{{QStringLiteral(CLIPWREN_PLAYER_FOLDER)}};
+    PlayerModule players;
 
 private:
     std::unique_ptr<MainWindow> m_window;

@@ -1,6 +1,6 @@
 #include "core/media/FfmpegService.h"
 #include "e2e/window/WindowFixture.h"
-#include "support/FakeTool.h"
+#include "support/FakeDownloader.h"
 #include "support/LibraryFixture.h"
 #include "support/Widgets.h"
 #include "ui/player/SafeVideoPlayer.h"
@@ -169,6 +169,27 @@ TEST_F(WindowTest, TheKeyboardStaysInTheListThatItWalksThrough)
 
     click(u"New Download"_s);
     EXPECT_EQ(window().focusWidget(), await(u"Video address"_s));
+}
+
+TEST_F(WindowTest, ALinkStopsADownloadOnlyWhenThatIsWanted)
+{
+    FakeDownloader fake;
+    // Not for being asked its version.
+    fake.onDownload(u"test -z \"$template\" || exec sleep 60"_s);
+    open({fake.tools.directory()});
+    ContentView &content = window().content();
+    content.lookUp(u"https://site.example/1"_s);
+    QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
+    QTest::keyClick(await(u"Download"_s), Qt::Key_Space);
+    await(u"Downloading"_s);
+    content.lookUp(u"https://site.example/2"_s);
+    await(u"Stop and Look Up"_s);
+    click(u"Cancel"_s);
+    EXPECT_TRUE(content.detail().isDownloading());
+    content.lookUp(u"https://site.example/3"_s);
+    click(u"Stop and Look Up"_s);
+    await(u"Is this the right video?"_s);
+    EXPECT_EQ(content.detail().downloader()->urlText(), u"https://site.example/3");
 }
 
 TEST_F(WindowTest, ClosingStopsTheRunningTool)
