@@ -66,7 +66,9 @@ struct RelativeDate::Formatter {
     explicit Formatter(const QLocale &locale) : format(icuLocale(locale), status) { }
 };
 
-RelativeDate::RelativeDate(const QLocale &locale) : m_locale(locale) { }
+RelativeDate::RelativeDate(const QLocale &locale) : m_locale(locale)
+{
+}
 
 RelativeDate::~RelativeDate() = default;
 
