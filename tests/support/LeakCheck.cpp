@@ -12,10 +12,15 @@
 namespace clipwren::test {
 namespace {
 
-int openDescriptorCount()
+/// By number, with what each leads to.
+QStringList openDescriptors()
 {
-    return static_cast<int>(
-        QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System).size());
+    QStringList descriptors;
+    const QDir folder(QStringLiteral("/proc/self/fd"));
+    for (const QString &number : folder.entryList(QDir::AllEntries | QDir::System))
+        descriptors << number + QStringLiteral(" -> ")
+                + QFile::symLinkTarget(folder.filePath(number));
+    return descriptors;
 }
 
 } // namespace
@@ -49,15 +54,18 @@ bool eventually(const std::function<bool()> &condition)
 
 void LeakCheck::OnTestStart(const testing::TestInfo &)
 {
-    m_descriptorsBefore = openDescriptorCount();
+    m_descriptorsBefore = openDescriptors();
 }
 
 void LeakCheck::OnTestEnd(const testing::TestInfo &)
 {
     EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(20))) << "work is still running";
     EXPECT_TRUE(eventually([] { return childCount() == 0; })) << "a child was left running";
-    EXPECT_TRUE(eventually([this] { return openDescriptorCount() <= m_descriptorsBefore; }))
-        << "a descriptor was left open";
+    EXPECT_TRUE(eventually([this] {
+        return openDescriptors().size() <= m_descriptorsBefore.size();
+    })) << "descriptors were left open; before: "
+        << m_descriptorsBefore.join(QStringLiteral(", ")).toStdString()
+        << "; now: " << openDescriptors().join(QStringLiteral(", ")).toStdString();
 }
 
 } // namespace clipwren::test

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStringList>
+
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -12,7 +14,7 @@ public:
     void OnTestEnd(const testing::TestInfo &) override;
 
 private:
-    int m_descriptorsBefore = 0;
+    QStringList m_descriptorsBefore;
 };
 
 /// Children of this process that run or were not reaped.

@@ -36,7 +36,7 @@ void openWhatQtKeeps()
 
     QNetworkAccessManager network;
     const std::unique_ptr<QNetworkReply> reply(
-        network.get(QNetworkRequest(QUrl(QStringLiteral("http://127.0.0.1:1/")))));
+        network.get(QNetworkRequest(QUrl(QStringLiteral("http://nobody.invalid/")))));
     QSignalSpy(reply.get(), &QNetworkReply::finished).wait();
 }
 
