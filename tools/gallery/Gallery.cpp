@@ -3,7 +3,6 @@
 #include "ui/components/Banner.h"
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
-#include "ui/components/Divider.h"
 #include "ui/components/ElidedLabel.h"
 #include "ui/components/FieldBox.h"
 #include "ui/components/IconView.h"
@@ -227,94 +226,19 @@ FieldBox *addressField()
     return field;
 }
 
-Card *card(QLayout *content, int padding)
+LinearProgress *progress(double fraction)
 {
-    auto *made = new Card;
-    content->setContentsMargins(padding, padding, padding, padding);
-    made->setLayout(content);
+    auto *made = new LinearProgress;
+    made->setFraction(fraction);
     return made;
 }
 
-ThumbnailView *thumbnail(int width, int height)
+/// Without an address, so it shows its placeholder.
+ThumbnailView *thumbnail()
 {
     auto *made = new ThumbnailView;
-    made->setFixedSize(width, height);
+    made->setFixedSize(200, 112);
     return made;
-}
-
-Card *fetchingCard()
-{
-    auto *tile = new Card(Color::Quaternary, 8);
-    tile->setFixedSize(38, 38);
-    tile->setLayout(row({new Spinner}));
-    tile->layout()->setContentsMargins(0, 0, 0, 0);
-    auto *texts = column({new Label(Style::Label, Color::Text, QStringLiteral("Looking up video…")),
-                          new ElidedLabel(Style::Caption, Color::Secondary,
-                                          QStringLiteral("abc: Downloading webpage"))},
-                         2);
-    auto *layout = row({tile}, 14);
-    layout->addLayout(texts, 1);
-    layout->addWidget(new Button(Button::Style::Bordered, QStringLiteral("Cancel")));
-    return card(layout, 13);
-}
-
-Card *confirmationCard()
-{
-    auto *facts = column({new ElidedLabel(Style::Headline, Color::Text,
-                                          QStringLiteral("Building a tide clock from scratch"))},
-                         6);
-    facts->addLayout(row(
-        {new IconView(u"person.circle", 14, Color::Secondary),
-         new Label(Style::Caption, Color::Secondary, QStringLiteral("Harbour Workshop")), nullptr},
-        6));
-    facts->addLayout(
-        row({new IconView(u"clock", 14, Color::Secondary),
-             new Label(Style::CaptionDigits, Color::Secondary, QStringLiteral("12:34")), nullptr},
-            6));
-    facts->addStretch(1);
-    auto *top = row({thumbnail(200, 112)}, 16);
-    top->addLayout(facts, 1);
-    auto *all = column({}, 14);
-    all->addLayout(top);
-    all->addWidget(new Divider);
-    all->addLayout(row(
-        {new Label(Style::Callout, Color::Secondary, QStringLiteral("Is this the right video?")),
-         nullptr, new Button(Button::Style::Bordered, QStringLiteral("Not this one")),
-         new Button(Button::Style::Prominent, QStringLiteral("Continue"),
-                    u"arrow.right.circle.fill")},
-        8));
-    return card(all, 17);
-}
-
-Card *successCard()
-{
-    auto *layout = row({new IconView(u"checkmark.circle.fill", 28, Color::Green)}, 14);
-    layout->addLayout(
-        column({new Label(Style::Strong, Color::Text, QStringLiteral("Download complete")),
-                new Label(Style::Caption, Color::Secondary,
-                          QStringLiteral("Saved to ~/Movies/Clipwren"))},
-               2),
-        1);
-    layout->addWidget(new Button(Button::Style::Bordered, QStringLiteral("Reveal in Finder")));
-    layout->addWidget(new Button(Button::Style::Prominent, QStringLiteral("New download")));
-    return card(layout, 13);
-}
-
-QLayout *progress()
-{
-    auto *bar = new LinearProgress;
-    bar->setFraction(0.42);
-    auto *cancel = button(Button::Style::Bordered, Button::Size::Small, QStringLiteral("Cancel"),
-                          {}, Look::Normal, true);
-    auto *all = column({}, 8);
-    all->addLayout(
-        row({new Label(Style::Emphasis, Color::Text, QStringLiteral("Downloading")), nullptr,
-             new Label(Style::BodyDigits, Color::Secondary, QStringLiteral("42%"))}));
-    all->addWidget(bar);
-    all->addLayout(
-        row({new Label(Style::Caption, Color::Secondary, QStringLiteral("1.20MiB/s · 00:10")),
-             nullptr, cancel}));
-    return all;
 }
 
 TrimSlider *trimSlider()
@@ -323,31 +247,6 @@ TrimSlider *trimSlider()
     made->setDuration(754);
     made->setRange({188, 475});
     return made;
-}
-
-QLayout *titleField()
-{
-    auto *field = new FieldBox({}, QStringLiteral("File name"));
-    field->lineEdit()->setPlaceholderText(QStringLiteral("Filename"));
-    auto *reset = Button::iconOnly(u"arrow.uturn.backward.circle", QStringLiteral("Reset"));
-    reset->setSize(Button::Size::Small);
-    field->addTrailing(reset);
-    auto *all = column({}, 7);
-    all->addLayout(
-        row({new IconView(u"textformat", 14, Color::Secondary),
-             new Label(Style::Caption, Color::Secondary, QStringLiteral("Save as")), nullptr},
-            6));
-    all->addWidget(field);
-    return all;
-}
-
-QLayout *formatRow()
-{
-    auto *layout =
-        row({new IconView(u"sparkles", 18, Color::Secondary),
-             new Label(Style::Label, Color::Text, QStringLiteral("Format")), nullptr, picker()},
-            7);
-    return layout;
 }
 
 Banner *warning()
@@ -397,25 +296,14 @@ QWidget *cardsPage()
 {
     auto *page = new QWidget;
     page->setFixedWidth(664 + 56);
-    auto *all = column({}, 24);
+    auto *all = column({addressField(), warning(), failure(), trimSlider(), progress(0.42)}, 24);
     all->setContentsMargins(28, 28, 28, 28);
     page->setLayout(all);
-    all->addLayout(
-        column({new Label(Style::Title, Color::Text, QStringLiteral("Download a video")),
-                new Label(Style::Callout, Color::Secondary,
-                          QStringLiteral("Paste a YouTube link. We'll fetch the video, you confirm "
-                                         "it's the right one, then pick a format."))},
-               6));
-    all->addWidget(addressField());
-    all->addWidget(fetchingCard());
-    all->addWidget(confirmationCard());
-    all->addLayout(titleField());
-    all->addLayout(formatRow());
-    all->addWidget(warning());
-    all->addWidget(trimSlider());
-    all->addLayout(progress());
-    all->addWidget(successCard());
-    all->addWidget(failure());
+    auto *card = new Card;
+    auto *content = row({thumbnail(), new Spinner, nullptr}, 16);
+    content->setContentsMargins(17, 17, 17, 17);
+    card->setLayout(content);
+    all->addWidget(card);
     return page;
 }
 

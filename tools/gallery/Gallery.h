@@ -6,7 +6,7 @@ namespace clipwren::gallery {
 
 /// Every kind of control in each of its states.
 QWidget *controlsPage();
-/// The controls together, as the screens of the application use them.
+/// What is as wide as the column of cards, and a card.
 QWidget *cardsPage();
 /// The whole set of symbols, small and large.
 QWidget *iconsPage();

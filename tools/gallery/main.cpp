@@ -1,6 +1,4 @@
-#include "DownloaderShots.h"
 #include "Gallery.h"
-#include "ShellPages.h"
 #include "ui/components/DesktopAppearance.h"
 #include "ui/components/SegmentedControl.h"
 #include "ui/components/Theme.h"
@@ -31,22 +29,7 @@ const QList<Page> &pages()
         {QStringLiteral("icons"), gallery::iconsPage},
         {QStringLiteral("log"), gallery::logPage},
         {QStringLiteral("video"), gallery::videoPage},
-        {QStringLiteral("setup"), gallery::setupPage},
-        {QStringLiteral("detail"), gallery::detailPage},
-        {QStringLiteral("missing"), gallery::missingFilePage},
-        {QStringLiteral("history"), gallery::historyPage},
-        {QStringLiteral("empty"), gallery::emptyPage},
-        {QStringLiteral("confirmation"), gallery::confirmationPage},
     };
-    return all;
-}
-
-/// The pages, and the screens that would be too many for tabs.
-QList<Page> shotPages()
-{
-    QList<Page> all = pages();
-    for (const gallery::DownloaderShot &shot : gallery::downloaderShots())
-        all.append({shot.name, shot.make});
     return all;
 }
 
@@ -57,7 +40,7 @@ bool writeShots(Theme &theme, const QDir &folder)
     theme.forceReducedMotion(true);
     for (const auto scheme : {Theme::Scheme::Light, Theme::Scheme::Dark}) {
         theme.forceScheme(scheme);
-        for (const Page &page : shotPages()) {
+        for (const Page &page : pages()) {
             const std::unique_ptr<QWidget> widget(page.make());
             widget->setAutoFillBackground(true);
             // Qt keeps new windows below two thirds of the screen.

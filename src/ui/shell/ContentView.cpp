@@ -49,7 +49,7 @@ protected:
     QSplitterHandle *createHandle() override { return new ColumnHandle(orientation(), this); }
 };
 
-bool isWebAddress(const QString &text)
+bool looksLikeWebAddress(const QString &text)
 {
     static const std::array<QString, 2> schemes{QStringLiteral("http://"),
                                                 QStringLiteral("https://")};
@@ -62,10 +62,10 @@ bool isWebAddress(const QString &text)
 QString addressIn(const QMimeData &data)
 {
     for (const QUrl &url : data.urls()) {
-        if (isWebAddress(url.toString()))
+        if (looksLikeWebAddress(url.toString()))
             return url.toString(QUrl::FullyEncoded);
     }
-    return isWebAddress(data.text()) ? data.text().trimmed() : QString();
+    return looksLikeWebAddress(data.text()) ? data.text().trimmed() : QString();
 }
 
 } // namespace
@@ -157,7 +157,7 @@ void ContentView::keyPressEvent(QKeyEvent *event)
     // another program's and may be slow, so no other key asks for it.
     const QString text =
         event->matches(QKeySequence::Paste) ? m_environment.desktop.clipboardText() : QString();
-    if (isWebAddress(text))
+    if (looksLikeWebAddress(text))
         lookUp(text.trimmed());
     else
         QWidget::keyPressEvent(event);
