@@ -1,7 +1,6 @@
 #include "workflow/download/PromisedDownload.h"
 
 #include "core/formats/FormatOption.h"
-#include "core/process/ProcessRunner.h"
 
 #include <QDir>
 #include <QFile>
@@ -113,7 +112,7 @@ PromisedDownload::Result PromisedDownload::run(const YtDlpService::ProgressHandl
         try {
             if (number > lastNumber || keepsPromise(format, inspector.inspect(path, stop), info))
                 return {path, true};
-        } catch (const ProcessRunner::ProcessError &) {
+        } catch (const Error &) {
             // No media file at all, so certainly not the one that was asked for.
             if (stop.stop_requested())
                 throw CancellationError();

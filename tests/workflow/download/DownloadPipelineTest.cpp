@@ -152,6 +152,10 @@ TEST_F(DownloadPipelineTest, GivesEachFormatAFileOfItsOwn)
     EXPECT_EQ(downloadAs(u"macCompatible"_s, u"h264"_s, 1080), u"Talk [id1].mp4"_s);
     EXPECT_EQ(downloadAs(u"bestResolution"_s, u"vp9"_s, 2160), u"Talk [id1].mp4"_s);
     EXPECT_EQ(downloadAs(u"bestResolution"_s, u"vp9"_s, 1080), u"Talk 4 [id1].mp4"_s);
+    // What is there tells nothing.
+    makeReady();
+    fake.tools.add(u"ffprobe"_s, u"echo what"_s);
+    EXPECT_EQ(QFileInfo(download().filePath).fileName(), u"Talk 5 [id1].mp4"_s);
 }
 
 } // namespace
