@@ -121,14 +121,13 @@ private:
     QByteArray m_message;
 };
 
-InstanceServer::InstanceServer(const QString &socketPath)
+InstanceServer::InstanceServer(const QString &socketPath) : m_path(QFile::encodeName(socketPath))
 {
-    const QByteArray name = QFile::encodeName(socketPath);
     try {
-        ::unlink(name.constData());
+        ::unlink(m_path.constData());
         m_socket = openSocket(socketPath, ::bind);
         // Nobody connects before it listens.
-        if (::chmod(name.constData(), S_IRUSR | S_IWUSR) != 0
+        if (::chmod(m_path.constData(), S_IRUSR | S_IWUSR) != 0
             || ::listen(m_socket.get(), SOMAXCONN) != 0)
             throw std::system_error(errno, std::generic_category());
     } catch (const std::system_error &error) {
@@ -137,6 +136,11 @@ InstanceServer::InstanceServer(const QString &socketPath)
     }
     const auto *notifier = new QSocketNotifier(m_socket.get(), QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &InstanceServer::accept);
+}
+
+InstanceServer::~InstanceServer()
+{
+    ::unlink(m_path.constData());
 }
 
 QString InstanceServer::defaultSocketPath()

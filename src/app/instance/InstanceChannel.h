@@ -3,6 +3,7 @@
 #include "app/instance/InstanceMessage.h"
 #include "core/process/FileDescriptor.h"
 
+#include <QByteArray>
 #include <QObject>
 
 #include <chrono>
@@ -18,6 +19,9 @@ public:
     /// `socketPath` may be left over from a process that is gone. Call only as the holder of the
     /// `LibraryLock`.
     explicit InstanceServer(const QString &socketPath = defaultSocketPath());
+    ~InstanceServer() override;
+    InstanceServer(const InstanceServer &) = delete;
+    InstanceServer &operator=(const InstanceServer &) = delete;
 
     static QString defaultSocketPath();
 
@@ -29,6 +33,7 @@ private:
 
     void accept();
 
+    QByteArray m_path;
     FileDescriptor m_socket;
 };
 
