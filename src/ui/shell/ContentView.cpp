@@ -1,6 +1,7 @@
 #include "ui/shell/ContentView.h"
 
 #include "platform/desktop/Desktop.h"
+#include "ui/components/ConfirmationDialog.h"
 #include "ui/components/Theme.h"
 #include "ui/shell/DetailScreen.h"
 #include "ui/shell/TopBar.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ui/components/ConfirmationDialog.h"
 #include "ui/shell/DetailContainer.h"
 #include "ui/shell/SidebarView.h"
 
@@ -14,6 +13,7 @@ class QSplitter;
 
 namespace clipwren {
 
+class ConfirmationDialog;
 class TopBar;
 
 /// The content of the window: the sidebar on the left, the detail pane under its bar on the right,
