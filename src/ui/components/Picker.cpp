@@ -9,6 +9,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cmath>
 
 namespace clipwren {
 
@@ -79,8 +80,9 @@ void Picker::tintIcons()
 
 QSize Picker::sizeHint() const
 {
-    return {2 * padding + symbolSize + gap + fontMetrics().horizontalAdvance(currentText())
-                + chevronGap + chevronSize,
+    // Rounded down, the text would be cut for the part of a pixel.
+    const double text = std::ceil(QFontMetricsF(font()).horizontalAdvance(currentText()));
+    return {2 * padding + symbolSize + gap + static_cast<int>(text) + chevronGap + chevronSize,
             rowHeight};
 }
 

@@ -164,6 +164,23 @@ TEST(PickerTest, keepsItsChoiceUnlessTheUserChoosesOrItIsGone)
     EXPECT_EQ(picked.size(), 0);
 }
 
+TEST(PickerTest, showsTheWholeTextWhereThereIsRoom)
+{
+    Picker *picker = makePicker();
+    picker->setAttribute(Qt::WA_DontShowOnScreen);
+    const std::unique_ptr<Picker> owner(picker);
+    for (const QString &title :
+         {u"1080p VP9"_s, u"2160p AV1"_s, u"720p H.264"_s, u"Audio — MP3"_s}) {
+        picker->setEntries({{u"sparkles", title, u"best"_s}});
+        picker->setCurrentKey(u"best"_s);
+        picker->resize(picker->sizeHint());
+        const QRect text(0, 0, picker->width() - 33, picker->height() - 2);
+        const QImage exact = picker->grab(text).toImage();
+        picker->resize(picker->width() + 40, picker->height());
+        EXPECT_EQ(exact, picker->grab(text).toImage()) << title.toStdString();
+    }
+}
+
 TEST(LinearProgressTest, staysInItsRangeWhateverItIsGiven)
 {
     LinearProgress bar;
