@@ -50,6 +50,7 @@ AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent) : QDialo
 
     auto *close = new Button(Button::Style::Bordered, tr("Close"));
     connect(close, &Button::clicked, this, &QDialog::accept);
+    close->setFocus();
     column->addWidget(close, 0, Qt::AlignRight);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }

@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <utility>
+
 namespace clipwren {
 
 namespace {
@@ -48,6 +50,10 @@ bool isReturn(Qt::FocusReason reason)
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
 }
 
+/// Whether the control that had the focus last was worked by keys. Where focus then goes by itself
+/// is to be seen, too.
+bool keysLead = false;
+
 } // namespace
 
 FocusRing::FocusRing(QWidget *control, QWidget *framed, qreal radius, When when)
@@ -61,26 +67,34 @@ void FocusRing::install(QWidget *control, qreal radius, When when, QWidget *fram
     new FocusRing(control, framed ? framed : control, radius, when);
 }
 
+void FocusRing::showFrame()
+{
+    if (!m_framed)
+        return;
+    if (!m_frame)
+        m_frame = new RingFrame(m_framed, m_radius);
+    m_frame->setWidget(m_framed);
+}
+
 bool FocusRing::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FocusIn) {
         const auto reason = static_cast<QFocusEvent *>(event)->reason();
-        if (!isReturn(reason))
-            m_byKeyboard = isKeyboard(reason);
-        if (m_framed && (m_byKeyboard || m_when == When::Always)) {
-            if (!m_frame)
-                m_frame = new RingFrame(m_framed, m_radius);
-            m_frame->setWidget(m_framed);
+        if (!isReturn(reason)) {
+            m_byKeyboard = isKeyboard(reason) || (reason == Qt::OtherFocusReason && keysLead);
+            keysLead = m_byKeyboard;
         }
+        if (m_byKeyboard || m_when == When::Always)
+            showFrame();
     } else if (event->type() == QEvent::FocusOut && m_frame) {
         m_frame->setWidget(nullptr);
-    } else if (event->type() == QEvent::KeyPress && !m_byKeyboard && m_when == When::Keyboard) {
+    } else if (event->type() == QEvent::MouseButtonPress) {
+        keysLead = false;
+    } else if (event->type() == QEvent::KeyPress) {
+        keysLead = true;
         // A clicked control that is then operated by keys shows where the keys go.
-        m_byKeyboard = true;
-        if (!m_frame && m_framed)
-            m_frame = new RingFrame(m_framed, m_radius);
-        if (m_frame)
-            m_frame->setWidget(m_framed);
+        if (m_when == When::Keyboard && !std::exchange(m_byKeyboard, true))
+            showFrame();
     }
     return QObject::eventFilter(watched, event);
 }

@@ -10,7 +10,8 @@ namespace clipwren {
 
 /// A ring around a control while it has the keyboard's attention, drawn outside its edge.
 ///
-/// Appears when focus came by Tab or a shortcut, so that clicks leave no ring behind. The ring
+/// Appears when focus came by Tab or a shortcut, or by itself behind a key, so that clicks leave no
+/// ring behind. The ring
 /// belongs to the control that it is installed on and takes no room in its layout.
 class FocusRing : public QObject {
     Q_OBJECT
@@ -29,6 +30,7 @@ public:
 
 private:
     FocusRing(QWidget *control, QWidget *framed, qreal radius, When when);
+    void showFrame();
 
     QPointer<QWidget> m_framed;
     QPointer<QFocusFrame> m_frame;

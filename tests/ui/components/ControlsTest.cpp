@@ -138,6 +138,11 @@ TEST(FocusRingTest, showsForTheKeyboardAndGoesWithItsControl)
     EXPECT_TRUE(stage.showsFocusRing());
     QTest::mouseClick(first, Qt::LeftButton);
     EXPECT_FALSE(stage.showsFocusRing());
+    second->setFocus();
+    EXPECT_FALSE(stage.showsFocusRing()) << "as a click led there";
+    QTest::keyClick(second, Qt::Key_Shift);
+    first->setFocus();
+    EXPECT_TRUE(stage.showsFocusRing()) << "as a key led there";
     second->setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(stage.showsFocusRing());
     delete second;
