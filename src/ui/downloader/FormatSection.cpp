@@ -38,17 +38,19 @@ FormatSection::FormatSection(DownloaderView &view, QWidget *parent)
       m_subtitle(new WrappedLabel(Theme::TextStyle::Caption, Theme::Color::Secondary)),
       m_warning(new Banner)
 {
-    m_picker->setAccessibleName(tr("Format"));
     connect(m_picker, &Picker::picked, &m_view, &DownloaderView::setOutputFormatRaw);
     m_warning->setTitle(tr("This file won't play in QuickTime"));
     m_warning->setMarkdown(
         tr("It will only open in **VLC** or **IINA**. Pick the *Mac Compatible* option below if "
            "you'd rather lose some resolution and have it play everywhere."));
 
+    auto *name = new Label(Theme::TextStyle::Label, Theme::Color::Text, tr("Format"));
+    // A combo box by itself says only what is chosen.
+    name->setBuddy(m_picker);
     auto *row = new QHBoxLayout;
     row->setSpacing(7);
     row->addWidget(m_icon);
-    row->addWidget(new Label(Theme::TextStyle::Label, Theme::Color::Text, tr("Format")));
+    row->addWidget(name);
     row->addStretch(1);
     row->addWidget(m_picker);
 

@@ -4,6 +4,7 @@
 #include "ui/downloader/AddressField.h"
 #include "ui/downloader/LogSheet.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
@@ -205,6 +206,9 @@ TEST_F(DownloaderScreenTest, offersTheFormatsOfTheVideo)
     const QString warning = u"This file won't play in QuickTime"_s;
     EXPECT_EQ(picker->count(), 4);
     EXPECT_EQ(picker->currentText(), m_view.selectedOption().title);
+    const auto labels = QAccessible::queryAccessibleInterface(picker)->relations();
+    ASSERT_EQ(labels.size(), 1) << "a screen reader says what is chosen, but not of what";
+    EXPECT_EQ(labels.first().first->text(QAccessible::Name), u"Format");
     EXPECT_TRUE(shows(warning));
 
     picker->setFocus();
