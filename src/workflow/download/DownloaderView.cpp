@@ -86,8 +86,11 @@ void DownloaderView::fetchInfo(bool retryingLast)
     m_fetchStatus.clear();
     const QString address = (retryingLast ? m_lastAttemptedURL : m_urlText).trimmed();
     if (address.isEmpty() || !isWebAddress(address)) {
-        if (!address.isEmpty())
+        if (!address.isEmpty()) {
             m_fetchError = u"Enter a valid http(s) URL"_s;
+            // No tool said anything about this one.
+            m_fetchLog.clear();
+        }
         returnToInput();
         return;
     }

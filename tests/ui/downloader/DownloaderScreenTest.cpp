@@ -122,6 +122,11 @@ TEST_F(DownloaderScreenTest, offersTheLogOnlyWhereThereIsOne)
     shown<Button>(*openLog(), u"Done"_s)->click();
     EXPECT_FALSE(m_view.showLogs());
 
+    m_view.setUrlText(u"ftp://site.example"_s);
+    m_view.fetchInfo(false);
+    settle();
+    EXPECT_FALSE(button(u"View Logs"_s)) << "that log is of another look-up";
+
     m_fake.onLookup(waitForever);
     click(u"Try Again"_s);
     EXPECT_EQ(m_view.phase(), Phase::fetching);
