@@ -43,6 +43,8 @@ FieldBox *AddressField::makeBox()
     QLineEdit *field = m_box->lineEdit();
     field->setPlaceholderText(QStringLiteral("https://www.youtube.com/watch?v=…"));
     field->setInputMethodHints(Qt::ImhUrlCharactersOnly);
+    // A link that is dropped here is looked up, as anywhere in the window.
+    field->setAcceptDrops(false);
     connect(field, &QLineEdit::textEdited, &m_view, &DownloaderView::setUrlText);
     connect(field, &QLineEdit::returnPressed, &m_view, [this] { m_view.fetchInfo(false); });
 

@@ -9,8 +9,10 @@
 #include "ui/shell/RecentList.h"
 
 #include <QComboBox>
+#include <QDropEvent>
 #include <QFile>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTest>
 
 namespace clipwren::test {
@@ -190,6 +192,20 @@ TEST_F(WindowTest, ALinkStopsADownloadOnlyWhenThatIsWanted)
     click(u"Stop and Look Up"_s);
     await(u"Is this the right video?"_s);
     EXPECT_EQ(content.detail().downloader()->urlText(), u"https://site.example/3");
+}
+
+TEST_F(WindowTest, ALinkDroppedOnTheAddressIsLookedUp)
+{
+    FakeDownloader fake;
+    open({fake.tools.directory()});
+    QMimeData link;
+    link.setUrls({QUrl(u"https://site.example/1"_s)});
+    QWidget *const field = await(u"Video address"_s);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &link, Qt::LeftButton, {});
+    QApplication::sendEvent(field, &enter);
+    QDropEvent drop({5, 5}, Qt::CopyAction, &link, Qt::LeftButton, {});
+    QApplication::sendEvent(field, &drop);
+    await(u"Is this the right video?"_s);
 }
 
 TEST_F(WindowTest, ClosingStopsTheRunningTool)
