@@ -115,8 +115,11 @@ ContentView::ContentView(const DownloaderView::Environment &environment,
 
 void ContentView::showScreen()
 {
+    const DetailScreen *screen = m_detail->screen();
     m_bar->setScreen(m_detail->screen());
-    setWindowTitle(m_detail->screen()->barTitle());
+    const auto showTitle = [this, screen] { setWindowTitle(screen->barTitle()); };
+    connect(screen, &DetailScreen::barTitleChanged, this, showTitle);
+    showTitle();
 }
 
 void ContentView::select(std::optional<QUuid> id)

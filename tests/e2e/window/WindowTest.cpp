@@ -157,8 +157,10 @@ TEST_F(WindowTest, TheKeyboardStaysInTheListThatItWalksThrough)
     recents()->setFocus();
     QTest::keyClick(recents(), Qt::Key_Down);
     ASSERT_TRUE(window().content().sidebar().selection());
+    EXPECT_EQ(window().windowTitle(), u"Second"_s);
     EXPECT_EQ(window().focusWidget(), recents());
     QTest::keyClick(window().focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(window().windowTitle(), u"First"_s);
     EXPECT_EQ(window().focusWidget(), recents());
     // Back at the downloader, which would take the next one for a key of its own.
     QTest::keyClick(window().focusWidget(), Qt::Key_Delete);
