@@ -53,8 +53,8 @@ void PreviewPlayerView::letGo()
     m_following = {};
     MediaPlayer *const player = m_pane->player();
     m_pane->setPlayer(nullptr);
-    if (player)
-        player->pause();
+    if (player && player == m_controller.player())
+        m_controller.pause();
 }
 
 } // namespace clipwren

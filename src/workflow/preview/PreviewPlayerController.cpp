@@ -86,12 +86,19 @@ void PreviewPlayerController::clearBoundary()
     m_player->setEndTime(std::nullopt);
 }
 
+void PreviewPlayerController::pause()
+{
+    if (!m_player)
+        return;
+    clearBoundary();
+    m_player->pause();
+}
+
 void PreviewPlayerController::seek(double to)
 {
     if (!m_player || !std::isfinite(to))
         return;
-    clearBoundary();
-    m_player->pause();
+    pause();
     m_player->seek(std::max(to, 0.0), {});
 }
 

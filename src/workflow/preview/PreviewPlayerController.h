@@ -26,6 +26,8 @@ public:
     void load(const QUrl &url);
     /// Stops and releases the stream, and keeps `loadError()`.
     void unload();
+    /// Pauses, and ends a range that plays or is about to.
+    void pause();
     /// Pauses on the frame of a time and ends a range that plays. Times below 0 mean 0; a time
     /// that is no number is ignored.
     void seek(double to);

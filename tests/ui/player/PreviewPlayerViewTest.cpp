@@ -57,6 +57,12 @@ TEST_F(PreviewPlayerViewTest, hiddenItPausesAndLetsGo)
     EXPECT_TRUE(controller.isPlaying());
     window.hide();
     EXPECT_FALSE(controller.isPlaying());
+
+    window.show();
+    controller.playRange(1, 2);
+    window.hide();
+    static_cast<ScriptedPlayer *>(controller.player())->finishSeek();
+    EXPECT_FALSE(controller.isPlaying()) << "nobody could stop it";
 }
 
 TEST_F(PreviewPlayerViewTest, pausesWhenItIsDestroyed)
