@@ -149,10 +149,11 @@ bool Button::event(QEvent *event)
 
 void Button::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         QAbstractButton::keyPressEvent(event);
+    // One that is held down was meant for what had the focus before.
+    else if (!event->isAutoRepeat())
+        click();
 }
 
 QColor Button::foreground() const

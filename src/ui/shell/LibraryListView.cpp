@@ -75,7 +75,8 @@ void LibraryListView::keyPressEvent(QKeyEvent *event)
         return;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
-        if (index.isValid())
+        // Held down a moment too long, it would empty the list.
+        if (index.isValid() && !event->isAutoRepeat())
             Q_EMIT deletePressed(index);
         return;
     case Qt::Key_F10:
