@@ -31,7 +31,9 @@ FakeDownloader::FakeDownloader()
 
 void FakeDownloader::onConvert(const QString &script)
 {
-    tools.add(u"ffmpeg"_s, u"for output; do :; done\n"_s + script);
+    // Asked for its version, it would write a file of that name.
+    tools.add(u"ffmpeg"_s,
+              u"[ \"$1\" != -version ] || exit 0\nfor output; do :; done\n"_s + script);
 }
 
 void FakeDownloader::onProbe(const QString &codec, int height)
