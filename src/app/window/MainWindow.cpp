@@ -52,6 +52,9 @@ MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerMod
     warmUpWithLookups();
     connect(m_content, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     setWindowTitle(m_content->windowTitle());
+    // Not at the sidebar's first button, nor in the address field, whose cursor would blink for
+    // ever and which would keep a pasted address to itself.
+    m_content->detail().setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::resizeEvent(QResizeEvent *event)

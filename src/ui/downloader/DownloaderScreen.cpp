@@ -106,7 +106,8 @@ void DownloaderScreen::makeColumn()
     m_cardRows->setSpacing(spacing);
     m_cards = new Glide(cards);
     rows->addWidget(m_cards);
-    rows->addWidget(makeError());
+    m_errorPlace = new QVBoxLayout;
+    rows->addLayout(m_errorPlace);
     rows->addStretch(1);
 
     m_scroll = new ScrollPane(m_column, widestColumn);
@@ -146,6 +147,8 @@ void DownloaderScreen::makeCards()
         m_cardRows->addWidget(card);
         card->hide();
     }
+    // Behind them, also for Tab.
+    m_errorPlace->addWidget(makeError());
 }
 
 QWidget *DownloaderScreen::makeError()
@@ -157,6 +160,7 @@ QWidget *DownloaderScreen::makeError()
     auto *rows = new QVBoxLayout(m_errorRow);
     rows->setContentsMargins(0, spacing, 0, 0);
     rows->addWidget(m_error);
+    m_errorRow->hide();
     return m_errorRow;
 }
 
@@ -181,7 +185,7 @@ void DownloaderScreen::showEvent(QShowEvent *event)
 void DownloaderScreen::keyPressEvent(QKeyEvent *event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
+    const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier) && !event->isAutoRepeat();
     // The address field has looked its text up already.
     if (isReturn && isPlain && m_view.phase() == Phase::confirming && !m_address->isEdited())
         m_view.confirm();
@@ -210,8 +214,10 @@ void DownloaderScreen::render()
         renderCards();
     else
         m_cards->change(springTo(phase, before), [this] { renderCards(); });
-    if (phase != before)
+    if (phase != before) {
+        m_cards->setAccessibleName(headingOf(phase));
         placeFocus(hadFocus);
+    }
     m_pasteShortcut->setEnabled(!isBusy(phase));
     for (QShortcut *shortcut : m_downloadShortcuts)
         shortcut->setEnabled(phase == Phase::ready);
@@ -267,8 +273,29 @@ void DownloaderScreen::placeFocus(bool hadFocus)
         m_cards->setFocus(Qt::OtherFocusReason);
 }
 
+QString DownloaderScreen::headingOf(Phase phase) const
+{
+    switch (phase) {
+    case Phase::input:
+    case Phase::confirming:
+        break;
+    case Phase::fetching:
+        return tr("Looking up video…");
+    case Phase::ready:
+        return tr("Download options");
+    case Phase::downloading:
+    case Phase::processing:
+        return m_view.phaseLabel();
+    case Phase::done:
+        return tr("Download complete");
+    }
+    return {};
+}
+
 void DownloaderScreen::renderError()
 {
+    if (!m_error)
+        return;
     const std::optional<QString> message = m_view.errorMessage();
     if (message)
         m_error->setMessage(withoutLog(*message));

@@ -65,6 +65,8 @@ private:
     void renderLogs();
     void placeFocus(bool hadFocus);
     bool hasFocusInside() const;
+    /// What a screen reader says of the cards of a phase.
+    QString headingOf(Phase phase) const;
     void revealFolder();
 
     DownloaderView &m_view;
@@ -81,6 +83,7 @@ private:
     AddressField *m_address;
     Glide *m_cards;
     QVBoxLayout *m_cardRows;
+    QVBoxLayout *m_errorPlace;
     // Made for the first phase that shows one of them: the window opens sooner without.
     FetchingCard *m_fetching = nullptr;
     ConfirmationCard *m_confirmation = nullptr;
@@ -91,8 +94,8 @@ private:
     DownloadRow *m_download = nullptr;
     ProgressSection *m_progress = nullptr;
     SuccessCard *m_success = nullptr;
-    QWidget *m_errorRow;
-    Banner *m_error;
+    QWidget *m_errorRow = nullptr;
+    Banner *m_error = nullptr;
     QShortcut *m_pasteShortcut;
     QList<QShortcut *> m_downloadShortcuts;
     QPointer<LogSheet> m_logs;

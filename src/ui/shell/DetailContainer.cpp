@@ -90,7 +90,7 @@ void DetailContainer::showScreen(Kind kind, DetailScreen *screen)
 {
     DetailScreen *const earlier = std::exchange(m_screen, screen);
     const QWidget *const focus = window()->focusWidget();
-    const bool takesFocus = !focus || isAncestorOf(focus);
+    const bool takesFocus = !focus || focus == this || isAncestorOf(focus);
     // It may be one of its own signals that ends a downloader, so both go later, screen first.
     if (std::exchange(m_kind, kind) == Kind::Downloader) {
         DownloaderView *const left =

@@ -205,6 +205,7 @@ void DownloadDetailView::runInspection()
 
 void DownloadDetailView::render()
 {
+    setAccessibleName(m_record.title);
     m_title->setBreakableText(m_record.title);
     // Flush at its right, but not far from what is below it.
     m_title->setMaximumWidth(m_record.title.isRightToLeft()

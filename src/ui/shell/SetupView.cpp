@@ -139,6 +139,7 @@ Button *SetupView::makeRecheckButton()
 {
     auto *button = new Button(Button::Style::Prominent, tr("Re-check"), u"arrow.clockwise");
     button->setSize(Button::Size::Large);
+    setFocusProxy(button);
     connect(button, &Button::clicked, &m_tools, &ToolEnvironment::refresh);
     return button;
 }

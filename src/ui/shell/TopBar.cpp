@@ -16,25 +16,24 @@ constexpr int barHeight = 52;
 } // namespace
 
 TopBar::TopBar(QMenu &menu, QWidget *parent)
-    : QWidget(parent), m_title(new ElidedLabel(Theme::TextStyle::BarTitle)),
-      m_buttons(new QHBoxLayout)
+    : QWidget(parent), m_sidebar(Button::iconOnly(u"sidebar.left", tr("Show or Hide Sidebar"))),
+      m_title(new ElidedLabel(Theme::TextStyle::BarTitle)), m_buttons(new QHBoxLayout)
 {
     setFixedHeight(barHeight);
-    auto *sidebar = Button::iconOnly(u"sidebar.left", tr("Show or Hide Sidebar"));
-    connect(sidebar, &Button::clicked, this, &TopBar::sidebarToggled);
+    connect(m_sidebar, &Button::clicked, this, &TopBar::sidebarToggled);
     auto *more = Button::iconOnly(u"ellipsis.circle", tr("Menu"));
     connect(more, &Button::clicked, this, [&menu, more] {
         menu.popup(
             more->mapToGlobal(QPoint(more->width() - menu.sizeHint().width(), more->height() + 4)));
     });
 
-    for (Button *button : {sidebar, more})
+    for (Button *button : {m_sidebar, more})
         button->setSize(Button::Size::Large);
 
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(14, 0, 14, 1);
     row->setSpacing(6);
-    row->addWidget(sidebar);
+    row->addWidget(m_sidebar);
     row->addWidget(m_title, 1);
     m_buttons->setSpacing(0);
     row->addLayout(m_buttons);
@@ -60,10 +59,14 @@ void TopBar::setScreen(DetailScreen *screen)
     const auto showTitle = [this] { m_title->setFullText(m_screen->barTitle()); };
     connect(screen, &DetailScreen::barTitleChanged, this, showTitle);
     showTitle();
+    QWidget *before = m_sidebar;
     for (Button *button : screen->barButtons()) {
         button->setSize(Button::Size::Large);
         m_buttons->addWidget(button);
         button->show();
+        // Tab goes along the bar, whenever its buttons came.
+        setTabOrder(before, button);
+        before = button;
     }
 }
 

@@ -32,6 +32,7 @@ protected:
 
 private:
     QPointer<DetailScreen> m_screen;
+    Button *m_sidebar;
     ElidedLabel *m_title;
     QHBoxLayout *m_buttons;
 };

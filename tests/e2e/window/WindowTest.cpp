@@ -196,6 +196,26 @@ TEST_F(WindowTest, ALinkStopsADownloadOnlyWhenThatIsWanted)
     EXPECT_EQ(content.detail().downloader()->urlText(), u"https://site.example/3");
 }
 
+TEST_F(WindowTest, TabGoesThroughThePaneInTheOrderInWhichItIsRead)
+{
+    FakeDownloader fake;
+    fake.onDownload(u"test -z \"$template\" || exit 1"_s);
+    open({fake.tools.directory()});
+    EXPECT_FALSE(shown<QWidget>(window(), u"Open downloads folder in Finder"_s)->hasFocus());
+    QTest::keyClick(window().focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(window().focusWidget(), await(u"Video address"_s));
+
+    window().content().lookUp(u"https://site.example/1"_s);
+    QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
+    QTest::keyClick(await(u"Download"_s), Qt::Key_Return);
+    await(u"Dismiss"_s);
+    const QStringList stops = tabStops(*await(u"Show or Hide Sidebar"_s));
+    EXPECT_EQ(stops.mid(0, 7),
+              (QStringList{u"Show or Hide Sidebar"_s, u"Open Downloads Folder"_s, u"Menu"_s,
+                           u"Video address"_s, u"Clear"_s, u"Paste"_s, u"Save as"_s}));
+    EXPECT_EQ(stops.mid(8, 3), (QStringList{u"Trim before saving"_s, u"Download"_s, u"Dismiss"_s}));
+}
+
 TEST_F(WindowTest, ALinkDroppedOnTheAddressIsLookedUp)
 {
     FakeDownloader fake;
