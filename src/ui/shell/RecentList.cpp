@@ -103,7 +103,15 @@ void RecentList::takeSelection()
     if (!record || record->id == m_selection)
         return;
     m_selection = record->id;
+    askForFiles();
     Q_EMIT selected(QUuid(record->id));
+}
+
+/// What is shown of the record or offered in its menu goes by the disk, so its row does, too.
+void RecentList::askForFiles()
+{
+    m_model.forgetFiles();
+    m_view->viewport()->update();
 }
 
 void RecentList::showMenu(const QModelIndex &index, const QPoint &place)
@@ -113,6 +121,7 @@ void RecentList::showMenu(const QModelIndex &index, const QPoint &place)
         return;
     Menu *menu = makeMenu(*record);
     m_view->setMenuRow(index);
+    askForFiles();
     connect(menu, &Menu::aboutToHide, m_view, [this] { m_view->setMenuRow({}); });
     menu->popup(place);
 }

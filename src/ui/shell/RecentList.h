@@ -43,6 +43,7 @@ private:
     void takeStore();
     void takeSelection();
     void showSelection();
+    void askForFiles();
     void showMenu(const QModelIndex &index, const QPoint &place);
     Menu *makeMenu(const DownloadRecord &record);
     void removeRow(const QModelIndex &index);

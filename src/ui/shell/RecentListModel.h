@@ -34,6 +34,8 @@ public:
     void setReencoding(const QSet<QUuid> &ids);
     /// Asks the disk and the clock again when rows are drawn next.
     void refresh();
+    /// Asks the disk again about the files of rows that are drawn from now on.
+    void forgetFiles() { m_presence.forget(); }
 
 protected:
     QString title(qsizetype item) const override;

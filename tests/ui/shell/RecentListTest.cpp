@@ -123,6 +123,13 @@ TEST_F(RecentListTest, noticesThatAFileHasGone)
               (QStringList{u"(Reveal in Finder)"_s, u"Re-download this URL"_s,
                            u"(Make QuickTime-compatible (re-encode))"_s}));
     openMenu().close();
+
+    // Whoever looks at the record is told there, and here as well.
+    const DownloadRecord other = addRecord(u"Other"_s);
+    picture();
+    QFile::remove(other.filePath);
+    click(0);
+    EXPECT_EQ(row(0).data(Qt::AccessibleTextRole), u"Other, now, file missing"_s);
 }
 
 TEST_F(RecentListTest, asksBeforeItClears)
