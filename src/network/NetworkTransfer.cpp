@@ -49,7 +49,6 @@ public:
     ~NetworkTransfer() override
     {
         m_reply->disconnect(&m_context);
-        m_reply->abort();
         // With its thread, its connections and the reply, which may be calling us.
         m_network->deleteLater();
     }

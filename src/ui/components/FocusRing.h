@@ -11,8 +11,8 @@ namespace clipwren {
 /// A ring around a control while it has the keyboard's attention, drawn outside its edge.
 ///
 /// Appears when focus came by Tab or a shortcut, or by itself behind a key, so that clicks leave no
-/// ring behind. The ring
-/// belongs to the control that it is installed on and takes no room in its layout.
+/// ring behind. The ring belongs to the control that it is installed on and takes no room in its
+/// layout.
 class FocusRing : public QObject {
     Q_OBJECT
 public:
