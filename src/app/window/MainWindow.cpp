@@ -65,7 +65,9 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 
 void MainWindow::paintEvent(QPaintEvent *event)
 {
-    const auto *pixels = dynamic_cast<QImage *>(backingStore()->paintDevice());
+    // None while it is painted for somebody else before it is shown.
+    QBackingStore *const store = backingStore();
+    const auto *pixels = store ? dynamic_cast<QImage *>(store->paintDevice()) : nullptr;
     if (pixels && std::exchange(m_hasNewPixels, false))
         providePages(pixels->constBits(), static_cast<std::size_t>(pixels->sizeInBytes()));
     QPainter(this).fillRect(event->rect(), palette().window());

@@ -15,6 +15,9 @@ void paintBox(QPainter &painter, const QRectF &rect, qreal radius, const QColor 
 /// The faint line of shadow under raised things such as bordered buttons.
 void paintBoxShadow(QPainter &painter, const QRectF &rect, qreal radius);
 
+/// A spinner's next picture comes after this time, turned by this angle: one turn a second.
+inline constexpr int spinnerStepMilliseconds = 33;
+inline constexpr int spinnerStepDegrees = 12;
 /// The open ring of a spinner, turned clockwise.
 void paintSpinner(QPainter &painter, const QRectF &rect, int degrees, const QColor &color);
 

@@ -5,19 +5,7 @@
 
 #include <QPainter>
 
-#include <chrono>
-
 namespace clipwren {
-
-namespace {
-
-using namespace std::chrono_literals;
-
-// One turn a second, at thirty pictures.
-constexpr auto interval = 33ms;
-constexpr int degreesAStep = 12;
-
-} // namespace
 
 Spinner::Spinner(int size, QWidget *parent) : QProgressBar(parent), m_size(size)
 {
@@ -30,7 +18,7 @@ Spinner::Spinner(int size, QWidget *parent) : QProgressBar(parent), m_size(size)
 void Spinner::showEvent(QShowEvent *)
 {
     if (!Theme::current().reducedMotion())
-        m_timer.start(static_cast<int>(interval.count()), this);
+        m_timer.start(spinnerStepMilliseconds, this);
 }
 
 void Spinner::hideEvent(QHideEvent *)
@@ -40,7 +28,7 @@ void Spinner::hideEvent(QHideEvent *)
 
 void Spinner::timerEvent(QTimerEvent *)
 {
-    m_degrees = (m_degrees + degreesAStep) % 360;
+    m_degrees = (m_degrees + spinnerStepDegrees) % 360;
     update();
 }
 

@@ -1,25 +1,15 @@
 #include "ui/shell/RowSpinner.h"
 
+#include "ui/components/Painting.h"
 #include "ui/components/Theme.h"
 
 #include <QEvent>
 #include <QListView>
 #include <QScrollBar>
 
-#include <chrono>
 #include <utility>
 
 namespace clipwren {
-
-namespace {
-
-using namespace std::chrono_literals;
-
-// One turn a second, at thirty pictures.
-constexpr auto interval = 33ms;
-constexpr int degreesAStep = 12;
-
-} // namespace
 
 RowSpinner::RowSpinner(QListView &list, std::function<bool(const QModelIndex &)> spins,
                        QObject *parent)
@@ -44,12 +34,12 @@ void RowSpinner::follow()
     if (Theme::current().reducedMotion() || rowsOnScreen().isEmpty())
         m_timer.stop();
     else if (!m_timer.isActive())
-        m_timer.start(static_cast<int>(interval.count()), this);
+        m_timer.start(spinnerStepMilliseconds, this);
 }
 
 void RowSpinner::timerEvent(QTimerEvent *)
 {
-    m_degrees = (m_degrees + degreesAStep) % 360;
+    m_degrees = (m_degrees + spinnerStepDegrees) % 360;
     const QList<QModelIndex> rows = rowsOnScreen();
     for (const QModelIndex &row : rows)
         m_list.update(row);
