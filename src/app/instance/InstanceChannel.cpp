@@ -21,7 +21,7 @@
 #include <unistd.h>
 #include <utility>
 
-// Plain sockets: the library that has classes for them takes longer to load than all we are.
+// Plain sockets: for these alone, each start would have to load Qt Network.
 
 namespace clipwren {
 namespace {

@@ -228,11 +228,11 @@ void DownloaderScreen::render()
 void DownloaderScreen::renderCards()
 {
     const Phase phase = m_view.phase();
-    const bool areMade = m_cardRows->count() > 0;
-    if (!areMade && phase == Phase::input)
-        return;
-    if (!areMade)
+    if (m_cardRows->count() == 0) {
+        if (phase == Phase::input)
+            return;
         makeCards();
+    }
     const bool hasInfo = m_view.info().has_value();
     const bool isReady = phase == Phase::ready;
     const bool isRunning = phase == Phase::downloading || phase == Phase::processing;

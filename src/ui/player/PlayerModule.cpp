@@ -12,6 +12,7 @@
 #include <utility>
 
 namespace clipwren {
+
 PlayerModule::PlayerModule(const QStringList &folders, std::chrono::milliseconds networkTimeout)
     : m_module(QStringLiteral("clipwren_player"), folders), m_networkTimeout(networkTimeout)
 {

@@ -115,8 +115,8 @@ ContentView::ContentView(const DownloaderView::Environment &environment,
 
 void ContentView::showScreen()
 {
-    const DetailScreen *screen = m_detail->screen();
-    m_bar->setScreen(m_detail->screen());
+    DetailScreen *screen = m_detail->screen();
+    m_bar->setScreen(screen);
     const auto showTitle = [this, screen] { setWindowTitle(screen->barTitle()); };
     connect(screen, &DetailScreen::barTitleChanged, this, showTitle);
     showTitle();
