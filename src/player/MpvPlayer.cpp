@@ -193,6 +193,14 @@ void MpvPlayer::seek(double target, SeekDone done)
         m_seeks.request(m_position, std::move(done));
 }
 
+void MpvPlayer::step(int frames)
+{
+    const QPointer guard(this);
+    pause();
+    if (guard)
+        seek(m_position + frames / m_framesPerSecond, {});
+}
+
 void MpvPlayer::startSeek(double target)
 {
     if (!m_seekable) {

@@ -39,6 +39,7 @@ public:
     bool isPlaying() const override { return m_playing; }
 
     void seek(double seconds, SeekDone done) override;
+    void step(int frames) override;
     void setEndTime(std::optional<double> seconds) override;
 
     double positionSeconds() const override { return m_position; }

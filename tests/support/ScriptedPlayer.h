@@ -61,6 +61,11 @@ public:
     bool isPlaying() const override { return m_playing; }
 
     void seek(double seconds, SeekDone done) override { m_seeks.request(seconds, std::move(done)); }
+    void step(int frames) override
+    {
+        note(QStringLiteral("step %1").arg(frames));
+        setPlaying(false);
+    }
     void setEndTime(std::optional<double> seconds) override
     {
         if (seconds || m_endTime)

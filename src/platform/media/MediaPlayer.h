@@ -9,6 +9,8 @@
 
 namespace clipwren {
 
+class VideoOutput;
+
 /// Plays one stream or file at a time.
 ///
 /// Times are seconds from the start of the stream. Everything is called, and every signal and
@@ -50,6 +52,8 @@ public:
     /// ready, it is made then. One seek runs at a time and only the newest target waits behind
     /// it, so the last position asked for is the one shown in the end.
     virtual void seek(double seconds, SeekDone done) = 0;
+    /// Pauses and shows the frame so many frames after the one shown, or before it if negative.
+    virtual void step(int frames) = 0;
     /// Pauses on the last frame before this time; without one, on the last frame of the stream.
     virtual void setEndTime(std::optional<double> seconds) = 0;
 
@@ -62,6 +66,9 @@ public:
     virtual void setVolume(double volume) = 0;
     virtual bool isMuted() const = 0;
     virtual void setMuted(bool muted) = 0;
+
+    /// Null for players without pictures.
+    virtual VideoOutput *videoOutput() { return nullptr; }
 
 Q_SIGNALS:
     void statusChanged();

@@ -20,6 +20,7 @@ public:
     void pause() override { }
     bool isPlaying() const override { return false; }
     void seek(double seconds, SeekDone done) override;
+    void step(int) override { }
     void setEndTime(std::optional<double>) override { }
     double positionSeconds() const override { return 0; }
     std::optional<double> durationSeconds() const override { return {}; }
