@@ -1,7 +1,7 @@
+#include "platform/media/PlayerBackend.h"
+#include "player/MpvInstance.h"
 #include "player/MpvLog.h"
 #include "player/MpvPlayer.h"
-#include "player/VideoSurface.h"
-#include "ui/player/PlayerBackend.h"
 
 #include <clocale>
 #include <cstring>
@@ -12,18 +12,17 @@ namespace {
 
 class MpvBackend : public PlayerBackend {
 public:
-    std::unique_ptr<MediaPlayer> makePlayer(std::chrono::milliseconds networkTimeout) override
+    std::unique_ptr<MediaPlayer> makePlayer(const PlayerOptions &options) override
     {
         requireCNumbers();
         if (!m_log)
             m_log.emplace();
-        return std::make_unique<MpvPlayer>(*m_log, networkTimeout);
+        return std::make_unique<MpvPlayer>(*m_log, options);
     }
 
-    QWidget *makeSurface(MediaPlayer &player, QWidget *parent) override
+    bool waitForEndedPlayers(std::chrono::milliseconds timeout) override
     {
-        const auto *const ours = dynamic_cast<MpvPlayer *>(&player);
-        return ours ? new VideoSurface(ours->instance(), parent) : nullptr;
+        return MpvInstance::waitForEnded(timeout);
     }
 
 private:
@@ -40,7 +39,7 @@ private:
 } // namespace
 } // namespace clipwren
 
-clipwren::PlayerBackend *clipwrenPlayerBackend1()
+clipwren::PlayerBackend *clipwrenPlayerBackend2()
 {
     static clipwren::MpvBackend backend;
     return &backend;

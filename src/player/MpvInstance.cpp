@@ -1,10 +1,14 @@
 #include "player/MpvInstance.h"
 
 #include "core/Error.h"
+#include "player/LowPriority.h"
 
 #include <QFile>
+#include <QPointer>
 #include <QThreadPool>
 
+#include <limits>
+#include <thread>
 #include <utility>
 
 namespace clipwren {
@@ -15,9 +19,8 @@ struct Option {
     const char *value;
 };
 
-constexpr Option options[] = {
-    // Without a surface, streams open and seek all the same.
-    {"vo", "null"},
+constexpr Option generalOptions[] = {
+    {"vo", "libmpv"},
     {"config", "no"},
     {"ytdl", "no"},
     {"load-scripts", "no"},
@@ -27,27 +30,37 @@ constexpr Option options[] = {
     {"osd-level", "0"},
     {"terminal", "no"},
     {"input-default-bindings", "no"},
-    // A stream of somebody else must not make mpv open anything but itself.
-    {"access-references", "no"},
     {"load-unsafe-playlists", "no"},
+    // The parts of a stream from the network come from the network, too.
+    {"demuxer-lavf-o", "protocol_whitelist=[http,https,httpproxy,tcp,tls,crypto,data]"},
     {"sub-auto", "no"},
     {"sid", "no"},
     {"audio-file-auto", "no"},
+    {"cover-art-auto", "no"},
     {"resume-playback", "no"},
     {"idle", "yes"},
     {"pause", "yes"},
     {"keep-open", "yes"},
     {"tls-verify", "yes"},
+    // Enough to play on while the network stumbles; the rest of a stream that nobody plays is not
+    // fetched.
+    {"cache-secs", "20"},
     {"demuxer-max-bytes", "48MiB"},
     {"demuxer-max-back-bytes", "16MiB"},
     {"video-timing-offset", "0"},
-    // Only for decoders whose pictures stay on the graphics card. The libraries of those that are
-    // not there write to standard error.
-    {"gpu-hwdec-interop", "no"},
     // The sound of desktops. What else mpv would try fails with lines on standard error.
     {"ao", "pipewire,pulse,alsa,jack"},
     {"audio-fallback-to-null", "yes"},
     {"audio-client-name", "Clipwren"},
+};
+
+// For single pictures, made beside everything else.
+constexpr Option backgroundOptions[] = {
+    {"aid", "no"},
+    {"vd-lavc-threads", "1"},
+    {"cache-secs", "1"},
+    {"demuxer-max-bytes", "4MiB"},
+    {"demuxer-max-back-bytes", "0"},
 };
 
 /// Looking for decoders of a graphics card that is not there takes time, and their libraries
@@ -59,25 +72,44 @@ const char *hardwareDecoders()
     return hasGraphicsCard ? "auto-copy" : "no";
 }
 
+/// Never destroyed: leaving the program must not wait for a core that hangs in a name look-up.
+QThreadPool &endingCores()
+{
+    static QThreadPool *const pool = [] {
+        auto *const threads = new QThreadPool;
+        threads->setMaxThreadCount(std::numeric_limits<int>::max());
+        return threads;
+    }();
+    return *pool;
+}
+
+Error startFailure(int mpvError)
+{
+    return Error(QStringLiteral("The player could not be started: %1.")
+                     .arg(QString::fromUtf8(mpv_error_string(mpvError))));
+}
+
 } // namespace
 
-MpvInstance::MpvInstance(std::chrono::milliseconds networkTimeout)
+MpvInstance::MpvInstance(const PlayerOptions &options)
 {
-    m_handle = mpv_create();
-    if (!m_handle)
-        throw Error(QStringLiteral("The player could not be started."));
-    // Options that this version lacks are of no use to it either.
-    for (const Option &option : options)
-        mpv_set_option_string(m_handle, option.name, option.value);
-    mpv_set_option_string(m_handle, "hwdec", hardwareDecoders());
-    double timeoutSeconds = std::chrono::duration<double>(networkTimeout).count();
-    mpv_set_option(m_handle, "network-timeout", MPV_FORMAT_DOUBLE, &timeoutSeconds);
-    mpv_request_log_messages(m_handle, "error");
-    if (const int error = mpv_initialize(m_handle); error < 0) {
-        mpv_destroy(m_handle);
-        throw Error(QStringLiteral("The player could not be started: %1.")
-                        .arg(QString::fromUtf8(mpv_error_string(error))));
+    if (options.background) {
+        // mpv's threads inherit the priority of the one that starts them.
+        std::exception_ptr failure;
+        std::thread([&] {
+            lowerThreadPriority();
+            try {
+                start(options);
+            } catch (...) {
+                failure = std::current_exception();
+            }
+        }).join();
+        if (failure)
+            std::rethrow_exception(failure);
+    } else {
+        start(options);
     }
+    m_renderer = std::make_unique<VideoRenderer>(m_renderContext, options.background);
     mpv_set_wakeup_callback(
         m_handle,
         [](void *self) {
@@ -89,12 +121,50 @@ MpvInstance::MpvInstance(std::chrono::milliseconds networkTimeout)
         this);
 }
 
+void MpvInstance::start(const PlayerOptions &options)
+{
+    m_handle = mpv_create();
+    if (!m_handle)
+        throw Error(QStringLiteral("The player could not be started."));
+    // Options that this version lacks are of no use to it either.
+    for (const auto &[name, value] : generalOptions)
+        mpv_set_option_string(m_handle, name, value);
+    if (options.background) {
+        for (const auto &[name, value] : backgroundOptions)
+            mpv_set_option_string(m_handle, name, value);
+    }
+    mpv_set_option_string(m_handle, "hwdec", hardwareDecoders());
+    double timeoutSeconds = std::chrono::duration<double>(options.networkTimeout).count();
+    mpv_set_option(m_handle, "network-timeout", MPV_FORMAT_DOUBLE, &timeoutSeconds);
+    mpv_request_log_messages(m_handle, "error");
+
+    int error = mpv_initialize(m_handle);
+    if (error >= 0) {
+        char api[] = MPV_RENDER_API_TYPE_SW;
+        mpv_render_param parameters[]{{MPV_RENDER_PARAM_API_TYPE, api},
+                                      {MPV_RENDER_PARAM_INVALID, nullptr}};
+        error = mpv_render_context_create(&m_renderContext, m_handle, parameters);
+    }
+    if (error < 0) {
+        mpv_terminate_destroy(m_handle);
+        throw startFailure(error);
+    }
+}
+
 MpvInstance::~MpvInstance()
 {
     // After this returns, no callback runs any more.
     mpv_set_wakeup_callback(m_handle, nullptr, nullptr);
-    // The application object waits for this pool before it goes.
-    QThreadPool::globalInstance()->start([handle = m_handle] { mpv_terminate_destroy(handle); });
+    m_renderer.reset();
+    endingCores().start([handle = m_handle, context = m_renderContext] {
+        mpv_render_context_free(context);
+        mpv_terminate_destroy(handle);
+    });
+}
+
+bool MpvInstance::waitForEnded(std::chrono::milliseconds timeout)
+{
+    return endingCores().waitForDone(static_cast<int>(timeout.count()));
 }
 
 void MpvInstance::setEventHandler(EventHandler handler)
@@ -104,17 +174,15 @@ void MpvInstance::setEventHandler(EventHandler handler)
 
 void MpvInstance::drainEvents()
 {
-    // A handler may destroy the player, and with it the last other owner.
-    const auto self = shared_from_this();
+    const QPointer guard(this);
     m_drainPosted = false;
-    while (true) {
+    bool last = false;
+    while (guard && !last) {
         const mpv_event *const event = mpv_wait_event(m_handle, 0);
-        const bool last = event->event_id == MPV_EVENT_NONE;
+        last = event->event_id == MPV_EVENT_NONE;
         const EventHandler handler = m_handler;
         if (handler)
             handler(*event);
-        if (last)
-            return;
     }
 }
 
@@ -131,17 +199,6 @@ void MpvInstance::setProperty(quint64 replyId, const char *name, const QByteArra
 {
     const char *text = value.constData();
     mpv_set_property_async(m_handle, replyId, name, MPV_FORMAT_STRING, &text);
-}
-
-void MpvInstance::useSurface(bool surface)
-{
-    mpv_set_property_string(m_handle, "vo", surface ? "libmpv" : "null");
-}
-
-void MpvInstance::setBlank(bool blank)
-{
-    if (std::exchange(m_blank, blank) != blank)
-        Q_EMIT blankChanged();
 }
 
 } // namespace clipwren

@@ -1,6 +1,5 @@
 #include "player/MpvPlayer.h"
 
-#include "player/MpvInstance.h"
 #include "player/MpvLog.h"
 #include "player/MpvValues.h"
 #include "player/PlaybackFailure.h"
@@ -43,27 +42,25 @@ QByteArray addressOf(const QUrl &url)
 
 } // namespace
 
-MpvPlayer::MpvPlayer(MpvLog &log, std::chrono::milliseconds networkTimeout)
-    : m_log(log), m_networkTimeout(networkTimeout),
-      m_mpv(std::make_shared<MpvInstance>(networkTimeout)),
-      m_seeks([this](double target) { startSeek(target); })
+MpvPlayer::MpvPlayer(MpvLog &log, const PlayerOptions &options)
+    : m_log(log), m_mpv(options), m_seeks([this](double target) { startSeek(target); })
 {
-    mpv_handle *const mpv = m_mpv->handle();
+    m_loadTimeout.setSingleShot(true);
+    m_loadTimeout.setInterval(options.networkTimeout);
+    connect(&m_loadTimeout, &QTimer::timeout, this, &MpvPlayer::onLoadTimeout);
+    mpv_handle *const mpv = m_mpv.handle();
     mpv_observe_property(mpv, 0, "time-pos", MPV_FORMAT_DOUBLE);
     mpv_observe_property(mpv, 0, "duration", MPV_FORMAT_DOUBLE);
     mpv_observe_property(mpv, 0, "container-fps", MPV_FORMAT_DOUBLE);
     mpv_observe_property(mpv, 0, "seekable", MPV_FORMAT_FLAG);
     // Only that it changed: a value on its way may be older than what was told meanwhile.
     mpv_observe_property(mpv, 0, "pause", MPV_FORMAT_NONE);
-    m_mpv->setEventHandler([this](const mpv_event &event) { handle(event); });
+    m_mpv.setEventHandler([this](const mpv_event &event) { handle(event); });
 }
 
 MpvPlayer::~MpvPlayer()
 {
-    m_mpv->setEventHandler({});
-    // A surface may hold the core for longer.
-    m_mpv->setBlank(true);
-    m_mpv->command(0, {"stop"});
+    m_mpv.setEventHandler({});
 }
 
 void MpvPlayer::load(const QUrl &url)
@@ -76,10 +73,13 @@ void MpvPlayer::load(const QUrl &url)
     forgetStream();
     m_url = url;
     m_status = Status::Loading;
-    m_sinceLoad.start();
     tellPause();
-    m_mpv->setProperty(0, "end", "none");
-    m_mpv->command(replyId(Request::Load, m_loadNumber), {"loadfile", addressOf(url), "replace"});
+    m_mpv.setProperty(0, "end", "none");
+    // A stream may consist of many files; a file on the disk must not make mpv open others.
+    m_mpv.setProperty(0, "access-references", yesNo(!url.isLocalFile()));
+    if (!url.isLocalFile())
+        m_loadTimeout.start();
+    m_mpv.command(replyId(Request::Load, m_loadNumber), {"loadfile", addressOf(url), "replace"});
     const QPointer guard(this);
     m_seeks.close();
     if (guard)
@@ -91,11 +91,13 @@ void MpvPlayer::onQueueEmpty()
     const auto error = std::exchange(m_endedWith, std::nullopt);
     if (!error)
         return;
-    QStringList log = m_errorLog + m_log.linesSince(m_logStart);
-    // A server that stays silent is not logged.
-    if (!m_url.isLocalFile() && m_sinceLoad.hasExpired(m_networkTimeout.count()))
-        log << QStringLiteral("timed out");
-    fail(playbackFailure(*error, log));
+    fail(playbackFailure(*error, m_errorLog + m_log.linesSince(m_logStart)));
+}
+
+// mpv's own limit is for one answer, of which a stream may need many.
+void MpvPlayer::onLoadTimeout()
+{
+    fail(playbackFailure(MPV_ERROR_LOADING_FAILED, {QStringLiteral("timed out")}));
 }
 
 void MpvPlayer::fail(const QString &sentence)
@@ -103,7 +105,7 @@ void MpvPlayer::fail(const QString &sentence)
     forgetStream();
     m_failure = sentence;
     m_status = Status::Failed;
-    m_mpv->command(0, {"stop"});
+    m_mpv.command(0, {"stop"});
     const QPointer guard(this);
     m_seeks.close();
     if (guard)
@@ -113,7 +115,8 @@ void MpvPlayer::fail(const QString &sentence)
 void MpvPlayer::forgetStream()
 {
     ++m_loadNumber;
-    m_mpv->setBlank(true);
+    m_loadTimeout.stop();
+    m_mpv.renderer().setBlank(true);
     m_entry.reset();
     m_atEntry = false;
     m_endedWith.reset();
@@ -173,8 +176,8 @@ void MpvPlayer::setPlaying(bool playing)
 
 void MpvPlayer::tellPause()
 {
-    m_mpv->setProperty(replyId(Request::SetPause, ++m_pauseNumber), "pause",
-                       yesNo(!m_playing || m_heldForSeek));
+    m_mpv.setProperty(replyId(Request::SetPause, ++m_pauseNumber), "pause",
+                      yesNo(!m_playing || m_heldForSeek));
 }
 
 void MpvPlayer::seek(double target, SeekDone done)
@@ -208,8 +211,8 @@ void MpvPlayer::startSeek(double target)
         return;
     }
     m_seekStep = SeekStep::Sent;
-    m_mpv->command(replyId(Request::Seek, ++m_seekNumber),
-                   {"seek", seconds(target), "absolute+exact"});
+    m_mpv.command(replyId(Request::Seek, ++m_seekNumber),
+                  {"seek", seconds(target), "absolute+exact"});
 }
 
 void MpvPlayer::onSeekBegun()
@@ -218,17 +221,17 @@ void MpvPlayer::onSeekBegun()
         return;
     m_seekStep = SeekStep::Begun;
     m_atEnd = false;
-    letGo();
+    resumeAfterSeek();
 }
 
 void MpvPlayer::endSeek(bool finished)
 {
     m_seekStep = SeekStep::None;
-    letGo();
+    resumeAfterSeek();
     m_seeks.finish(finished);
 }
 
-void MpvPlayer::letGo()
+void MpvPlayer::resumeAfterSeek()
 {
     if (std::exchange(m_heldForSeek, false))
         tellPause();
@@ -240,21 +243,26 @@ void MpvPlayer::setEndTime(std::optional<double> end)
         return;
     m_endTime = end;
     // Negative times would count from the stream's end.
-    m_mpv->setProperty(0, "end", end ? seconds(std::max(*end, 1e-6)) : QByteArrayLiteral("none"));
+    m_mpv.setProperty(0, "end", end ? seconds(std::max(*end, 1e-6)) : QByteArrayLiteral("none"));
 }
 
 void MpvPlayer::setVolume(double volume)
 {
     m_volume = std::clamp(volume, 0.0, 1.0);
-    m_mpv->setProperty(0, "volume", seconds(m_volume * 100));
+    m_mpv.setProperty(0, "volume", seconds(m_volume * 100));
     Q_EMIT volumeChanged();
 }
 
 void MpvPlayer::setMuted(bool muted)
 {
     m_muted = muted;
-    m_mpv->setProperty(0, "mute", yesNo(muted));
+    m_mpv.setProperty(0, "mute", yesNo(muted));
     Q_EMIT volumeChanged();
+}
+
+VideoOutput *MpvPlayer::videoOutput()
+{
+    return &m_mpv.renderer();
 }
 
 void MpvPlayer::handle(const mpv_event &event)
@@ -327,7 +335,7 @@ void MpvPlayer::onReply(const mpv_event &event)
 
 void MpvPlayer::askWhetherPaused()
 {
-    mpv_get_property_async(m_mpv->handle(), replyId(Request::GetPause, m_pauseNumber), "pause",
+    mpv_get_property_async(m_mpv.handle(), replyId(Request::GetPause, m_pauseNumber), "pause",
                            MPV_FORMAT_FLAG);
 }
 
@@ -372,7 +380,8 @@ void MpvPlayer::onPicture()
         return;
     }
     m_status = Status::Ready;
-    m_mpv->setBlank(false);
+    m_loadTimeout.stop();
+    m_mpv.renderer().setBlank(false);
     // A very short stream may have come to its end already.
     askWhetherPaused();
     const QPointer guard(this);
@@ -398,7 +407,8 @@ void MpvPlayer::onProperty(const mpv_event_property &property)
         Q_EMIT durationChanged();
     } else if (name == "time-pos" && !m_seeks.isRunning()) {
         if (const auto position = number(property)) {
-            m_position = m_endTime ? std::min(*position, *m_endTime) : *position;
+            // Sound may begin a little before time zero.
+            m_position = std::max(0.0, m_endTime ? std::min(*position, *m_endTime) : *position);
             Q_EMIT positionChanged();
         }
     }

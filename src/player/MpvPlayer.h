@@ -2,16 +2,15 @@
 
 #include "platform/media/LatestSeek.h"
 #include "platform/media/MediaPlayer.h"
+#include "player/MpvInstance.h"
 
-#include <QElapsedTimer>
 #include <QStringList>
+#include <QTimer>
 
-#include <chrono>
 #include <mpv/client.h>
 
 namespace clipwren {
 
-class MpvInstance;
 class MpvLog;
 
 /// The media player over libmpv.
@@ -23,11 +22,8 @@ class MpvPlayer : public MediaPlayer {
 
 public:
     /// Throws `Error` when mpv cannot start.
-    MpvPlayer(MpvLog &log, std::chrono::milliseconds networkTimeout);
+    MpvPlayer(MpvLog &log, const PlayerOptions &options);
     ~MpvPlayer() override;
-
-    /// The core, for the surface that draws it.
-    std::shared_ptr<MpvInstance> instance() const { return m_mpv; }
 
     void load(const QUrl &url) override;
     QUrl url() const override { return m_url; }
@@ -50,13 +46,15 @@ public:
     bool isMuted() const override { return m_muted; }
     void setMuted(bool muted) override;
 
+    VideoOutput *videoOutput() override;
+
 private:
     enum class SeekStep { None, Sent, Accepted, Begun };
 
     void forgetStream();
     void startSeek(double seconds);
     void endSeek(bool finished);
-    void letGo();
+    void resumeAfterSeek();
     void jumpBeforePlaying(double seconds);
     bool isAtLastFrame() const;
     void tellPause();
@@ -71,14 +69,14 @@ private:
     void onStart(const mpv_event_start_file &start);
     void onEnd(const mpv_event_end_file &end);
     void onQueueEmpty();
+    void onLoadTimeout();
     void onPicture();
     void onSeekBegun();
     void onProperty(const mpv_event_property &property);
     void onPausedByMpv();
 
     MpvLog &m_log;
-    std::chrono::milliseconds m_networkTimeout;
-    std::shared_ptr<MpvInstance> m_mpv;
+    MpvInstance m_mpv;
     LatestSeek m_seeks;
     QUrl m_url;
     Status m_status = Status::Empty;
@@ -86,7 +84,7 @@ private:
     // Errors of this core since the load, and where those of ffmpeg begin.
     QStringList m_errorLog;
     quint64 m_logStart = 0;
-    QElapsedTimer m_sinceLoad;
+    QTimer m_loadTimeout;
 
     // Replies carry the number of their request; only the newest of each kind counts.
     quint64 m_loadNumber = 0;
@@ -104,7 +102,7 @@ private:
     bool m_playing = false;
     // Played to the end of the stream; true until a jump away from it began.
     bool m_atEnd = false;
-    // Playing goes on when the jump that was asked for has begun.
+    // Playing resumes when the requested seek has begun.
     bool m_heldForSeek = false;
     std::optional<double> m_endTime;
     double m_position = 0;

@@ -2,7 +2,6 @@
 #include "support/ScriptedPlayer.h"
 #include "ui/components/Theme.h"
 #include "ui/player/PlayerControls.h"
-#include "ui/player/PlayerModule.h"
 #include "ui/player/PlayerPane.h"
 
 #include <QPainter>
@@ -56,8 +55,7 @@ test::ScriptedPlayer *playerAt(double seconds, double duration)
 
 QWidget *failedPane()
 {
-    static PlayerModule module{QStringList()};
-    auto *const pane = new PlayerPane(module, {.fullScreen = FullScreen::CanEnter, .radius = 14});
+    auto *const pane = new PlayerPane({.fullScreen = FullScreen::CanEnter, .radius = 14});
     auto *const player = playerAt(0, 10);
     player->setParent(pane);
     player->fail(QStringLiteral("The file does not exist."));

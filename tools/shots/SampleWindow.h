@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/window/MainWindow.h"
+#include "platform/media/PlayerModule.h"
 #include "support/FakeDownloader.h"
 #include "support/SampleSite.h"
-#include "ui/player/PlayerModule.h"
 
 #include <functional>
 #include <optional>

@@ -1,10 +1,8 @@
 #include "app/window/MainWindow.h"
 
 #include "app/window/AboutDialog.h"
+#include "platform/media/PlayerModule.h"
 #include "platform/system/MemoryPages.h"
-#include "ui/downloader/PreviewPlayerView.h"
-#include "ui/player/PlayerModule.h"
-#include "ui/player/SafeVideoPlayer.h"
 
 #include <QBackingStore>
 #include <QMenu>
@@ -18,20 +16,11 @@ namespace clipwren {
 namespace {
 
 constexpr QSize firstSize(1120, 900);
-constexpr qreal previewRadius = 12;
-
-DetailContainer::Players playersOf(PlayerModule &players)
-{
-    return {[&players](PreviewPlayerController &controller, QWidget *parent) {
-                return new PreviewPlayerView(controller, players, parent, previewRadius);
-            },
-            [&players](QWidget *parent) { return new SafeVideoPlayer(players, parent); }};
-}
 
 } // namespace
 
 MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerModule &players)
-    : m_tools(environment.tools), m_content(new ContentView(environment, playersOf(players)))
+    : m_tools(environment.tools), m_content(new ContentView(environment))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     auto *layout = new QVBoxLayout(this);

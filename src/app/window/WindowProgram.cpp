@@ -10,10 +10,10 @@
 #include "core/library/LibraryFolder.h"
 #include "core/process/ToolEnvironment.h"
 #include "platform/desktop/SettingsPreferences.h"
+#include "platform/media/PlayerModule.h"
 #include "platform/system/SystemDesktop.h"
 #include "ui/components/DesktopAppearance.h"
 #include "ui/components/Theme.h"
-#include "ui/player/PlayerModule.h"
 
 #include <QApplication>
 #include <QIcon>

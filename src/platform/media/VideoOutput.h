@@ -8,8 +8,8 @@ namespace clipwren {
 
 /// The pictures of one player, drawn on a thread of its own for whoever shows them.
 ///
-/// Used on the user-interface thread. Lives as long as its player. Pictures do not queue: the newest
-/// one replaces those that nobody has asked for.
+/// Used on the user-interface thread. Lives as long as its player. Pictures do not queue: the
+/// newest one replaces those that nobody has asked for.
 class VideoOutput : public QObject {
     Q_OBJECT
 

@@ -60,12 +60,10 @@ std::optional<Spring> springTo(Phase phase, Phase from)
 } // namespace
 
 DownloaderScreen::DownloaderScreen(DownloaderView &view, Desktop &desktop,
-                                   const QString &downloadFolder,
-                                   PreviewViewFactory makePreviewView, QWidget *parent)
+                                   const QString &downloadFolder, QWidget *parent)
     : DetailScreen(parent), m_view(view), m_desktop(desktop), m_downloadFolder(downloadFolder),
       m_folderButton(Button::iconOnly(u"folder", tr("Open Downloads Folder"))),
-      m_joiner(new RenderJoiner(this, [this] { render(); })),
-      m_makePreviewView(std::move(makePreviewView))
+      m_joiner(new RenderJoiner(this, [this] { render(); }))
 {
     m_folderButton->setToolTip(tr("Reveal the Clipwren downloads folder in Finder"));
     connect(m_folderButton, &Button::clicked, this, &DownloaderScreen::revealFolder);
@@ -136,7 +134,7 @@ void DownloaderScreen::makeCards()
     m_summary = new VideoSummary(m_view);
     m_title = new TitleField(m_view);
     m_format = new FormatSection(m_view);
-    m_trim = new TrimSection(m_view, m_makePreviewView);
+    m_trim = new TrimSection(m_view);
     m_download = new DownloadRow(m_view);
     m_progress = new ProgressSection(m_view);
     m_success = new SuccessCard(m_view, m_downloadFolder, [this] { revealFolder(); });

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ui/downloader/PreviewPane.h"
 #include "ui/shell/DetailScreen.h"
 #include "workflow/download/Phase.h"
 
@@ -40,7 +39,7 @@ class DownloaderScreen : public DetailScreen {
 public:
     /// What is given outlives the screen. `downloadFolder` is absolute.
     DownloaderScreen(DownloaderView &view, Desktop &desktop, const QString &downloadFolder,
-                     PreviewViewFactory makePreviewView, QWidget *parent = nullptr);
+                     QWidget *parent = nullptr);
     ~DownloaderScreen() override;
     DownloaderScreen(const DownloaderScreen &) = delete;
     DownloaderScreen &operator=(const DownloaderScreen &) = delete;
@@ -74,7 +73,6 @@ private:
     QString m_downloadFolder;
     QPointer<Button> m_folderButton;
     RenderJoiner *m_joiner;
-    PreviewViewFactory m_makePreviewView;
     Phase m_phase = Phase::input; // as last rendered
     bool m_tookUpRequests = false;
 

@@ -4,13 +4,12 @@
 #include "ui/components/Painting.h"
 #include "ui/components/Spinner.h"
 #include "ui/components/WrappedLabel.h"
-#include "workflow/preview/PreviewPlayerController.h"
+#include "ui/downloader/PreviewPlayerView.h"
+#include "workflow/download/DownloaderView.h"
 
 #include <QPainter>
 #include <QStackedLayout>
 #include <QVBoxLayout>
-
-#include <utility>
 
 namespace clipwren {
 
@@ -33,31 +32,18 @@ QWidget *centredPage(std::initializer_list<QWidget *> widgets)
     return page;
 }
 
-/// Puts a view and what is in it behind a control, in the order in which it was made.
-void putIntoTabOrder(QWidget *after, QWidget *view)
-{
-    for (QWidget *each : QList<QWidget *>{view} + view->findChildren<QWidget *>()) {
-        if (!(each->focusPolicy() & Qt::TabFocus))
-            continue;
-        QWidget::setTabOrder(after, each);
-        after = each;
-    }
-}
-
 } // namespace
 
-PreviewPane::PreviewPane(PreviewPlayerController &preview, PreviewViewFactory makeView,
-                         QWidget *parent)
-    : QWidget(parent), m_preview(preview), m_makeView(std::move(makeView)),
-      m_pages(new QStackedLayout(this)),
+PreviewPane::PreviewPane(DownloaderView &view, QWidget *parent)
+    : QWidget(parent), m_view(view), m_pages(new QStackedLayout(this)),
       m_nothing(centredPage({new IconView(u"play.rectangle", 28, Theme::Color::OnVideoSecondary)})),
       m_loading(makeLoading()),
       m_failureText(new WrappedLabel(Theme::TextStyle::Caption, Theme::Color::OnVideoSecondary)),
-      m_failure(makeFailure())
+      m_failure(makeFailure()), m_player(new PreviewPlayerView(m_view.preview()))
 {
     setFixedHeight(paneHeight);
     m_pages->setContentsMargins(0, 0, 0, 0);
-    for (QWidget *page : {m_nothing, m_loading, m_failure})
+    for (QWidget *page : {m_nothing, m_loading, m_failure, static_cast<QWidget *>(m_player)})
         m_pages->addWidget(page);
 }
 
@@ -78,41 +64,18 @@ QWidget *PreviewPane::makeFailure()
 
 void PreviewPane::render()
 {
-    if (m_preview.player()) {
-        showPlayer();
-        return;
-    }
-    dropPlayer();
-    if (m_preview.isLoading()) {
+    const PreviewPlayerController &preview = m_view.preview();
+    if (m_view.isPreviewLoading()) {
         m_pages->setCurrentWidget(m_loading);
-    } else if (m_preview.loadError()) {
-        m_failureText->setText(*m_preview.loadError());
+    } else if (preview.player()) {
+        m_pages->setCurrentWidget(m_player);
+    } else if (m_view.previewURL() && preview.loadError()) {
+        // Without a stream of this video, the error is that of an earlier one.
+        m_failureText->setText(*preview.loadError());
         m_pages->setCurrentWidget(m_failure);
     } else {
         m_pages->setCurrentWidget(m_nothing);
     }
-}
-
-void PreviewPane::showPlayer()
-{
-    if (!m_player) {
-        m_player = m_makeView(m_preview, this);
-        m_pages->addWidget(m_player);
-        QWidget *before = previousInFocusChain();
-        while (before != this && !(before->focusPolicy() & Qt::TabFocus))
-            before = before->previousInFocusChain();
-        putIntoTabOrder(before, m_player);
-    }
-    m_pages->setCurrentWidget(m_player);
-}
-
-void PreviewPane::dropPlayer()
-{
-    if (!m_player)
-        return;
-    m_pages->removeWidget(m_player);
-    m_player->hide();
-    std::exchange(m_player, nullptr)->deleteLater();
 }
 
 void PreviewPane::paintEvent(QPaintEvent *)

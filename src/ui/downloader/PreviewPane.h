@@ -2,24 +2,19 @@
 
 #include <QWidget>
 
-#include <functional>
-
 class QStackedLayout;
 
 namespace clipwren {
 
-class PreviewPlayerController;
+class DownloaderView;
+class PreviewPlayerView;
 class WrappedLabel;
-
-/// Makes the view of a preview's player with its controls, as a child of the given widget.
-using PreviewViewFactory = std::function<QWidget *(PreviewPlayerController &, QWidget *parent)>;
 
 /// The picture of the preview stream, or what keeps it from being there.
 class PreviewPane : public QWidget {
     Q_OBJECT
 public:
-    PreviewPane(PreviewPlayerController &preview, PreviewViewFactory makeView,
-                QWidget *parent = nullptr);
+    explicit PreviewPane(DownloaderView &view, QWidget *parent = nullptr);
 
     void render();
 
@@ -29,17 +24,14 @@ protected:
 private:
     QWidget *makeLoading();
     QWidget *makeFailure();
-    void showPlayer();
-    void dropPlayer();
 
-    PreviewPlayerController &m_preview;
-    PreviewViewFactory m_makeView;
+    DownloaderView &m_view;
     QStackedLayout *m_pages;
     QWidget *m_nothing;
     QWidget *m_loading;
     WrappedLabel *m_failureText;
     QWidget *m_failure;
-    QWidget *m_player = nullptr;
+    PreviewPlayerView *m_player;
 };
 
 } // namespace clipwren

@@ -7,20 +7,25 @@
 #include <QVBoxLayout>
 
 namespace clipwren {
+namespace {
 
-PreviewPlayerView::PreviewPlayerView(PreviewPlayerController &controller, PlayerModule &module,
-                                     QWidget *parent, double radius)
-    : QWidget(parent), m_controller(controller), m_pane(new PlayerPane(module, {.radius = radius}))
+constexpr double radius = 12; // of the corners, in logical pixels
+
+} // namespace
+
+PreviewPlayerView::PreviewPlayerView(PreviewPlayerController &controller, QWidget *parent)
+    : QWidget(parent), m_controller(controller), m_pane(new PlayerPane({.radius = radius}))
 {
     auto *const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_pane);
     setFocusProxy(m_pane);
+    connect(m_pane, &PlayerPane::jumped, &m_controller, &PreviewPlayerController::endRange);
 }
 
 PreviewPlayerView::~PreviewPlayerView()
 {
-    letGo();
+    detach();
 }
 
 void PreviewPlayerView::showEvent(QShowEvent *event)
@@ -37,7 +42,7 @@ void PreviewPlayerView::hideEvent(QHideEvent *event)
 {
     QWidget::hideEvent(event);
     if (!event->spontaneous())
-        letGo();
+        detach();
 }
 
 void PreviewPlayerView::render()
@@ -47,7 +52,7 @@ void PreviewPlayerView::render()
 }
 
 // Pausing makes the controller tell of it, so following ends first.
-void PreviewPlayerView::letGo()
+void PreviewPlayerView::detach()
 {
     disconnect(m_following);
     m_following = {};

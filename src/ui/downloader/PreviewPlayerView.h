@@ -5,24 +5,19 @@
 
 namespace clipwren {
 
-class PlayerModule;
 class PlayerPane;
 class PreviewPlayerController;
 
 /// Shows the player of a preview, with controls.
 ///
-/// Follows the controller while it is shown; hidden or destroyed, it pauses the player and lets
-/// go of it.
+/// Follows the controller while it is shown; hidden or destroyed, it pauses the player and detaches
+/// from it.
 class PreviewPlayerView : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr double usualRadius = 10;
-
-    /// The module must outlive the view, and the controller the time that the view is shown.
-    /// `radius` is that of the corners, in logical pixels.
-    PreviewPlayerView(PreviewPlayerController &controller, PlayerModule &module,
-                      QWidget *parent = nullptr, double radius = usualRadius);
+    /// The controller must outlive the time that the view is shown.
+    explicit PreviewPlayerView(PreviewPlayerController &controller, QWidget *parent = nullptr);
     ~PreviewPlayerView() override;
 
 protected:
@@ -31,7 +26,7 @@ protected:
 
 private:
     void render();
-    void letGo();
+    void detach();
 
     PreviewPlayerController &m_controller;
     PlayerPane *m_pane;

@@ -3,6 +3,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/Glide.h"
 #include "ui/components/Switch.h"
+#include "ui/downloader/PreviewPane.h"
 #include "ui/downloader/TimeStat.h"
 #include "ui/downloader/TrimSlider.h"
 #include "workflow/download/DownloaderView.h"
@@ -21,7 +22,7 @@ constexpr int spacing = 14;
 
 } // namespace
 
-TrimSection::TrimSection(DownloaderView &view, PreviewViewFactory makePreviewView, QWidget *parent)
+TrimSection::TrimSection(DownloaderView &view, QWidget *parent)
     : QWidget(parent), m_view(view), m_switch(new Switch(tr("Trim before saving"), u"scissors"))
 {
     auto *column = new QVBoxLayout(this);
@@ -34,7 +35,7 @@ TrimSection::TrimSection(DownloaderView &view, PreviewViewFactory makePreviewVie
     auto *choice = new QVBoxLayout(m_choice);
     choice->setContentsMargins(0, spacing, 0, 0);
     choice->setSpacing(spacing);
-    m_preview = new PreviewPane(m_view.preview(), std::move(makePreviewView));
+    m_preview = new PreviewPane(m_view);
     m_slider = new TrimSlider;
     choice->addWidget(m_preview);
     choice->addWidget(m_slider);

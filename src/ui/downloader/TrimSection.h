@@ -1,7 +1,5 @@
 #pragma once
 
-#include "ui/downloader/PreviewPane.h"
-
 #include <QWidget>
 
 class QLayout;
@@ -11,6 +9,7 @@ namespace clipwren {
 class Button;
 class DownloaderView;
 class Glide;
+class PreviewPane;
 class Switch;
 class TimeStat;
 class TrimSlider;
@@ -19,8 +18,7 @@ class TrimSlider;
 class TrimSection : public QWidget {
     Q_OBJECT
 public:
-    TrimSection(DownloaderView &view, PreviewViewFactory makePreviewView,
-                QWidget *parent = nullptr);
+    explicit TrimSection(DownloaderView &view, QWidget *parent = nullptr);
 
     void render();
 

@@ -68,11 +68,13 @@ PlayerControls::PlayerControls(FullScreen fullScreen, QWidget *parent)
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(sidePadding, 0, sidePadding, 0);
     row->setSpacing(spacing);
-    for (QWidget *part : {static_cast<QWidget *>(m_play), static_cast<QWidget *>(m_elapsed),
-                          static_cast<QWidget *>(m_position), static_cast<QWidget *>(m_end),
-                          static_cast<QWidget *>(m_mute), static_cast<QWidget *>(m_volume),
-                          static_cast<QWidget *>(m_toggleFullScreen)})
+    QWidget *before = m_play;
+    for (QWidget *part : std::initializer_list<QWidget *>{m_play, m_elapsed, m_position, m_end,
+                                                          m_mute, m_volume, m_toggleFullScreen}) {
         row->addWidget(part, part == m_position ? 1 : 0, Qt::AlignVCenter);
+        setTabOrder(before, part);
+        before = part;
+    }
     m_elapsed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_volume->setFixedWidth(volumeWidth);
     m_volume->setMaximum(1);
@@ -184,6 +186,7 @@ void PlayerControls::togglePlaying()
 void PlayerControls::seek(double seconds)
 {
     // A jump of the user's ends the playing of a range.
+    Q_EMIT jumped();
     m_player->setEndTime(std::nullopt);
     m_player->seek(std::max(seconds, 0.0), {});
 }

@@ -43,6 +43,8 @@ public:
 Q_SIGNALS:
     /// The button or its key was pressed.
     void fullScreenToggled();
+    /// The user is about to jump to another position.
+    void jumped();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -1,15 +1,18 @@
 #include "ui/player/PlayerPane.h"
 
+#include "platform/media/VideoOutput.h"
 #include "ui/components/FocusRing.h"
 #include "ui/components/IconView.h"
 #include "ui/components/Label.h"
 #include "ui/components/Painting.h"
-#include "ui/player/CornerFrame.h"
-#include "ui/player/VideoPane.h"
 
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace clipwren {
 
@@ -42,13 +45,11 @@ bool isOurKey(int key)
 
 } // namespace
 
-PlayerPane::PlayerPane(PlayerModule &module, const Options &options, QWidget *parent)
-    : QWidget(parent), m_options(options), m_video(new VideoPane(module, this)),
+PlayerPane::PlayerPane(const Options &options, QWidget *parent)
+    : QWidget(parent), m_options(options),
       m_failureText(new Label(Theme::TextStyle::Callout, Theme::Color::OnVideoSecondary)),
       m_failure(makeFailure()), m_controls(new PlayerControls(options.fullScreen, this))
 {
-    // The pointer moves over this pane, whatever the picture is made of.
-    m_video->setAttribute(Qt::WA_TransparentForMouseEvents);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Video"));
@@ -58,12 +59,9 @@ PlayerPane::PlayerPane(PlayerModule &module, const Options &options, QWidget *pa
     m_rest.setSingleShot(true);
     connect(&m_rest, &QTimer::timeout, this, &PlayerPane::hideControlsAtRest);
     connect(m_controls, &PlayerControls::fullScreenToggled, this, &PlayerPane::fullScreenToggled);
-    if (options.fullScreen == PlayerControls::FullScreen::CanLeave)
-        return;
-    m_video->frame().setRadius(options.radius);
-    drawOutline();
-    connect(&Theme::current(), &Theme::changed, this, &PlayerPane::drawOutline);
-    FocusRing::install(this, options.radius);
+    connect(m_controls, &PlayerControls::jumped, this, &PlayerPane::jumped);
+    if (options.fullScreen != PlayerControls::FullScreen::CanLeave)
+        FocusRing::install(this, options.radius);
 }
 
 // The player may be a child that goes after those that show it.
@@ -90,25 +88,26 @@ QWidget *PlayerPane::makeFailure()
     return failure;
 }
 
-void PlayerPane::drawOutline()
-{
-    const QColor separator = Theme::current().color(Theme::Color::Separator);
-    m_video->frame().setOutline(faded(separator, 0.5), 0.5);
-}
-
 void PlayerPane::setPlayer(MediaPlayer *player)
 {
     if (m_player)
         m_player->disconnect(this);
+    if (m_output) {
+        m_output->disconnect(this);
+        m_output->setSize({});
+    }
     m_player = player;
-    m_video->setPlayer(player);
+    m_output = player ? player->videoOutput() : nullptr;
     m_controls->setPlayer(player);
+    if (m_output)
+        connect(m_output, &VideoOutput::pictureChanged, this, qOverload<>(&QWidget::update));
     if (player) {
         connect(player, &QObject::destroyed, this, [this] { setPlayer(nullptr); });
         connect(player, &MediaPlayer::playingChanged, this, &PlayerPane::followPlayer);
         connect(player, &MediaPlayer::statusChanged, this, &PlayerPane::followPlayer);
     }
     followPlayer();
+    update();
 }
 
 void PlayerPane::followPlayer()
@@ -189,11 +188,66 @@ void PlayerPane::focusInEvent(QFocusEvent *event)
 
 void PlayerPane::resizeEvent(QResizeEvent *)
 {
-    m_video->setGeometry(rect());
     m_failure->setGeometry(rect());
     const QSize size(PlayerControls::widthOver(width()), m_controls->sizeHint().height());
     m_controls->setGeometry((width() - size.width()) / 2, height() - controlsMargin - size.height(),
                             size.width(), size.height());
+}
+
+void PlayerPane::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (m_output)
+        m_output->setSize({});
+}
+
+void PlayerPane::closeEvent(QCloseEvent *event)
+{
+    QWidget::closeEvent(event);
+    Q_EMIT fullScreenToggled();
+}
+
+void PlayerPane::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    paintPicture(painter);
+    if (m_options.fullScreen == PlayerControls::FullScreen::CanLeave)
+        return;
+    constexpr double outlineWidth = 0.5;
+    constexpr double inset = outlineWidth / 2;
+    const QColor separator = Theme::current().color(Theme::Color::Separator);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(faded(separator, 0.5), outlineWidth));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset),
+                            m_options.radius - inset, m_options.radius - inset);
+}
+
+void PlayerPane::paintPicture(QPainter &painter)
+{
+    const double ratio = devicePixelRatioF();
+    const QSize pixels = (QSizeF(size()) * ratio).toSize();
+    QImage picture;
+    if (m_output) {
+        // The place where every change of the size and of the screen is seen.
+        m_output->setSize(pixels);
+        picture = m_output->picture();
+    }
+    QBrush brush(Theme::current().color(Theme::Color::Video));
+    if (!picture.isNull()) {
+        brush = QBrush(picture);
+        // Until the picture of a new size is there, the one of before covers the pane.
+        const double scale = std::max(double(pixels.width()) / picture.width(),
+                                      double(pixels.height()) / picture.height())
+            / ratio;
+        const QSizeF covered = QSizeF(picture.size()) * scale;
+        brush.setTransform(QTransform::fromTranslate((width() - covered.width()) / 2,
+                                                     (height() - covered.height()) / 2)
+                               .scale(scale, scale));
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(brush);
+    painter.drawRoundedRect(rect(), m_options.radius, m_options.radius);
 }
 
 } // namespace clipwren

@@ -12,15 +12,14 @@
 namespace clipwren {
 
 class Label;
-class PlayerModule;
-class VideoPane;
+class VideoOutput;
 
-/// A video with its controls floating over it, and what the keyboard does while it has focus:
-/// Space plays and pauses, Left and Right jump by 5 s, Up and Down change the volume, M mutes, F
-/// changes to full screen and back, Escape back.
+/// A player's pictures with its controls floating over them, and what the keyboard does while the
+/// pane has focus: Space plays and pauses, Left and Right jump by 5 s, Up and Down change the
+/// volume, M mutes, F changes to full screen and back, Escape back.
 ///
 /// The controls go when the video plays and the pointer rests. In the place of a stream that
-/// failed, its sentence is shown. Asks for a player only; never makes one.
+/// failed, its sentence is shown. At most one pane shows a player at a time.
 class PlayerPane : public QWidget {
     Q_OBJECT
 
@@ -32,18 +31,20 @@ public:
         std::chrono::milliseconds hideControlsAfter{2500};
     };
 
-    /// The module must outlive the pane.
-    PlayerPane(PlayerModule &module, const Options &options, QWidget *parent = nullptr);
+    explicit PlayerPane(const Options &options, QWidget *parent = nullptr);
     ~PlayerPane() override;
 
-    /// Shows another player, which somebody else owns; null shows black. A player that goes is
-    /// let go of.
+    /// Shows another player, which somebody else owns; null shows black. A player may be destroyed
+    /// while it is shown.
     void setPlayer(MediaPlayer *player);
     MediaPlayer *player() const { return m_player; }
 
 Q_SIGNALS:
-    /// The user wants to change to full screen, or back.
+    /// The user wants to change to full screen, or back; also when a pane that is a window of its
+    /// own is closed.
     void fullScreenToggled();
+    /// The user is about to jump to another position.
+    void jumped();
 
 protected:
     bool event(QEvent *event) override;
@@ -53,17 +54,20 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     QWidget *makeFailure();
-    void drawOutline();
+    void paintPicture(QPainter &painter);
     void followPlayer();
     void wakeControls();
     void hideControlsAtRest();
 
     Options m_options;
     QPointer<MediaPlayer> m_player;
-    VideoPane *m_video;
+    QPointer<VideoOutput> m_output;
     Label *m_failureText;
     QWidget *m_failure;
     PlayerControls *m_controls;

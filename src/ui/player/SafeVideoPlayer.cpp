@@ -1,8 +1,9 @@
 #include "ui/player/SafeVideoPlayer.h"
 
-#include "ui/player/FullScreenPlayer.h"
-#include "ui/player/PlayerModule.h"
+#include "ui/player/PlayerPane.h"
 
+#include <QFileInfo>
+#include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -10,15 +11,15 @@
 
 namespace clipwren {
 
-SafeVideoPlayer::SafeVideoPlayer(PlayerModule &module, QWidget *parent)
-    : SafeVideoPlayer(module, Options(), parent)
+SafeVideoPlayer::SafeVideoPlayer(MediaPlayerFactory makePlayer, QWidget *parent)
+    : SafeVideoPlayer(std::move(makePlayer), Options(), parent)
 {
 }
 
-SafeVideoPlayer::SafeVideoPlayer(PlayerModule &module, const Options &options, QWidget *parent)
-    : VideoPlayerView(parent), m_module(module), m_options(options),
-      m_pane(new PlayerPane(module,
-                            {.fullScreen = PlayerControls::FullScreen::CanEnter,
+SafeVideoPlayer::SafeVideoPlayer(MediaPlayerFactory makePlayer, const Options &options,
+                                 QWidget *parent)
+    : QWidget(parent), m_makePlayer(std::move(makePlayer)), m_options(options),
+      m_pane(new PlayerPane({.fullScreen = PlayerControls::FullScreen::CanEnter,
                              .radius = options.radius,
                              .hideControlsAfter = options.hideControlsAfter}))
 {
@@ -31,7 +32,7 @@ SafeVideoPlayer::SafeVideoPlayer(PlayerModule &module, const Options &options, Q
 
 SafeVideoPlayer::~SafeVideoPlayer()
 {
-    delete std::exchange(m_fullScreen, nullptr);
+    delete m_fullScreen;
 }
 
 void SafeVideoPlayer::setUrl(const QUrl &url)
@@ -44,7 +45,7 @@ void SafeVideoPlayer::setUrl(const QUrl &url)
     if (m_player && m_player->url() == url)
         return;
     if (!m_player) {
-        m_player = m_module.makePlayer();
+        m_player = m_makePlayer();
         if (isVisible())
             m_pane->setPlayer(m_player.get());
     }
@@ -56,9 +57,17 @@ void SafeVideoPlayer::enterFullScreen()
     if (m_fullScreen || !m_player || !isVisible())
         return;
     m_pane->setPlayer(nullptr);
-    m_fullScreen = new FullScreenPlayer(m_module, *m_player, m_options.hideControlsAfter, this);
-    connect(m_fullScreen, &FullScreenPlayer::left, this, &SafeVideoPlayer::leaveFullScreen);
-    m_fullScreen->open();
+    m_fullScreen = new PlayerPane({.fullScreen = PlayerControls::FullScreen::CanLeave,
+                                   .hideControlsAfter = m_options.hideControlsAfter},
+                                  this);
+    m_fullScreen->setWindowFlag(Qt::Window);
+    m_fullScreen->setWindowTitle(QFileInfo(m_player->url().path()).fileName());
+    m_fullScreen->setPlayer(m_player.get());
+    connect(m_fullScreen, &PlayerPane::fullScreenToggled, this, &SafeVideoPlayer::leaveFullScreen);
+    m_fullScreen->setGeometry(screen()->geometry());
+    m_fullScreen->showFullScreen();
+    m_fullScreen->activateWindow();
+    m_fullScreen->setFocus(Qt::OtherFocusReason);
 }
 
 void SafeVideoPlayer::leaveFullScreen()
@@ -66,8 +75,9 @@ void SafeVideoPlayer::leaveFullScreen()
     if (!m_fullScreen)
         return;
     // Its own event may be what brought us here.
-    FullScreenPlayer *const window = std::exchange(m_fullScreen, nullptr);
-    window->dismiss();
+    PlayerPane *const window = std::exchange(m_fullScreen, nullptr);
+    window->setPlayer(nullptr);
+    window->hide();
     window->deleteLater();
     if (!isVisible())
         return;
@@ -77,14 +87,14 @@ void SafeVideoPlayer::leaveFullScreen()
 
 void SafeVideoPlayer::showEvent(QShowEvent *event)
 {
-    VideoPlayerView::showEvent(event);
+    QWidget::showEvent(event);
     if (!event->spontaneous() && !m_fullScreen)
         m_pane->setPlayer(m_player.get());
 }
 
 void SafeVideoPlayer::hideEvent(QHideEvent *event)
 {
-    VideoPlayerView::hideEvent(event);
+    QWidget::hideEvent(event);
     // A minimised window goes on.
     if (event->spontaneous())
         return;

@@ -1,38 +1,41 @@
 #pragma once
 
-#include "ui/shell/VideoPlayerView.h"
+#include "platform/media/MediaPlayer.h"
+
+#include <QPointer>
+#include <QUrl>
+#include <QWidget>
 
 #include <chrono>
 #include <memory>
 
 namespace clipwren {
 
-class FullScreenPlayer;
-class MediaPlayer;
-class PlayerModule;
 class PlayerPane;
 
 /// Plays one file, in its place or in full screen.
 ///
-/// Shows the first frame until somebody plays it. The player module is loaded with the first
-/// file. Hidden, it pauses, leaves full screen and keeps its position. An empty address lets go
-/// of the file.
-class SafeVideoPlayer : public VideoPlayerView {
+/// Shows the first frame until somebody plays it. Hidden, it pauses, leaves full screen and keeps
+/// its position. Hidden behind another window or minimised, it plays on.
+class SafeVideoPlayer : public QWidget {
     Q_OBJECT
 
 public:
     struct Options {
         /// Of the corners, in logical pixels.
-        double radius = VideoPlayerView::radius;
+        double radius = 14;
         std::chrono::milliseconds hideControlsAfter{2500};
     };
 
-    /// The module must outlive the view.
-    explicit SafeVideoPlayer(PlayerModule &module, QWidget *parent = nullptr);
-    SafeVideoPlayer(PlayerModule &module, const Options &options, QWidget *parent = nullptr);
+    /// The factory is asked with the first file. What it needs must outlive the view.
+    explicit SafeVideoPlayer(MediaPlayerFactory makePlayer, QWidget *parent = nullptr);
+    SafeVideoPlayer(MediaPlayerFactory makePlayer, const Options &options,
+                    QWidget *parent = nullptr);
     ~SafeVideoPlayer() override;
 
-    void setUrl(const QUrl &url) override;
+    /// Loads the file unless it is the one that is loaded: then position and playing stay. An empty
+    /// address closes the file.
+    void setUrl(const QUrl &url);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -42,11 +45,12 @@ private:
     void enterFullScreen();
     void leaveFullScreen();
 
-    PlayerModule &m_module;
+    MediaPlayerFactory m_makePlayer;
     Options m_options;
     std::unique_ptr<MediaPlayer> m_player;
     PlayerPane *m_pane;
-    FullScreenPlayer *m_fullScreen = nullptr;
+    // A window of its own; null while the video is in its place.
+    QPointer<PlayerPane> m_fullScreen;
 };
 
 } // namespace clipwren

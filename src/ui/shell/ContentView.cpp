@@ -71,12 +71,11 @@ QString addressIn(const QMimeData &data)
 
 } // namespace
 
-ContentView::ContentView(const DownloaderView::Environment &environment,
-                         DetailContainer::Players players, QWidget *parent)
+ContentView::ContentView(const DownloaderView::Environment &environment, QWidget *parent)
     : QWidget(parent), m_environment(environment), m_menu(new QMenu(this)),
       m_sidebar(new SidebarView(environment.store, environment.history, environment.tools,
                                 environment.desktop)),
-      m_detail(new DetailContainer(environment, std::move(players))), m_bar(new TopBar(*m_menu))
+      m_detail(new DetailContainer(environment)), m_bar(new TopBar(*m_menu))
 {
     setMinimumSize(minimumWindowSize);
     setAcceptDrops(true);

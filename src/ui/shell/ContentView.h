@@ -23,8 +23,7 @@ class ContentView : public QWidget {
 
 public:
     /// What is given must outlive the view.
-    ContentView(const DownloaderView::Environment &environment, DetailContainer::Players players,
-                QWidget *parent = nullptr);
+    explicit ContentView(const DownloaderView::Environment &environment, QWidget *parent = nullptr);
 
     /// Leaves the selected record for the downloader and looks an address up there. Asks first
     /// while a download runs, which that would stop.

@@ -15,10 +15,8 @@
 
 namespace clipwren {
 
-DetailContainer::DetailContainer(DownloaderView::Environment environment, Players players,
-                                 QWidget *parent)
-    : QWidget(parent), m_environment(std::move(environment)), m_players(std::move(players)),
-      m_layout(new QStackedLayout(this))
+DetailContainer::DetailContainer(DownloaderView::Environment environment, QWidget *parent)
+    : QWidget(parent), m_environment(std::move(environment)), m_layout(new QStackedLayout(this))
 {
     connect(&m_environment.tools, &ToolEnvironment::changed, this, &DetailContainer::render);
     connect(&m_environment.store, &DownloadStore::changed, this, &DetailContainer::render);
@@ -73,7 +71,7 @@ void DetailContainer::render()
     } else if (record) {
         showScreen(Kind::Detail,
                    new DownloadDetailView(*record, m_environment.tools, m_environment.desktop,
-                                          m_players.file));
+                                          m_environment.makePlayer));
     } else if (m_kind != Kind::Downloader) {
         showScreen(Kind::Downloader, makeDownloader());
     }
@@ -83,7 +81,7 @@ DetailScreen *DetailContainer::makeDownloader()
 {
     m_downloader = new DownloaderView(m_environment, [this](QUuid id) { Q_EMIT completed(id); });
     return new DownloaderScreen(*m_downloader, m_environment.desktop,
-                                m_environment.downloadDirectory, m_players.preview);
+                                m_environment.downloadDirectory);
 }
 
 void DetailContainer::showScreen(Kind kind, DetailScreen *screen)

@@ -2,7 +2,6 @@
 
 #include "core/library/DownloadRecord.h"
 #include "ui/downloader/DownloaderScreen.h"
-#include "ui/shell/VideoPlayerView.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QUuid>
@@ -24,15 +23,8 @@ class DetailContainer : public QWidget {
     Q_OBJECT
 
 public:
-    /// Makes the widgets that play videos.
-    struct Players {
-        PreviewViewFactory preview;
-        VideoPlayerView::Factory file;
-    };
-
     /// What the environment refers to must outlive the container.
-    DetailContainer(DownloaderView::Environment environment, Players players,
-                    QWidget *parent = nullptr);
+    explicit DetailContainer(DownloaderView::Environment environment, QWidget *parent = nullptr);
     ~DetailContainer() override;
     DetailContainer(const DetailContainer &) = delete;
     DetailContainer &operator=(const DetailContainer &) = delete;
@@ -62,7 +54,6 @@ private:
     DetailScreen *makeDownloader();
 
     DownloaderView::Environment m_environment;
-    Players m_players;
     std::optional<QUuid> m_selectedID;
     Kind m_kind = Kind::None;
     DetailScreen *m_screen = nullptr;

@@ -8,6 +8,7 @@
 #include "ui/components/ElidedLabel.h"
 #include "ui/components/IconView.h"
 #include "ui/components/ScrollPane.h"
+#include "ui/player/SafeVideoPlayer.h"
 #include "ui/shell/InformationBox.h"
 #include "ui/shell/MissingFilePlaceholder.h"
 
@@ -37,7 +38,7 @@ QVBoxLayout *blocks(int spacing)
 } // namespace
 
 DownloadDetailView::DownloadDetailView(const DownloadRecord &record, const ToolEnvironment &tools,
-                                       Desktop &desktop, VideoPlayerView::Factory makePlayer,
+                                       Desktop &desktop, MediaPlayerFactory makePlayer,
                                        QWidget *parent)
     : DetailScreen(parent), m_record(record), m_tools(tools), m_desktop(desktop),
       m_makePlayer(std::move(makePlayer)), m_reveal(Button::iconOnly(u"folder", tr("Reveal"))),
@@ -231,7 +232,7 @@ void DownloadDetailView::render()
 void DownloadDetailView::renderPlayer()
 {
     if (m_fileExists && !m_player) {
-        m_player = m_makePlayer(this);
+        m_player = new SafeVideoPlayer(m_makePlayer, this);
         m_player->setFixedHeight(playerHeight);
         m_media->addWidget(m_player);
     }

@@ -3,8 +3,8 @@
 #include "core/library/DownloadRecord.h"
 #include "core/media/MediaInspection.h"
 #include "core/tasks/BackgroundTask.h"
+#include "platform/media/MediaPlayer.h"
 #include "ui/shell/DetailScreen.h"
-#include "ui/shell/VideoPlayerView.h"
 
 #include <QPointer>
 
@@ -18,6 +18,7 @@ class InformationBox;
 class Label;
 class MissingFilePlaceholder;
 class Pill;
+class SafeVideoPlayer;
 class ToolEnvironment;
 
 /// One saved file: a player, what ffprobe finds in it, and where it lies.
@@ -28,10 +29,10 @@ class DownloadDetailView : public DetailScreen {
     Q_OBJECT
 
 public:
-    /// `tools` and `desktop` must outlive the view. `makePlayer` is called when there is a file
-    /// to play for the first time.
+    /// `tools` and `desktop` must outlive the view. The factory is asked when there is a file to
+    /// play for the first time.
     DownloadDetailView(const DownloadRecord &record, const ToolEnvironment &tools, Desktop &desktop,
-                       VideoPlayerView::Factory makePlayer, QWidget *parent = nullptr);
+                       MediaPlayerFactory makePlayer, QWidget *parent = nullptr);
     ~DownloadDetailView() override;
     DownloadDetailView(const DownloadDetailView &) = delete;
     DownloadDetailView &operator=(const DownloadDetailView &) = delete;
@@ -60,7 +61,7 @@ private:
     DownloadRecord m_record;
     const ToolEnvironment &m_tools;
     Desktop &m_desktop;
-    VideoPlayerView::Factory m_makePlayer;
+    MediaPlayerFactory m_makePlayer;
 
     bool m_fileExists = false;
     BackgroundTask m_inspecting;
@@ -73,7 +74,7 @@ private:
     Label *m_title;
     ElidedLabel *m_address;
     QVBoxLayout *m_media; // holds the player and the placeholder
-    VideoPlayerView *m_player = nullptr;
+    SafeVideoPlayer *m_player = nullptr;
     MissingFilePlaceholder *m_missing;
     Pill *m_pill;
     InformationBox *m_facts;

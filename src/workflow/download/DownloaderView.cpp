@@ -37,6 +37,7 @@ DownloaderView::DownloaderView(const Environment &environment,
     connect(&m_pipeline, &DownloadPipeline::recorded, this, &DownloaderView::downloadRecorded);
     connect(&m_pipeline, &DownloadPipeline::failed, this, [this] {
         m_phase = Phase::ready;
+        reloadPreview();
         Q_EMIT changed();
     });
 }
@@ -184,14 +185,19 @@ void DownloaderView::loadPreview(const QString &address)
             return service.fetchPreviewURL(address, stop);
         },
         [this](const std::optional<QUrl> &url) {
-            if (!url)
-                return;
             m_previewURL = url;
-            m_preview.load(*url);
+            reloadPreview();
             Q_EMIT changed();
         },
         // Without a stream the preview stays unavailable, which is all there is to say.
-        [](const std::exception_ptr &) {});
+        [this](const std::exception_ptr &) { Q_EMIT changed(); });
+}
+
+void DownloaderView::reloadPreview()
+{
+    // A running download has the network for itself.
+    if (m_previewURL && (m_phase == Phase::confirming || m_phase == Phase::ready))
+        m_preview.load(*m_previewURL);
 }
 
 YtDlpService DownloaderView::ytDlp() const
@@ -329,6 +335,7 @@ void DownloaderView::start()
     if (!m_environment.tools.allFound() || m_phase != Phase::ready)
         return;
     m_phase = Phase::downloading;
+    m_preview.unload();
     m_pipeline.start(downloadJob());
     Q_EMIT changed();
 }

@@ -104,6 +104,8 @@ public:
 
     PreviewPlayerController &preview() { return m_preview; }
     std::optional<QUrl> previewURL() const { return m_previewURL; }
+    /// True while the preview's stream is looked up or loads.
+    bool isPreviewLoading() const { return m_previewLookup.isRunning() || m_preview.isLoading(); }
 
     // The download.
     /// Starts it when the phase is `ready` and the tools are there, otherwise does nothing.
@@ -124,6 +126,7 @@ private:
     void lookupSucceeded(const QString &address, const YtDlpService::FetchedInfo &lookup);
     void lookupFailed(const std::exception_ptr &error);
     void loadPreview(const QString &address);
+    void reloadPreview();
     void returnToInput();
     /// Both tools must be known.
     YtDlpService ytDlp() const;

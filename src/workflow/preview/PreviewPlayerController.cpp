@@ -35,7 +35,7 @@ void PreviewPlayerController::load(const QUrl &url)
         Q_EMIT changed();
     });
     connect(player, &MediaPlayer::statusChanged, this, &PreviewPlayerController::followStatus);
-    connect(player, &MediaPlayer::endTimeReached, this, &PreviewPlayerController::clearBoundary);
+    connect(player, &MediaPlayer::endTimeReached, this, &PreviewPlayerController::endRange);
     player->load(url);
     Q_EMIT changed();
 }
@@ -80,17 +80,18 @@ void PreviewPlayerController::releasePlayer()
     m_player.release()->deleteLater();
 }
 
-void PreviewPlayerController::clearBoundary()
+void PreviewPlayerController::endRange()
 {
     ++m_rangeNumber;
-    m_player->setEndTime(std::nullopt);
+    if (m_player)
+        m_player->setEndTime(std::nullopt);
 }
 
 void PreviewPlayerController::pause()
 {
     if (!m_player)
         return;
-    clearBoundary();
+    endRange();
     m_player->pause();
 }
 
@@ -106,7 +107,7 @@ void PreviewPlayerController::playRange(double start, double end)
 {
     if (!m_player || !std::isfinite(start) || std::isnan(end))
         return;
-    clearBoundary();
+    endRange();
     const double endTime = std::max(end, start + shortestRangeSeconds);
     // A seek that did not finish leaves the player somewhere, and playing is still what was asked
     // for. Only what ends a range keeps it from starting.

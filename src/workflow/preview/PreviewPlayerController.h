@@ -34,6 +34,8 @@ public:
     /// Plays from `start` and pauses at `end`, for at least 0.05 s. An infinite end plays to the
     /// end of the stream; other times that are no numbers are ignored.
     void playRange(double start, double end);
+    /// Ends a range that plays or is about to: what plays goes on beyond its end.
+    void endRange();
 
     /// Absent while nothing is loaded and after a failure. One that was replaced lives on until
     /// control is back in the event loop, so that views can let go of it on `changed()`.
@@ -47,7 +49,6 @@ Q_SIGNALS:
 
 private:
     void followStatus();
-    void clearBoundary();
     void releasePlayer();
 
     MediaPlayerFactory m_makePlayer;

@@ -24,7 +24,7 @@ void WindowFixture::SetUpTestSuite()
 {
     const SampleSite site;
     PlayerModule players;
-    SafeVideoPlayer pane(players);
+    SafeVideoPlayer pane([&] { return players.makePlayer(); });
     pane.resize(640, 360);
     pane.setUrl(QUrl(site.address(u"/media/tide-clock.mp4"_s)));
     pane.show();

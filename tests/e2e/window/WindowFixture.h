@@ -4,9 +4,9 @@
 #include "core/library/DownloadStore.h"
 #include "core/library/HistoryStore.h"
 #include "core/process/ToolEnvironment.h"
+#include "platform/media/PlayerModule.h"
 #include "support/RecordingDesktop.h"
 #include "support/SampleSite.h"
-#include "ui/player/PlayerModule.h"
 
 #include <QTemporaryDir>
 

@@ -81,15 +81,7 @@ protected:
     const QString m_folder = QDir::homePath() + QStringLiteral("/Movies/Clipwren");
     FakeDownloader m_fake;
     DownloaderView m_view{m_fake.environment()};
-    int m_previewViews = 0;
-    DownloaderScreen m_screen{m_view, m_fake.desktop, m_folder,
-                              [this](PreviewPlayerController &, QWidget *parent) {
-                                  ++m_previewViews;
-                                  auto *view = new QWidget(parent);
-                                  view->setFocusPolicy(Qt::StrongFocus);
-                                  view->setAccessibleName(QStringLiteral("Player"));
-                                  return view;
-                              }};
+    DownloaderScreen m_screen{m_view, m_fake.desktop, m_folder};
 };
 
 } // namespace clipwren::test

@@ -2,6 +2,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -112,7 +113,7 @@ TEST_F(MpvPlayerTest, aHundredQuickDragsEndOnTheLast)
     EXPECT_EQ(stage.latest(), (FrameNumber{1, 175}));
 }
 
-TEST_F(MpvPlayerTest, opensWithoutASurfaceAndShowsTheFrameItIsAt)
+TEST_F(MpvPlayerTest, opensWithoutBeingShownAndThenShowsTheFrameItIsAt)
 {
     player->load(numberedVideo(2));
     player->seek(3, {});
@@ -122,19 +123,56 @@ TEST_F(MpvPlayerTest, opensWithoutASurfaceAndShowsTheFrameItIsAt)
     EXPECT_TRUE(stage.waitFor({2, 125}));
 }
 
-TEST_F(MpvPlayerTest, keepsItsPictureWhenTheSurfaceMovesOrIsReplaced)
+TEST_F(MpvPlayerTest, drawsItsPictureAnewInAnotherSizeAndForAnotherView)
 {
     loadShown();
     ASSERT_TRUE(seek(2));
-    for (int move = 0; move < 3; ++move) {
+    for (const QSize size : {QSize(640, 360), QSize(160, 90), QSize(48, 27), QSize(1920, 1080)}) {
         stage.forgetPictures();
-        stage.moveToNewWindow();
-        EXPECT_TRUE(stage.waitFor({1, 50}));
+        stage.resize(size);
+        ASSERT_TRUE(waitUntil([&] { return player->videoOutput()->picture().size() == size; }));
+        EXPECT_TRUE(stage.waitFor({1, 50})) << size.width();
     }
-    stage.removeSurface();
+    stage.close();
     ASSERT_TRUE(seek(3));
     stage.show(*player);
     EXPECT_TRUE(stage.waitFor({1, 75}));
+}
+
+TEST_F(MpvPlayerTest, stepsFrameByFrameFromWhereItPlays)
+{
+    loadShown();
+    ASSERT_TRUE(seek(2));
+    for (const auto &[frames, shown] :
+         {std::pair(1, 51), {1, 52}, {-1, 51}, {-1, 50}, {-1, 49}, {1, 50}}) {
+        player->step(frames);
+        EXPECT_TRUE(stage.waitFor({1, shown})) << testing::PrintToString(stage.latest());
+    }
+    // As with a key that is held down.
+    for (int count = 0; count < 20; ++count)
+        player->step(1);
+    EXPECT_TRUE(stage.waitFor({1, 70}));
+
+    player->play();
+    ASSERT_TRUE(waitUntil([&] { return stage.latest() && stage.latest()->frame > 75; }));
+    player->step(1);
+    EXPECT_FALSE(player->isPlaying());
+    ASSERT_TRUE(seek(0));
+    player->step(-1);
+    QTest::qWait(20);
+    EXPECT_TRUE(stage.waitFor({1, 0}));
+}
+
+TEST_F(MpvPlayerTest, leavesPicturesOutWhenNobodyTakesThemInTime)
+{
+    loadShown();
+    player->play();
+    stage.forgetPictures();
+    // The user-interface thread is busy, the film goes on.
+    QThread::msleep(600);
+    ASSERT_TRUE(waitUntil([&] { return !stage.pictures().empty(); }));
+    EXPECT_GE(stage.latest()->frame, 10) << "old pictures have queued";
+    EXPECT_LE(stage.pictures().size(), 2);
 }
 
 } // namespace

@@ -1,9 +1,5 @@
 #include "NumberedVideo.h"
 
-#include <QOpenGLContext>
-#include <QOpenGLFunctions>
-#include <QOpenGLWidget>
-
 #include <ostream>
 
 namespace clipwren::test {
@@ -44,17 +40,6 @@ std::optional<FrameNumber> readFrameNumber(const QImage &picture)
             bits |= 1 << block;
     }
     return FrameNumber{bits >> frameBits, bits & ((1 << frameBits) - 1)};
-}
-
-QImage drawnPicture(QOpenGLWidget &surface)
-{
-    surface.makeCurrent();
-    const QSize size = surface.size() * surface.devicePixelRatio();
-    QImage picture(size, QImage::Format_RGBA8888);
-    QOpenGLContext::currentContext()->functions()->glReadPixels(
-        0, 0, size.width(), size.height(), GL_RGBA, GL_UNSIGNED_BYTE, picture.bits());
-    surface.doneCurrent();
-    return picture.mirrored();
 }
 
 void PrintTo(const FrameNumber &number, std::ostream *out)

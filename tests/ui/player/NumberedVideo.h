@@ -5,8 +5,6 @@
 
 #include <optional>
 
-class QOpenGLWidget;
-
 namespace clipwren::test {
 
 /// The frames of a test video say which they are: 16 blocks along the top, black for 0 and white
@@ -27,9 +25,6 @@ QUrl numberedVideo(int stream);
 
 /// Absent when the picture shows none of the test videos. The video must fill the picture.
 std::optional<FrameNumber> readFrameNumber(const QImage &picture);
-
-/// What the surface has drawn for the window, without drawing again.
-QImage drawnPicture(QOpenGLWidget &surface);
 
 /// For messages of failed expectations.
 void PrintTo(const FrameNumber &number, std::ostream *out);

@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QRandomGenerator>
 #include <QTest>
-#include <QThreadPool>
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -58,11 +57,9 @@ struct PlayerLifetimeTest : PlayerTest {
             stage.forgetPictures();
             return stage.show(*player);
         case 7:
-            return stage.removeSurface();
+            return stage.close();
         case 8:
-            if (stage.surface())
-                stage.moveToNewWindow();
-            return;
+            return stage.resize(QSize(16, 9) * (4 + random.bounded(60)));
         case 9:
             return player->seek(random.bounded(8.0), {});
         case 10:
@@ -90,19 +87,17 @@ TEST_F(PlayerLifetimeTest, survivesEverythingAtEveryMoment)
             QTest::qWait(wait);
         expectNoWrongPicture();
     }
-    stage.removeSurface();
     player = playerModule().makePlayer();
     stage.show(*player);
     load(numberedVideo(2), 2);
     EXPECT_TRUE(stage.waitFor({2, 0})) << "seed " << seed;
-    stage.removeSurface();
     player.reset();
-    QThreadPool::globalInstance()->waitForDone();
+    EXPECT_TRUE(playerModule().waitForEndedPlayers(std::chrono::seconds(20)));
     EXPECT_TRUE(waitUntil([&] { return threadCount() <= threadsBefore + 2; }))
         << threadCount() << " threads, before " << threadsBefore;
 }
 
-TEST_F(PlayerLifetimeTest, playerAndSurfaceGoInEitherOrderAHundredTimes)
+TEST_F(PlayerLifetimeTest, playerAndViewGoInEitherOrderAHundredTimes)
 {
     for (int round = 0; round < 100; ++round) {
         player = playerModule().makePlayer();
@@ -111,11 +106,10 @@ TEST_F(PlayerLifetimeTest, playerAndSurfaceGoInEitherOrderAHundredTimes)
         if (const int wait = random.bounded(120); round % 3 != 0)
             QTest::qWait(wait);
         if (round % 2 == 0)
-            stage.removeSurface();
+            stage.close();
         player.reset();
         QTest::qWait(random.bounded(3));
         expectNoWrongPicture();
-        stage.removeSurface();
     }
 }
 

@@ -1,4 +1,4 @@
-#include "ui/player/PlayerModule.h"
+#include "platform/media/PlayerModule.h"
 
 #include "PlayerStage.h"
 #include "support/Printing.h"
@@ -88,8 +88,6 @@ TEST_F(PlayerModuleTest, saysWhatIsWrongWithTheModuleItself)
     PlayerModule missing({folder.path()});
     const auto player = missing.makePlayer();
     EXPECT_TRUE(failureOf(*player, numberedVideo(1)).contains(u"was not found"));
-    const std::unique_ptr<QWidget> surface(missing.makeSurface(*player, nullptr));
-    EXPECT_NE(surface, nullptr);
 
     file(u"clipwren_player.so"_s, "no library");
     PlayerModule broken({folder.path()});

@@ -42,7 +42,6 @@ struct PlayerPaneTest : PlayerTest {
     {
         delete pane;
         pane = new PlayerPane(
-            playerModule(),
             {.fullScreen = fullScreen, .hideControlsAfter = std::chrono::milliseconds(20)},
             &window);
         pane->setGeometry(window.rect());

@@ -22,31 +22,37 @@ void PlayerTest::SetUpTestSuite()
     player->load(numberedVideo(1));
     stage.show(*player);
     EXPECT_TRUE(stage.waitFor({1, 0})) << player->failure().toStdString();
-    stage.moveToNewWindow();
-    EXPECT_TRUE(stage.waitFor({1, 0}));
+}
+
+PlayerTest::~PlayerTest()
+{
+    EXPECT_TRUE(playerModule().waitForEndedPlayers(std::chrono::seconds(20)));
 }
 
 void PlayerStage::show(MediaPlayer &player)
 {
-    delete m_surface;
-    QWidget *const parent = m_otherWindow ? m_otherWindow.get() : &m_window;
-    m_surface = qobject_cast<QOpenGLWidget *>(playerModule().makeSurface(player, parent));
-    m_surface->setGeometry(parent->rect());
-    QObject::connect(m_surface, &QOpenGLWidget::aboutToCompose, m_surface,
-                     [this] { m_pictures.push_back(readFrameNumber(drawnPicture(*m_surface))); });
-    m_surface->show();
-    parent->show();
+    close();
+    m_output = player.videoOutput();
+    ASSERT_TRUE(m_output);
+    QObject::connect(m_output, &VideoOutput::pictureChanged, &m_context,
+                     [this] { m_pictures.push_back(readFrameNumber(m_output->picture())); });
+    m_output->setSize(m_size);
 }
 
-void PlayerStage::moveToNewWindow()
+void PlayerStage::close()
 {
-    auto window = std::make_unique<QWidget>();
-    window->resize(m_window.size());
-    m_surface->setParent(window.get());
-    m_surface->show();
-    window->show();
-    m_window.hide();
-    m_otherWindow = std::move(window);
+    if (!m_output)
+        return;
+    m_output->disconnect(&m_context);
+    m_output->setSize({});
+    m_output = nullptr;
+}
+
+void PlayerStage::resize(QSize size)
+{
+    m_size = size;
+    if (m_output)
+        m_output->setSize(size);
 }
 
 } // namespace clipwren::test

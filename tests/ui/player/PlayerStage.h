@@ -2,16 +2,13 @@
 
 #include "NumberedVideo.h"
 #include "platform/media/MediaPlayer.h"
-#include "ui/player/PlayerModule.h"
+#include "platform/media/PlayerModule.h"
+#include "platform/media/VideoOutput.h"
 
-#include <QOpenGLWidget>
 #include <QPointer>
-#include <QVBoxLayout>
-#include <QWidget>
 
 #include <functional>
 #include <gtest/gtest.h>
-#include <memory>
 #include <vector>
 
 namespace clipwren::test {
@@ -22,23 +19,24 @@ PlayerModule &playerModule();
 /// Runs the event loop until the condition holds. False after the time limit of 20 s.
 bool waitUntil(const std::function<bool()> &condition);
 
-/// For all tests that play. Opens what OpenGL, mpv and the display keep for good, so that it does
-/// not look like a leak.
+/// For all tests that play. Opens what mpv and the display keep for good, so that it does not look
+/// like a leak.
 struct PlayerTest : testing::Test {
     static void SetUpTestSuite();
+    /// Waits for the players to end, which they do in the background.
+    ~PlayerTest() override;
 };
 
-/// A window with one surface, which notes the number of every picture that it puts on screen.
+/// Takes the pictures of one player and notes the number of each.
 class PlayerStage {
 public:
-    PlayerStage() { m_window.resize(320, 180); }
-
     /// Shows the player's pictures from now on.
     void show(MediaPlayer &player);
-    void removeSurface() { delete m_surface; }
-    QOpenGLWidget *surface() const { return m_surface; }
-    /// Moves the surface to another window, which replaces this one.
-    void moveToNewWindow();
+    /// Shows nothing any more.
+    void close();
+    bool isOpen() const { return m_output; }
+    /// Any size of 16 to 9.
+    void resize(QSize size);
 
     /// Absent where the picture was blank.
     const std::vector<std::optional<FrameNumber>> &pictures() const { return m_pictures; }
@@ -47,16 +45,16 @@ public:
         return m_pictures.empty() ? std::nullopt : m_pictures.back();
     }
     void forgetPictures() { m_pictures.clear(); }
-    /// Waits until the frame is on screen.
+    /// Waits until the frame is shown.
     bool waitFor(const FrameNumber &number)
     {
         return waitUntil([&] { return latest() == number; });
     }
 
 private:
-    QWidget m_window;
-    std::unique_ptr<QWidget> m_otherWindow;
-    QPointer<QOpenGLWidget> m_surface;
+    QObject m_context; // of the connection
+    QPointer<VideoOutput> m_output;
+    QSize m_size{320, 180};
     std::vector<std::optional<FrameNumber>> m_pictures;
 };
 

@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -19,7 +20,7 @@ struct PreviewPlayerViewTest : PlayerTest {
     QStringList log;
     PreviewPlayerController controller{[this] { return std::make_unique<ScriptedPlayer>(log); }};
     QWidget window;
-    PreviewPlayerView *view = new PreviewPlayerView(controller, playerModule(), &window);
+    PreviewPlayerView *view = new PreviewPlayerView(controller, &window);
 
     PreviewPlayerViewTest() { window.show(); }
     MediaPlayer *shown() const { return view->findChild<PlayerPane *>()->player(); }
@@ -80,13 +81,28 @@ TEST_F(PreviewPlayerViewTest, outlivesTheControllersPlayers)
     view->hide();
     view->deleteLater();
     // While the first view still waits for its end, the next shows the next stream.
-    auto *const next = new PreviewPlayerView(controller, playerModule(), &window);
+    auto *const next = new PreviewPlayerView(controller, &window);
     next->show();
     play();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(player.isNull());
     EXPECT_TRUE(controller.isPlaying());
     EXPECT_EQ(next->findChild<PlayerPane *>()->player(), controller.player());
+}
+
+TEST_F(PreviewPlayerViewTest, aJumpEndsARangeThatIsAboutToPlay)
+{
+    controller.load(numberedVideo(1));
+    auto &player = static_cast<ScriptedPlayer &>(*controller.player());
+    player.becomeReady();
+    controller.playRange(1, 2);
+    view->findChild<PlayerPane *>()->setFocus();
+    QTest::keyClick(view->findChild<PlayerPane *>(), Qt::Key_Right);
+    // The first jump gives way to the second.
+    player.finishSeek(false);
+    player.finishSeek();
+    EXPECT_FALSE(player.isPlaying());
+    EXPECT_EQ(player.endTime(), std::nullopt);
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include "PlayerStage.h"
 #include "support/Widgets.h"
 #include "ui/downloader/PreviewPlayerView.h"
-#include "ui/player/FullScreenPlayer.h"
+#include "ui/player/PlayerPane.h"
 #include "workflow/preview/PreviewPlayerController.h"
 
 #include <QFile>
@@ -21,6 +21,7 @@ using namespace test;
 using namespace Qt::StringLiterals;
 
 struct SafeVideoPlayerTest : PlayerTest {
+    const MediaPlayerFactory makePlayer = [] { return playerModule().makePlayer(); };
     QWidget window;
     std::unique_ptr<SafeVideoPlayer> view;
 
@@ -32,7 +33,7 @@ struct SafeVideoPlayerTest : PlayerTest {
     }
     void makeView()
     {
-        view = std::make_unique<SafeVideoPlayer>(playerModule(), &window);
+        view = std::make_unique<SafeVideoPlayer>(makePlayer, &window);
         view->resize(window.size());
         view->show();
     }
@@ -43,16 +44,20 @@ struct SafeVideoPlayerTest : PlayerTest {
     }
 
     /// Null while the video is in its place.
-    FullScreenPlayer *fullScreen()
+    PlayerPane *fullScreen()
     {
-        auto *found = view->findChild<FullScreenPlayer *>();
-        return found && found->isVisible() ? found : nullptr;
+        for (auto *each : view->findChildren<PlayerPane *>()) {
+            if (each->isWindow() && each->isVisible())
+                return each;
+        }
+        return nullptr;
     }
     /// Where the video is.
     PlayerPane &pane()
     {
-        return fullScreen() ? *fullScreen()->findChild<PlayerPane *>()
-                            : *view->findChild<PlayerPane *>({}, Qt::FindDirectChildrenOnly);
+        if (PlayerPane *const whole = fullScreen())
+            return *whole;
+        return *static_cast<PlayerPane *>(view->focusProxy());
     }
     MediaPlayer &player()
     {
@@ -63,11 +68,8 @@ struct SafeVideoPlayerTest : PlayerTest {
     bool showsFrame(const FrameNumber &number)
     {
         return waitUntil([&] {
-            auto *const surface = pane().findChild<QOpenGLWidget *>();
-            if (!surface)
-                return false;
             // As large as the test videos, whose numbers stand at fixed places.
-            const QImage picture = drawnPicture(*surface);
+            const QImage picture = pane().grab().toImage();
             QRect place({}, QSize(16, 9).scaled(picture.size(), Qt::KeepAspectRatio));
             place.moveCenter(picture.rect().center());
             return readFrameNumber(picture.copy(place).scaled(320, 180)) == number;
@@ -111,7 +113,7 @@ TEST_F(SafeVideoPlayerTest, fullScreenThereAndBackKeepsThePosition)
         [&] {
             QTest::mouseDClick(&pane(), Qt::LeftButton, {}, {20, 20});
         },
-        [&] { EXPECT_TRUE(fullScreen()->close()); },
+        [&] { fullScreen()->close(); },
     };
     for (const auto &goBack : waysBack) {
         enterFullScreen();
@@ -165,6 +167,35 @@ TEST_F(SafeVideoPlayerTest, mayBeDestroyedAtAnyMoment)
     view.reset();
 }
 
+TEST_F(SafeVideoPlayerTest, roundsTheCornersOfThePicture)
+{
+    window.setPalette(QPalette(Qt::red));
+    open();
+    const QImage picture = window.grab().toImage();
+    for (const QPoint corner : {QPoint(0, 0), QPoint(319, 0), QPoint(0, 179), QPoint(319, 179)})
+        EXPECT_EQ(picture.pixelColor(corner), QColor(Qt::red)) << corner.x() << corner.y();
+    // Where the corner's arc has passed, the video begins.
+    EXPECT_NE(picture.pixelColor(5, 174), QColor(Qt::red));
+    EXPECT_NE(picture.pixelColor(160, 0), QColor(Qt::red));
+}
+
+TEST_F(SafeVideoPlayerTest, showsAPictureInEverySizeInTheSameWindow)
+{
+    open();
+    const WId native = window.winId();
+    player().play();
+    for (const QSize size : {QSize(640, 360), QSize(1, 1), QSize(1280, 720), QSize(320, 180)}) {
+        view->resize(size);
+        window.resize(size);
+        EXPECT_TRUE(size.width() < 16 || waitUntil([&] {
+                        const QImage picture = pane().grab().toImage();
+                        return readFrameNumber(picture.scaled(320, 180)).has_value();
+                    }))
+            << size.width();
+    }
+    EXPECT_EQ(window.winId(), native);
+}
+
 TEST_F(SafeVideoPlayerTest, nothingIsLoadedBeforeThereIsAVideo)
 {
     const QTemporaryDir folder;
@@ -172,8 +203,8 @@ TEST_F(SafeVideoPlayerTest, nothingIsLoadedBeforeThereIsAVideo)
     ASSERT_TRUE(QFile::copy(Module::defaultFolders().last() + name, folder.path() + name));
     PlayerModule module({folder.path()});
     PreviewPlayerController controller([&] { return module.makePlayer(); });
-    SafeVideoPlayer file(module, &window);
-    PreviewPlayerView preview(controller, module, &window);
+    SafeVideoPlayer file([&] { return module.makePlayer(); }, &window);
+    PreviewPlayerView preview(controller, &window);
     file.show();
     preview.show();
     QFile maps(u"/proc/self/maps"_s);

@@ -1,26 +1,18 @@
 #include "ui/shell/DownloadDetailView.h"
 
+#include "support/ScriptedPlayer.h"
 #include "ui/components/Pill.h"
+#include "ui/player/SafeVideoPlayer.h"
 #include "ui/shell/ShellFixture.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QSignalSpy>
 
 namespace clipwren::test {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-class RecordingPlayer : public VideoPlayerView {
-public:
-    using VideoPlayerView::VideoPlayerView;
-    void setUrl(const QUrl &url) override
-    {
-        if (urls.isEmpty() || urls.constLast() != url)
-            urls << url;
-    }
-    QList<QUrl> urls;
-};
 
 class DownloadDetailViewTest : public ShellFixture {
 protected:
@@ -39,11 +31,11 @@ protected:
 
     DownloadDetailView &show(const DownloadRecord &record)
     {
-        m_view = std::make_unique<DownloadDetailView>(record, environment, desktop,
-                                                      [this](QWidget *parent) {
-                                                          player = new RecordingPlayer(parent);
-                                                          return player;
-                                                      });
+        m_view = std::make_unique<DownloadDetailView>(record, environment, desktop, [this] {
+            auto made = std::make_unique<ScriptedPlayer>(playerLog);
+            player = made.get();
+            return made;
+        });
         m_view->resize(840, 848);
         showWindow(*m_view);
         return *m_view;
@@ -59,9 +51,15 @@ protected:
     {
         return QTest::qWaitFor([&] { return shows(view, codec); });
     }
-    static QUrl urlOf(const DownloadRecord &record) { return QUrl::fromLocalFile(record.filePath); }
+    /// What the player was told to play, in order.
+    QStringList loaded() const { return playerLog.filter(QRegularExpression(u"^load "_s)); }
+    static QString loadOf(const DownloadRecord &record)
+    {
+        return u"load "_s + QUrl::fromLocalFile(record.filePath).toString();
+    }
 
-    RecordingPlayer *player = nullptr;
+    QStringList playerLog;
+    ScriptedPlayer *player = nullptr;
 
 private:
     QString m_cases;
@@ -74,8 +72,8 @@ TEST_F(DownloadDetailViewTest, showsPlayerFactsAndVerdictOfAFile)
     const auto &view = show(record);
     ASSERT_TRUE(showsCodec(view, u"H.264"_s));
     EXPECT_EQ(verdict(view), u"Plays in QuickTime"_s);
-    EXPECT_EQ(player->urls, QList<QUrl>{urlOf(record)});
-    EXPECT_EQ(player->size(), QSize(704, 320));
+    EXPECT_EQ(loaded(), QStringList{loadOf(record)});
+    EXPECT_EQ(view.findChild<SafeVideoPlayer *>()->size(), QSize(704, 320));
     EXPECT_TRUE(shows(view, record.sourceURL));
     EXPECT_TRUE(shows(view, folder()));
 
@@ -109,8 +107,7 @@ TEST_F(DownloadDetailViewTest, saysThatTheFileHasGoneAndNoticesItBackWithTheWind
     QFile::remove(path(u"Talk.mp4"_s));
     QCoreApplication::sendEvent(&view, &activation);
     EXPECT_TRUE(shows(view, gone));
-    EXPECT_FALSE(player->isVisible());
-    EXPECT_TRUE(player->urls.constLast().isEmpty());
+    EXPECT_FALSE(view.findChild<SafeVideoPlayer *>()->isVisible());
     EXPECT_EQ(verdict(view), QString());
 }
 
@@ -135,7 +132,7 @@ TEST_F(DownloadDetailViewTest, neverShowsAnInspectionOfAnotherFile)
     EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(10)));
     QCoreApplication::processEvents();
     EXPECT_TRUE(shows(view, u"H.264"_s));
-    EXPECT_EQ(player->urls.constLast(), urlOf(next));
+    EXPECT_EQ(loaded().constLast(), loadOf(next));
 }
 
 TEST_F(DownloadDetailViewTest, followsAReencodedRecord)
@@ -151,7 +148,7 @@ TEST_F(DownloadDetailViewTest, followsAReencodedRecord)
     writeFile(u"Film — QT.mp4"_s, "film");
     view.setRecord(record);
     EXPECT_FALSE(shows(view, u"VP9"_s));
-    EXPECT_EQ(player->urls.constLast(), urlOf(record));
+    EXPECT_EQ(loaded().constLast(), loadOf(record));
     EXPECT_TRUE(showsCodec(view, u"H.264"_s));
 }
 
@@ -168,7 +165,7 @@ TEST_F(DownloadDetailViewTest, inspectsOnceWhileTheFileStaysOnScreen)
     EXPECT_EQ(view.barTitle(), u"New title");
     EXPECT_EQ(titles.size(), 1);
     EXPECT_EQ(tools.runCount(u"ffprobe"_s), 1);
-    EXPECT_EQ(player->urls.size(), 1);
+    EXPECT_EQ(loaded().size(), 1);
 
     view.hide();
     view.show();

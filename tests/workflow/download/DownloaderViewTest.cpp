@@ -175,6 +175,25 @@ TEST_F(DownloaderViewTest, ShowsNoPreviewOfAnotherVideo)
     EXPECT_FALSE(view->previewURL());
 }
 
+TEST_F(DownloaderViewTest, DropsThePreviewDuringADownloadAndLoadsItAgainAfterAFailure)
+{
+    makeReady();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view->preview().player() != nullptr; }));
+    fake.onDownload(u"exit 1"_s);
+    view->start();
+    EXPECT_EQ(view->preview().player(), nullptr);
+    ASSERT_TRUE(reaches(*view, Phase::ready));
+    EXPECT_NE(view->preview().player(), nullptr);
+
+    fake.onPreviewLookup(u"sleep 0.2; echo https://stream.example/late.mp4"_s);
+    makeReady();
+    EXPECT_TRUE(view->isPreviewLoading());
+    fake.onDownload(FakeDownloader::defaultDownload());
+    view->start();
+    settle();
+    EXPECT_EQ(view->preview().player(), nullptr) << "the stream came during the download";
+}
+
 TEST_F(DownloaderViewTest, KeepsTheRangeOfMetadataWithoutADuration)
 {
     fake.onLookup(u"echo '{}'"_s);

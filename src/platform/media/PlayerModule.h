@@ -5,33 +5,40 @@
 #include "platform/modules/Module.h"
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
-
-class QWidget;
 
 namespace clipwren {
 
 class PlayerBackend;
 
-/// Makes players and the widgets that show them, from a module that is loaded when the first
-/// one is needed: the libraries behind it cost more start-up and memory than all the rest.
+/// Makes players, from a module that is loaded when the first one is needed: the libraries behind
+/// it cost more start-up and memory than all the rest.
 ///
-/// Used on the user-interface thread.
+/// Used on the user-interface thread. Must outlive its players.
 class PlayerModule {
 public:
-    /// Looks for the module in these folders, in this order. A server that sends nothing for
-    /// `networkTimeout` fails the stream.
+    /// Looks for the module in these folders, in this order. A stream from the network that is not
+    /// ready after `networkTimeout` fails.
     explicit PlayerModule(const QStringList &folders = Module::defaultFolders(),
                           std::chrono::milliseconds networkTimeout = std::chrono::seconds(20));
+    /// Gives the players that still end in the background a moment to do so.
+    ~PlayerModule();
+    PlayerModule(const PlayerModule &) = delete;
+    PlayerModule &operator=(const PlayerModule &) = delete;
 
     /// Loads the module in the background, once, so that the first player comes at once.
     void warmUp();
 
+    enum class Purpose : std::uint8_t {
+        Playing,
+        Pictures, ///< single pictures made in the background: no sound, low priority
+    };
     /// Never null: without the module, a player that fails each load with a sentence.
-    std::unique_ptr<MediaPlayer> makePlayer();
-    /// A widget that shows the pictures of a player made here; black for any other player. At
-    /// most one surface shows a player at a time. Either may be destroyed first.
-    QWidget *makeSurface(MediaPlayer &player, QWidget *parent);
+    std::unique_ptr<MediaPlayer> makePlayer(Purpose purpose = Purpose::Playing);
+
+    /// Players end in the background. False when the time passed before all had ended.
+    bool waitForEndedPlayers(std::chrono::milliseconds timeout);
 
 private:
     /// Null when the module cannot be used; `m_failure` then says why.

@@ -1,21 +1,35 @@
-#include "ui/player/PlayerModule.h"
+#include "platform/media/PlayerModule.h"
 
 #include "core/Error.h"
+#include "platform/media/PlayerBackend.h"
 #include "platform/media/UnavailablePlayer.h"
-#include "ui/player/PlayerBackend.h"
 
 #include <QLibrary>
-#include <QPalette>
-#include <QWidget>
 
 #include <exception>
 #include <utility>
 
 namespace clipwren {
+namespace {
+
+// An end takes a few milliseconds, unless it waits for a name look-up.
+constexpr std::chrono::seconds endingGrace(2);
+
+} // namespace
 
 PlayerModule::PlayerModule(const QStringList &folders, std::chrono::milliseconds networkTimeout)
     : m_module(QStringLiteral("clipwren_player"), folders), m_networkTimeout(networkTimeout)
 {
+}
+
+PlayerModule::~PlayerModule()
+{
+    waitForEndedPlayers(endingGrace);
+}
+
+bool PlayerModule::waitForEndedPlayers(std::chrono::milliseconds timeout)
+{
+    return !m_backend || m_backend->waitForEndedPlayers(timeout);
 }
 
 void PlayerModule::warmUp()
@@ -34,35 +48,23 @@ PlayerBackend *PlayerModule::backend()
 {
     if (m_backend)
         return m_backend;
-    if (const auto function = m_module.resolve("clipwrenPlayerBackend1")) {
-        m_backend = reinterpret_cast<decltype(&clipwrenPlayerBackend1)>(function)();
+    if (const auto function = m_module.resolve("clipwrenPlayerBackend2")) {
+        m_backend = reinterpret_cast<decltype(&clipwrenPlayerBackend2)>(function)();
         return m_backend;
     }
     m_failure = QStringLiteral("The player cannot be used: %1").arg(m_module.failure());
     return nullptr;
 }
 
-std::unique_ptr<MediaPlayer> PlayerModule::makePlayer()
+std::unique_ptr<MediaPlayer> PlayerModule::makePlayer(Purpose purpose)
 {
     try {
         if (PlayerBackend *const loaded = backend())
-            return loaded->makePlayer(m_networkTimeout);
+            return loaded->makePlayer({m_networkTimeout, purpose == Purpose::Pictures});
     } catch (const std::exception &error) {
         m_failure = errorDescription(error);
     }
     return std::make_unique<UnavailablePlayer>(m_failure);
-}
-
-QWidget *PlayerModule::makeSurface(MediaPlayer &player, QWidget *parent)
-{
-    if (m_backend) {
-        if (QWidget *const surface = m_backend->makeSurface(player, parent))
-            return surface;
-    }
-    auto *const nothing = new QWidget(parent);
-    nothing->setAutoFillBackground(true);
-    nothing->setPalette(QPalette(Qt::black));
-    return nothing;
 }
 
 } // namespace clipwren
