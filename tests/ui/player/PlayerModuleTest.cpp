@@ -4,9 +4,12 @@
 #include "support/Printing.h"
 #include "support/WebServer.h"
 
+#include <QDataStream>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QThreadPool>
 
 #include <gtest/gtest.h>
 
@@ -71,6 +74,96 @@ TEST_F(PlayerModuleTest, saysWhyAStreamCannotBePlayed)
     EXPECT_EQ(player->failure(), QString());
 }
 
+TEST_F(PlayerModuleTest, streamsOfTheNetworkConsistOfManyFilesFromTheNetworkOnly)
+{
+    const WebServer site([](const QByteArray &path, QTcpSocket &socket) {
+        QFile file(QStringLiteral(CLIPWREN_TEST_MEDIA) + QString::fromUtf8(path));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+        socket.write(response("200 OK", file.readAll()));
+        socket.disconnectFromHost();
+    });
+    PlayerStage stage;
+    const auto player = playerModule().makePlayer();
+    player->load(QUrl(site.url(u"/stream.m3u8"_s)));
+    stage.show(*player);
+    EXPECT_TRUE(stage.waitFor({1, 0})) << player->failure().toStdString();
+
+    const QByteArray head = "#EXTM3U\n#EXT-X-TARGETDURATION:4\n#EXTINF:4,\n";
+    const QByteArray piece = "/stream0.ts\n#EXT-X-ENDLIST\n";
+    const WebServer thief(response("200 OK", head + "file://" CLIPWREN_TEST_MEDIA + piece));
+    EXPECT_FALSE(failureOf(*player, QUrl(thief.url(u"/stream.m3u8"_s))).isEmpty());
+    const int requests = site.requestCount();
+    const QUrl local = file(u"local.m3u8"_s, head + site.url({}).toUtf8() + piece);
+    EXPECT_EQ(failureOf(*player, local), u"This is not a video."_s);
+    EXPECT_EQ(site.requestCount(), requests) << "a file on the disk opened something else";
+}
+
+TEST_F(PlayerModuleTest, aServerThatStallsFailsTheLoadInTime)
+{
+    const WebServer stalling([](const QByteArray &, QTcpSocket &socket) {
+        QFile file(numberedVideo(1).toLocalFile());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        socket.write("HTTP/1.1 200 OK\r\nContent-Length: 5000000\r\n\r\n" + file.read(200));
+    });
+    PlayerModule module(Module::defaultFolders(), std::chrono::milliseconds(300));
+    const auto player = module.makePlayer();
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(failureOf(*player, QUrl(stalling.url())),
+              u"The video's server took too long to answer."_s);
+    EXPECT_LT(time.elapsed(), 2'000);
+}
+
+TEST_F(PlayerModuleTest, readsOnlySomeSecondsAhead)
+{
+    // Five minutes of silence, 58 MB.
+    constexpr quint32 bytesPerSecond = 48'000 * 2 * 2;
+    constexpr quint32 size = bytesPerSecond * 300;
+    QByteArray sound;
+    QDataStream wav(&sound, QIODevice::WriteOnly);
+    wav.setByteOrder(QDataStream::LittleEndian);
+    wav.writeRawData("RIFF", 4);
+    wav << quint32(36 + size);
+    wav.writeRawData("WAVEfmt ", 8);
+    wav << quint32(16) << quint16(1) << quint16(2) << quint32(48'000) << bytesPerSecond
+        << quint16(4) << quint16(16);
+    wav.writeRawData("data", 4);
+    wav << size;
+    sound.append(qsizetype(size), 0);
+
+    qint64 sent = 0;
+    QElapsedTimer sinceSent;
+    const WebServer site([&](const QByteArray &, QTcpSocket &socket) {
+        QObject::connect(&socket, &QTcpSocket::bytesWritten, &socket, [&](qint64 bytes) {
+            sent += bytes;
+            sinceSent.start();
+        });
+        socket.write(response("200 OK", sound));
+    });
+    const auto player = playerModule().makePlayer();
+    player->load(QUrl(site.url(u"/sound.wav"_s)));
+    ASSERT_TRUE(waitUntil([&] { return player->status() == MediaPlayer::Status::Ready; }))
+        << player->failure().toStdString();
+    ASSERT_TRUE(waitUntil([&] { return sinceSent.isValid() && sinceSent.hasExpired(300); }));
+    // Beside what the network holds on its way.
+    EXPECT_LT(sent, 25'000'000);
+}
+
+TEST_F(PlayerModuleTest, soundAloneStartsAtZeroWithoutAPictureOfAnotherFile)
+{
+    ASSERT_TRUE(QFile::copy(QStringLiteral(CLIPWREN_TEST_MEDIA "/sound.mp3"),
+                            folder.filePath(u"sound.mp3"_s)));
+    QImage cover(64, 36, QImage::Format_RGB32);
+    cover.fill(Qt::red);
+    ASSERT_TRUE(cover.save(folder.filePath(u"cover.png"_s)));
+    const auto player = playerModule().makePlayer();
+    player->videoOutput()->setSize({64, 36});
+    player->load(QUrl::fromLocalFile(folder.filePath(u"sound.mp3"_s)));
+    ASSERT_TRUE(waitUntil([&] { return !player->videoOutput()->picture().isNull(); }));
+    EXPECT_EQ(player->videoOutput()->picture().pixelColor(32, 18), QColor(Qt::black));
+    EXPECT_GE(player->positionSeconds(), 0);
+}
+
 TEST_F(PlayerModuleTest, destroyingAPlayerDoesNotWaitForItsServer)
 {
     const WebServer silent;
@@ -81,6 +174,7 @@ TEST_F(PlayerModuleTest, destroyingAPlayerDoesNotWaitForItsServer)
     time.start();
     player.reset();
     EXPECT_LT(time.elapsed(), 500);
+    EXPECT_EQ(QThreadPool::globalInstance()->activeThreadCount(), 0) << "Qt's painter waits for it";
 }
 
 TEST_F(PlayerModuleTest, saysWhatIsWrongWithTheModuleItself)
