@@ -1,7 +1,8 @@
 #include "app/save/SaveArguments.h"
 
+#include "core/text/Duration.h"
+
 #include <QCommandLineParser>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -77,21 +78,6 @@ SaveArguments SaveArguments::parse(const QStringList &arguments)
     if (parser.isSet(title))
         result.title = parser.value(title);
     return result;
-}
-
-std::optional<double> parseTime(QStringView text)
-{
-    static const QRegularExpression shape(
-        u"^(?:(?:(\\d{1,4}):)?(\\d{1,3}):)?(\\d{1,9}(?:\\.\\d+)?)$"_s);
-    const QRegularExpressionMatch match = shape.match(text);
-    if (!match.hasMatch())
-        return std::nullopt;
-    const double hours = match.captured(1).toDouble();
-    const double minutes = match.captured(2).toDouble();
-    const double seconds = match.captured(3).toDouble();
-    if ((match.hasCaptured(1) && minutes >= 60) || (match.hasCaptured(2) && seconds >= 60))
-        return std::nullopt;
-    return hours * 3600 + minutes * 60 + seconds;
 }
 
 } // namespace clipwren

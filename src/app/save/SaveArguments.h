@@ -28,7 +28,4 @@ public:
     using Error::Error;
 };
 
-/// Reads seconds ("12.5") or "[h:]mm:ss[.s]", as in "1:02:05.5". Nothing for other texts.
-std::optional<double> parseTime(QStringView text);
-
 } // namespace clipwren

@@ -7,20 +7,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-TEST(SaveArguments, ReadsTimes)
-{
-    const std::pair<QString, double> cases[] = {{u"12.5"_s, 12.5},
-                                                {u"0"_s, 0.0},
-                                                {u"1:05"_s, 65.0},
-                                                {u"90:00"_s, 5400.0},
-                                                {u"1:02:05.5"_s, 3725.5}};
-    for (const auto &[text, seconds] : cases)
-        EXPECT_EQ(parseTime(text), seconds) << text.toStdString();
-    for (const char *text :
-         {"", "1:60", "1:60:00", "-1", "1,5", "1e3", " 1", "1:2:3:4", "12.", ":30"})
-        EXPECT_EQ(parseTime(QString::fromLatin1(text)), std::nullopt) << text;
-}
-
 TEST(SaveArguments, ReadsOptionsInAnyPlace)
 {
     const SaveArguments arguments =
