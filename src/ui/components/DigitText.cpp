@@ -1,7 +1,9 @@
 #include "ui/components/DigitText.h"
 
 #include <QFontMetricsF>
+#include <QGlyphRun>
 #include <QPainter>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <functional>
@@ -10,10 +12,10 @@ namespace clipwren {
 
 namespace {
 
-/// Hands on the pieces of a text, runs without digits whole and each digit alone, with the room
-/// each takes. Returns the room of all.
+/// Hands on the pieces of a text, runs without digits whole and each digit alone, with the place
+/// of each. Returns the room of all.
 qreal forEachPiece(const QString &text, const QFont &font,
-                   const std::function<void(const QString &piece, qreal x, qreal room)> &use)
+                   const std::function<void(qsizetype from, const QString &piece, qreal x)> &use)
 {
     const QFontMetricsF metrics(font);
     qreal digitWidth = 0;
@@ -29,7 +31,7 @@ qreal forEachPiece(const QString &text, const QFont &font,
             ++to;
         const QString piece = text.mid(from, to - from);
         const qreal room = digit ? digitWidth : metrics.horizontalAdvance(piece);
-        use(piece, x, room);
+        use(from, piece, x + (room - metrics.horizontalAdvance(piece)) / 2);
         x += room;
         from = to;
     }
@@ -44,16 +46,33 @@ DigitText::DigitText(const QString &text, const QFont &font) : m_text(text), m_f
 
 qreal DigitText::width() const
 {
-    return forEachPiece(m_text, m_font, [](const QString &, qreal, qreal) {});
+    return forEachPiece(m_text, m_font, [](qsizetype, const QString &, qreal) {});
 }
 
 void DigitText::paint(QPainter &painter, const QPointF &baseline) const
 {
+    // Shaped as a whole: a colon between digits has another form than one alone.
+    QTextLayout layout(m_text, m_font);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    const QList<QGlyphRun> runs = layout.glyphRuns();
+    if (runs.size() == 1 && runs.first().positions().size() == m_text.size()) {
+        QGlyphRun run = runs.first();
+        QList<QPointF> places = run.positions();
+        forEachPiece(m_text, m_font, [&](qsizetype from, const QString &piece, qreal x) {
+            const qreal shift = x - places[from].x();
+            for (qsizetype index = from; index < from + piece.size(); ++index)
+                places[index].rx() += shift;
+        });
+        run.setPositions(places);
+        painter.drawGlyphRun(baseline - QPointF(0, places.first().y()), run);
+        return;
+    }
+    // In scripts where a letter is no glyph, piece by piece.
     painter.setFont(m_font);
-    const QFontMetricsF metrics(m_font);
-    forEachPiece(m_text, m_font, [&](const QString &piece, qreal x, qreal room) {
-        const qreal inset = (room - metrics.horizontalAdvance(piece)) / 2;
-        painter.drawText(baseline + QPointF(x + inset, 0), piece);
+    forEachPiece(m_text, m_font, [&](qsizetype, const QString &piece, qreal x) {
+        painter.drawText(baseline + QPointF(x, 0), piece);
     });
 }
 

@@ -28,6 +28,8 @@ Label::Label(Theme::TextStyle style, Theme::Color color, const QString &text, QW
     : QLabel(text, parent), m_style(style), m_color(color)
 {
     setTextFormat(Qt::PlainText);
+    // By default, links can be clicked.
+    setTextInteractionFlags(Qt::NoTextInteraction);
     // Not that of wherever the label is put later.
     setForegroundRole(QPalette::WindowText);
     setFont(Theme::font(style));

@@ -114,5 +114,16 @@ TEST(DigitTextTest, numbersOfEqualLengthAreEquallyWide)
     EXPECT_EQ(DigitText(u"1:11"_s, font).width(), DigitText(u"8:04"_s, font).width());
 }
 
+TEST(LabelTest, aRunningNumberMovesNothingBesideIt)
+{
+    const auto lastDigitOf = [](const QString &time) {
+        Label label(Theme::TextStyle::Time, Theme::Color::Text, time);
+        label.adjustSize();
+        const int room = label.width() / 4;
+        return label.grab(QRect(label.width() - room, 0, room, label.height())).toImage();
+    };
+    EXPECT_EQ(lastDigitOf(u"1:17"_s), lastDigitOf(u"8:07"_s));
+}
+
 } // namespace
 } // namespace clipwren
