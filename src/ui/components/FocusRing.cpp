@@ -1,7 +1,5 @@
 #include "ui/components/FocusRing.h"
 
-#include "ui/components/Theme.h"
-
 #include <QFocusEvent>
 #include <QFocusFrame>
 #include <QPainter>
@@ -19,9 +17,16 @@ constexpr qreal margin = 4;
 
 class RingFrame : public QFocusFrame {
 public:
-    RingFrame(QWidget *parent, qreal radius) : QFocusFrame(parent), m_radius(radius)
+    RingFrame(QWidget *parent, qreal radius, Theme::Color color)
+        : QFocusFrame(parent), m_radius(radius), m_color(color)
     {
         setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+    void setColor(Theme::Color color)
+    {
+        m_color = color;
+        update();
     }
 
 protected:
@@ -29,13 +34,14 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(Theme::current().color(Theme::Color::FocusRing), thickness));
+        painter.setPen(QPen(Theme::current().color(m_color), thickness));
         const qreal radius = m_radius + margin - thickness / 2;
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), radius, radius);
     }
 
 private:
     qreal m_radius;
+    Theme::Color m_color;
 };
 
 bool isKeyboard(Qt::FocusReason reason)
@@ -62,9 +68,16 @@ FocusRing::FocusRing(QWidget *control, QWidget *framed, qreal radius, When when)
     control->installEventFilter(this);
 }
 
-void FocusRing::install(QWidget *control, qreal radius, When when, QWidget *framed)
+FocusRing *FocusRing::install(QWidget *control, qreal radius, When when, QWidget *framed)
 {
-    new FocusRing(control, framed ? framed : control, radius, when);
+    return new FocusRing(control, framed ? framed : control, radius, when);
+}
+
+void FocusRing::setColor(Theme::Color color)
+{
+    m_color = color;
+    if (m_frame)
+        static_cast<RingFrame *>(m_frame.data())->setColor(color);
 }
 
 void FocusRing::showFrame()
@@ -72,7 +85,7 @@ void FocusRing::showFrame()
     if (!m_framed)
         return;
     if (!m_frame)
-        m_frame = new RingFrame(m_framed, m_radius);
+        m_frame = new RingFrame(m_framed, m_radius, m_color);
     m_frame->setWidget(m_framed);
 }
 

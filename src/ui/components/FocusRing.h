@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/components/Theme.h"
+
 #include <QObject>
 #include <QPointer>
 
@@ -23,8 +25,11 @@ public:
 
     /// Watches `control`. The ring lies around `framed`, by default the control itself, whose
     /// corners have `radius` logical pixels.
-    static void install(QWidget *control, qreal radius, When when = When::Keyboard,
-                        QWidget *framed = nullptr);
+    static FocusRing *install(QWidget *control, qreal radius, When when = When::Keyboard,
+                              QWidget *framed = nullptr);
+
+    /// Another colour than the usual one, as around a field whose text cannot be used.
+    void setColor(Theme::Color color);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -35,6 +40,7 @@ private:
     QPointer<QWidget> m_framed;
     QPointer<QFocusFrame> m_frame;
     qreal m_radius;
+    Theme::Color m_color = Theme::Color::FocusRing;
     When m_when;
     bool m_byKeyboard = false;
 };

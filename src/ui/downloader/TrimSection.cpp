@@ -4,6 +4,7 @@
 #include "ui/components/Glide.h"
 #include "ui/components/Switch.h"
 #include "ui/downloader/PreviewPane.h"
+#include "ui/downloader/TimeField.h"
 #include "ui/downloader/TimeStat.h"
 #include "ui/downloader/TrimSlider.h"
 #include "workflow/download/DownloaderView.h"
@@ -19,6 +20,7 @@ namespace {
 
 constexpr Spring choiceSpring{0.25, 1};
 constexpr int spacing = 14;
+constexpr int statSpacing = 16;
 
 } // namespace
 
@@ -43,6 +45,7 @@ TrimSection::TrimSection(DownloaderView &view, QWidget *parent)
     connect(m_slider, &TrimSlider::rangeChanged, &m_view,
             [this](const TrimRange &range) { m_view.setTrimRange(range.start, range.end); });
     connect(m_slider, &TrimSlider::scrubbed, &m_view.preview(), &PreviewPlayerController::seek);
+    connect(m_slider, &TrimSlider::adjustingChanged, this, &TrimSection::renderRange);
 
     auto *content = new QWidget;
     auto *contentColumn = new QVBoxLayout(content);
@@ -55,22 +58,42 @@ TrimSection::TrimSection(DownloaderView &view, QWidget *parent)
 
 QLayout *TrimSection::makeControls()
 {
-    m_start = new TimeStat(tr("Start"));
-    m_end = new TimeStat(tr("End"));
-    m_clip = new TimeStat(tr("Clip"));
     m_play = new Button(Button::Style::Bordered, tr("Play Clip"), u"play.fill");
     connect(m_play, &Button::clicked, this, &TrimSection::playClip);
     auto *resetButton = new Button(Button::Style::Borderless, tr("Reset"));
     connect(resetButton, &Button::clicked, this, &TrimSection::reset);
 
     auto *row = new QHBoxLayout;
-    row->setSpacing(16);
-    for (TimeStat *stat : {m_start, m_end, m_clip})
-        row->addWidget(stat);
+    row->setSpacing(statSpacing);
+    row->addLayout(makeStats());
     row->addStretch(1);
     row->addWidget(m_play);
     row->addWidget(resetButton);
     return row;
+}
+
+QLayout *TrimSection::makeStats()
+{
+    m_start = new TimeStat(tr("Start"), tr("Click to type where the clip starts."));
+    m_end = new TimeStat(tr("End"), tr("Click to type where the clip ends."));
+    m_clip = new TimeStat(tr("Clip"));
+    for (const auto &[stat, handle] : {std::pair(m_start, TrimSlider::Handle::start),
+                                       std::pair(m_end, TrimSlider::Handle::end)}) {
+        connect(stat->field(), &TimeField::committed, this, [this, handle](double seconds) {
+            // One that is left because the video goes changes nothing any more.
+            if (m_view.info())
+                m_slider->moveHandle(handle, seconds);
+        });
+        // Where arrow keys go on from what was typed.
+        connect(stat->field(), &TimeField::finished, this,
+                [this, handle] { m_slider->focusHandle(handle); });
+    }
+    auto *stats = new QHBoxLayout;
+    // Tenths come within it.
+    stats->setSpacing(std::max(statSpacing - TimeField::tenthsRoom(), 0));
+    for (TimeStat *stat : {m_start, m_end, m_clip})
+        stats->addWidget(stat);
+    return stats;
 }
 
 void TrimSection::playClip()
@@ -104,6 +127,8 @@ void TrimSection::renderRange()
 {
     const TrimRange range{m_view.trimStart(), m_view.trimEnd()};
     m_slider->setRange(range);
+    for (TimeStat *stat : {m_start, m_end})
+        stat->field()->setShowsTenths(m_slider->isAdjusting());
     m_start->setSeconds(range.start);
     m_end->setSeconds(range.end);
     m_clip->setSeconds(std::max(range.end - range.start, 0.0));

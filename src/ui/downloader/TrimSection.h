@@ -24,6 +24,7 @@ public:
 
 private:
     QLayout *makeControls();
+    QLayout *makeStats();
     void renderRange();
     void playClip();
     void reset();

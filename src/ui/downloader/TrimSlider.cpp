@@ -48,10 +48,14 @@ TrimSlider::TrimSlider(QWidget *parent)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setMouseTracking(true);
-    connect(m_start.handle, &TrimHandle::wanted, this,
-            [this](double seconds) { move(Handle::start, seconds); });
-    connect(m_end.handle, &TrimHandle::wanted, this,
-            [this](double seconds) { move(Handle::end, seconds); });
+    for (const Handle handle : {Handle::start, Handle::end}) {
+        TrimHandle *seen = knob(handle).handle;
+        seen->installEventFilter(this);
+        connect(seen, &TrimHandle::wanted, this, [this, handle, seen](double seconds) {
+            setMovedByKeys(seen->hasFocus());
+            moveHandle(handle, seconds);
+        });
+    }
 }
 
 QSize TrimSlider::sizeHint() const
@@ -119,7 +123,7 @@ void TrimSlider::placeHandles()
 
 // Moving
 
-void TrimSlider::move(Handle handle, double seconds)
+void TrimSlider::moveHandle(Handle handle, double seconds)
 {
     if (std::isnan(seconds))
         return;
@@ -129,6 +133,25 @@ void TrimSlider::move(Handle handle, double seconds)
     Q_EMIT scrubbed(handle == Handle::start ? m_range.start : m_range.end, handle);
 }
 
+void TrimSlider::focusHandle(Handle handle)
+{
+    knob(handle).handle->setFocus(Qt::OtherFocusReason);
+}
+
+void TrimSlider::setMovedByKeys(bool moved)
+{
+    if (std::exchange(m_movedByKeys, moved) != moved)
+        Q_EMIT adjustingChanged();
+}
+
+bool TrimSlider::eventFilter(QObject *watched, QEvent *event)
+{
+    // Only the handles are watched.
+    if (event->type() == QEvent::FocusOut)
+        setMovedByKeys(false);
+    return QWidget::eventFilter(watched, event);
+}
+
 void TrimSlider::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton) {
@@ -136,6 +159,8 @@ void TrimSlider::mousePressEvent(QMouseEvent *event)
         return;
     }
     m_dragging = handleNear(event->position().x());
+    m_movedByKeys = false;
+    Q_EMIT adjustingChanged();
     knob(*m_dragging).handle->setFocus(Qt::MouseFocusReason);
     knob(*m_dragging).scale.moveTo(draggedScale);
     setCursor(Qt::ClosedHandCursor);
@@ -145,7 +170,7 @@ void TrimSlider::mousePressEvent(QMouseEvent *event)
 void TrimSlider::mouseMoveEvent(QMouseEvent *event)
 {
     if (m_dragging)
-        move(*m_dragging, geometryNow().timeAt(event->position().x()));
+        moveHandle(*m_dragging, geometryNow().timeAt(event->position().x()));
     else
         hover(event->position());
 }
@@ -165,6 +190,7 @@ void TrimSlider::endDrag()
     knob(*m_dragging).scale.moveTo(1);
     m_dragging.reset();
     Q_EMIT scrubEnded();
+    Q_EMIT adjustingChanged();
 }
 
 void TrimSlider::hover(const QPointF &point)

@@ -31,9 +31,16 @@ public:
     /// Shows a range, without signals. Its ends may lie closer than the user can bring them.
     void setRange(const TrimRange &range, Motion motion = Motion::Jump);
     TrimRange range() const { return m_range; }
+    /// Moves a handle as the user does: as far as it can go, with signals.
+    void moveHandle(Handle handle, double seconds);
+    /// Gives the keyboard to a handle.
+    void focusHandle(Handle handle);
+    /// True while a handle is dragged, or has the focus and was moved by keys.
+    bool isAdjusting() const { return m_dragging || m_movedByKeys; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     /// The user moved a handle.
@@ -42,6 +49,7 @@ Q_SIGNALS:
     void scrubbed(double seconds, Handle handle);
     /// A drag ended.
     void scrubEnded();
+    void adjustingChanged();
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -66,7 +74,7 @@ private:
     bool isOnKnob(const QPointF &point) const;
     QRectF knobRect(const Knob &knob) const;
 
-    void move(Handle handle, double seconds);
+    void setMovedByKeys(bool moved);
     void endDrag();
     void hover(const QPointF &point);
     void placeHandles();
@@ -75,6 +83,7 @@ private:
     double m_duration = 1;
     TrimRange m_range{0, 1};
     std::optional<Handle> m_dragging;
+    bool m_movedByKeys = false; // the handle that has the focus
     std::optional<Handle> m_hovered;
     Knob m_start;
     Knob m_end;

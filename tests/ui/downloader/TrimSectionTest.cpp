@@ -1,7 +1,10 @@
 #include "ScreenTest.h"
+#include "core/text/Duration.h"
+#include "ui/downloader/TimeField.h"
 #include "ui/downloader/TrimHandle.h"
 #include "ui/downloader/TrimSlider.h"
 
+#include <QAccessible>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -10,6 +13,8 @@ namespace clipwren::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+using Handle = TrimSlider::Handle;
 
 class TrimSectionTest : public ScreenTest {
 protected:
@@ -24,6 +29,15 @@ protected:
         settle();
     }
     TrimSlider *slider() { return m_screen.findChild<TrimSlider *>(); }
+    TimeField *timeField(TrimSlider::Handle which)
+    {
+        return m_screen.findChildren<TimeField *>().at(which == Handle::start ? 0 : 1);
+    }
+    /// What the read-outs of start and end are called.
+    QStringList times()
+    {
+        return {nameOf(*timeField(Handle::start)), nameOf(*timeField(Handle::end))};
+    }
 };
 
 TEST_F(TrimSectionTest, theSwitchOpensTheChoiceOfAKnownLength)
@@ -50,14 +64,106 @@ TEST_F(TrimSectionTest, scrubbingChangesTheRangeAndShowsTheFrame)
     press(end, Qt::Key_PageDown);
     EXPECT_EQ(m_view.trimEnd(), 50.5);
     EXPECT_THAT(m_fake.playerLog, testing::ElementsAre(u"pause"_s, u"seek 50.5"_s));
-    for (const QString &stat : {u"Start 0:00"_s, u"End 0:51"_s, u"Clip 0:51"_s})
-        EXPECT_TRUE(shows(stat)) << stat.toStdString();
+    EXPECT_EQ(times(), QStringList({u"Start 0:00.0"_s, u"End 0:50.5"_s}));
+    EXPECT_TRUE(shows(u"Clip 0:51"_s));
 
     m_fake.lastPlayer->finishSeek();
     click(u"Reset"_s);
     EXPECT_EQ(m_view.trimEnd(), 60.5);
     EXPECT_EQ(slider()->range(), (TrimRange{0, 60.5}));
     EXPECT_EQ(m_fake.playerLog.last(), u"seek 0");
+}
+
+TEST_F(TrimSectionTest, showsTenthsOnlyWhileAHandleIsMoved)
+{
+    openTrim();
+    const QStringList whole{u"Start 0:00"_s, u"End 1:01"_s};
+    const QStringList tenths{u"Start 0:00.0"_s, u"End 1:00.5"_s};
+    EXPECT_EQ(times(), whole);
+    QTest::mousePress(slider(), Qt::LeftButton, {}, QPoint(2, 13));
+    EXPECT_EQ(times(), tenths);
+    QTest::mouseRelease(slider(), Qt::LeftButton, {}, QPoint(2, 13));
+    EXPECT_EQ(times(), whole) << "with the focus on the handle";
+    press(Qt::Key_Left);
+    EXPECT_EQ(times(), tenths);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(times(), whole);
+}
+
+TEST_F(TrimSectionTest, aTypedTimeMovesItsEndAsAHandleDoes)
+{
+    openTrim();
+    const struct {
+        Handle field;
+        const char *typed;
+        Qt::Key ending;
+        TrimRange expected; // from 10 to 20.54
+        const char *shownThere; // by the preview
+    } cases[] = {
+        {Handle::start, "0:15.3", Qt::Key_Return, {15.3, 20.54}, "seek 15.3"},
+        {Handle::start, "12", Qt::Key_Tab, {12, 20.54}, "seek 12"},
+        {Handle::start, " 1:02:05 ", Qt::Key_Enter, {20.54 - 0.1, 20.54}, "seek 20.44"},
+        {Handle::end, "0:30.25", Qt::Key_Return, {10, 30.25}, "seek 30.25"},
+        {Handle::end, "3", Qt::Key_Backtab, {10, 10.1}, "seek 10.1"},
+        {Handle::end, "61", Qt::Key_Return, {10, 60.5}, "seek 60.5"},
+        {Handle::end, "30", Qt::Key_Escape, {10, 20.54}, nullptr},
+        {Handle::end, "0:20.5", Qt::Key_Return, {10, 20.54}, nullptr}, // as it was shown
+        {Handle::end, "1:", Qt::Key_Tab, {10, 20.54}, nullptr},
+        {Handle::end, "soon", Qt::Key_Tab, {10, 20.54}, nullptr},
+    };
+    for (const auto &c : cases) {
+        m_view.setTrimRange(10, 20.54);
+        settle();
+        m_fake.playerLog.clear();
+        TimeField *field = timeField(c.field);
+        field->setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(field->text(), c.field == Handle::start ? u"0:10.0" : u"0:20.5");
+        QTest::keyClicks(field, QLatin1String(c.typed));
+        EXPECT_EQ(m_view.trimEnd(), 20.54) << "before it is committed";
+        press(field, c.ending);
+        EXPECT_EQ((TrimRange{m_view.trimStart(), m_view.trimEnd()}), c.expected) << c.typed;
+        EXPECT_EQ(m_fake.playerLog.value(1), QLatin1String(c.shownThere)) << c.typed;
+        EXPECT_FALSE(field->hasFocus()) << c.typed;
+        EXPECT_EQ(field->text(),
+                  formatDuration(c.field == Handle::start ? c.expected.start : c.expected.end));
+        if (m_fake.lastPlayer->isSeeking())
+            m_fake.lastPlayer->finishSeek();
+    }
+}
+
+TEST_F(TrimSectionTest, saysWhyATextIsNoTime)
+{
+    openTrim();
+    TimeField *start = timeField(Handle::start);
+    const auto description = [start] {
+        return QAccessible::queryAccessibleInterface(start)->text(QAccessible::Description);
+    };
+    const QString help = description();
+    QTest::mouseClick(start, Qt::LeftButton);
+    EXPECT_EQ(start->selectedText(), u"0:00.0");
+    for (const auto &[typed, isTaken] : {std::pair("1:", true), {"1:0", true}, {"1:0x", false}}) {
+        start->selectAll();
+        QTest::keyClicks(start, QLatin1String(typed));
+        EXPECT_EQ(description() == help, isTaken) << typed;
+    }
+    press(start, Qt::Key_Return);
+    EXPECT_EQ(start->selectedText(), u"0:00.0") << "to be typed anew";
+    EXPECT_TRUE(description().startsWith(u"Not a time.")) << description().toStdString();
+    press(start, Qt::Key_Return);
+    EXPECT_FALSE(start->hasFocus());
+    EXPECT_EQ(description(), help);
+    EXPECT_EQ(m_fake.playerLog, QStringList());
+}
+
+TEST_F(TrimSectionTest, aTimeThatIsStillBeingTypedCountsForTheDownload)
+{
+    m_fake.onDownload(u"exec sleep 60"_s);
+    openTrim();
+    timeField(Handle::start)->setFocus();
+    QTest::keyClicks(timeField(Handle::start), u"0:15.3"_s);
+    press(timeField(Handle::start), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(m_view.phase(), Phase::downloading);
+    EXPECT_EQ(m_view.trimStart(), 15.3);
 }
 
 TEST_F(TrimSectionTest, playsTheRangeOnceThereIsAPlayer)
@@ -100,7 +206,8 @@ TEST_F(TrimSectionTest, tabReachesEveryControlFromTopToBottom)
         QStringList({u"Video address"_s, u"Clear"_s, u"Paste"_s, u"Save as"_s,
                      u"Reset to the video's original title"_s, m_view.selectedOption().title,
                      u"Trim before saving"_s, u"Video"_s, u"Play"_s, u"—"_s, u"Mute"_s, u"Volume"_s,
-                     u"Start"_s, u"End"_s, u"Play Clip"_s, u"Reset"_s, u"Download"_s}));
+                     u"Start"_s, u"End"_s, u"Start 0:00.0"_s, u"End 1:00.5"_s, u"Play Clip"_s,
+                     u"Reset"_s, u"Download"_s}));
 }
 
 } // namespace
