@@ -187,7 +187,7 @@ void DownloaderScreen::keyPressEvent(QKeyEvent *event)
     // The address field has looked its text up already.
     if (isReturn && isPlain && m_view.phase() == Phase::confirming && !m_address->isEdited())
         m_view.confirm();
-    else
+    else if (!m_trim || !m_trim->pressKey(*event))
         DetailScreen::keyPressEvent(event);
 }
 

@@ -6,12 +6,15 @@
 #include "ui/downloader/PreviewPane.h"
 #include "ui/downloader/TimeField.h"
 #include "ui/downloader/TimeStat.h"
+#include "ui/downloader/TrimGeometry.h"
 #include "ui/downloader/TrimSlider.h"
 #include "workflow/download/DownloaderView.h"
 
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace clipwren {
@@ -21,6 +24,14 @@ namespace {
 constexpr Spring choiceSpring{0.25, 1};
 constexpr int spacing = 14;
 constexpr int statSpacing = 16;
+
+/// The place of the frame that is shown, in seconds. Saving writes times in milliseconds; one that
+/// was rounded up would be behind the frame, and a clip would begin with the next.
+double shownSeconds(const MediaPlayer &player)
+{
+    constexpr double tolerance = 1e-3; // of the product
+    return std::floor(player.positionSeconds() * 1000 + tolerance) / 1000;
+}
 
 } // namespace
 
@@ -59,9 +70,16 @@ TrimSection::TrimSection(DownloaderView &view, QWidget *parent)
 QLayout *TrimSection::makeControls()
 {
     m_play = new Button(Button::Style::Bordered, tr("Play Clip"), u"play.fill");
+    m_play->setToolTip(tr("Play from start to end (Shift+Space). Space plays and pauses, comma and "
+                          "full stop step by one frame."));
     connect(m_play, &Button::clicked, this, &TrimSection::playClip);
     auto *resetButton = new Button(Button::Style::Borderless, tr("Reset"));
     connect(resetButton, &Button::clicked, this, &TrimSection::reset);
+    // A click on one leaves the keyboard to all of them: the next Space plays and pauses.
+    for (QWidget *control : std::initializer_list<QWidget *>{m_switch, m_play, resetButton})
+        control->setFocusPolicy(Qt::TabFocus);
+    setFocusPolicy(Qt::ClickFocus);
+    setAccessibleName(tr("Trim"));
 
     auto *row = new QHBoxLayout;
     row->setSpacing(statSpacing);
@@ -74,8 +92,12 @@ QLayout *TrimSection::makeControls()
 
 QLayout *TrimSection::makeStats()
 {
-    m_start = new TimeStat(tr("Start"), tr("Click to type where the clip starts."));
-    m_end = new TimeStat(tr("End"), tr("Click to type where the clip ends."));
+    m_start = new TimeStat(tr("Start"),
+                           tr("Click to type where the clip starts. The key I starts "
+                              "it at the picture shown."));
+    m_end = new TimeStat(tr("End"),
+                         tr("Click to type where the clip ends. The key O ends it at "
+                            "the picture shown."));
     m_clip = new TimeStat(tr("Clip"));
     for (const auto &[stat, handle] : {std::pair(m_start, TrimSlider::Handle::start),
                                        std::pair(m_end, TrimSlider::Handle::end)}) {
@@ -96,6 +118,70 @@ QLayout *TrimSection::makeStats()
     return stats;
 }
 
+bool TrimSection::pressKey(const QKeyEvent &event)
+{
+    static constexpr struct {
+        Qt::Key key;
+        Qt::KeyboardModifier modifier;
+        bool repeats;
+        void (*run)(TrimSection &);
+    } keys[] = {
+        {Qt::Key_I, Qt::NoModifier, false, [](TrimSection &s) { s.startHere(); }},
+        {Qt::Key_O, Qt::NoModifier, false, [](TrimSection &s) { s.endHere(); }},
+        {Qt::Key_Comma, Qt::NoModifier, true, [](TrimSection &s) { s.step(-1); }},
+        {Qt::Key_Period, Qt::NoModifier, true, [](TrimSection &s) { s.step(1); }},
+        {Qt::Key_Space, Qt::NoModifier, false, [](TrimSection &s) { s.togglePlaying(); }},
+        {Qt::Key_Space, Qt::ShiftModifier, false, [](TrimSection &s) { s.playClip(); }},
+    };
+    const PreviewPlayerController &preview = m_view.preview();
+    if (!m_choice->isVisible() || !preview.player() || preview.isLoading())
+        return false;
+    for (const auto &[key, modifier, repeats, run] : keys) {
+        if (event.key() != key || event.modifiers() != modifier)
+            continue;
+        if (repeats || !event.isAutoRepeat())
+            run(*this);
+        return true;
+    }
+    return false;
+}
+
+void TrimSection::startHere()
+{
+    const double here = shownSeconds(*m_view.preview().player());
+    TrimRange range{m_view.trimStart(), m_view.trimEnd()};
+    // Behind the old clip, a new one begins.
+    if (here > range.end - shortestTrimSeconds)
+        range.end = duration();
+    range = withStart(range, here);
+    m_view.setTrimRange(range.start, range.end);
+}
+
+void TrimSection::endHere()
+{
+    const double here = shownSeconds(*m_view.preview().player());
+    TrimRange range{m_view.trimStart(), m_view.trimEnd()};
+    if (here < range.start + shortestTrimSeconds)
+        range.start = 0;
+    range = withEnd(range, here, duration());
+    m_view.setTrimRange(range.start, range.end);
+}
+
+void TrimSection::step(int frames)
+{
+    m_view.preview().endRange();
+    m_view.preview().player()->step(frames);
+}
+
+void TrimSection::togglePlaying()
+{
+    MediaPlayer *player = m_view.preview().player();
+    if (player->isPlaying())
+        player->pause();
+    else
+        player->play();
+}
+
 void TrimSection::playClip()
 {
     m_view.preview().playRange(m_view.trimStart(), m_view.trimEnd());
@@ -103,19 +189,22 @@ void TrimSection::playClip()
 
 void TrimSection::reset()
 {
-    const std::optional<VideoInfo> info = m_view.info();
-    m_slider->setRange({0, info ? info->duration.value_or(0) : 0}, TrimSlider::Motion::Glide);
+    m_slider->setRange({0, duration()}, TrimSlider::Motion::Glide);
     m_view.resetTrim();
+}
+
+double TrimSection::duration() const
+{
+    const std::optional<VideoInfo> info = m_view.info();
+    return info ? info->duration.value_or(0) : 0;
 }
 
 void TrimSection::render()
 {
     m_switch->setChecked(m_view.trimEnabled());
-    const std::optional<VideoInfo> info = m_view.info();
-    const double duration = info ? info->duration.value_or(0) : 0;
-    const bool canChoose = m_view.trimEnabled() && duration > 0;
+    const bool canChoose = m_view.trimEnabled() && duration() > 0;
     if (canChoose) {
-        m_slider->setDuration(duration);
+        m_slider->setDuration(duration());
         renderRange();
         m_preview->render();
     }

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QKeyEvent;
 class QLayout;
 
 namespace clipwren {
@@ -21,13 +22,22 @@ public:
     explicit TrimSection(DownloaderView &view, QWidget *parent = nullptr);
 
     void render();
+    /// Does what the keys of an editor do while a range is chosen: I and O set its ends to what the
+    /// preview shows, comma and full stop step through its frames, Space plays and pauses, Shift
+    /// and Space play the range. False for other keys, and while there is no preview.
+    bool pressKey(const QKeyEvent &event);
 
 private:
     QLayout *makeControls();
     QLayout *makeStats();
     void renderRange();
+    void startHere();
+    void endHere();
+    void step(int frames);
+    void togglePlaying();
     void playClip();
     void reset();
+    double duration() const;
 
     DownloaderView &m_view;
     Switch *m_switch;

@@ -196,18 +196,96 @@ TEST_F(TrimSectionTest, playsTheRangeOnceThereIsAPlayer)
     EXPECT_FALSE(shows(u"The stream is gone."_s)) << "which was another video's";
 }
 
+TEST_F(TrimSectionTest, keysWorkWhereverNobodyTypes)
+{
+    openTrim();
+    m_view.setTrimRange(10, 20);
+    QWidget *player = shown<QWidget>(m_screen, u"Video"_s);
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        const char *told; // to the player
+    } cases[] = {{Qt::Key_Comma, {}, "step -1"},
+                 {Qt::Key_Period, {}, "step 1"},
+                 {Qt::Key_Space, {}, "play"},
+                 {Qt::Key_Space, {}, "pause"},
+                 {Qt::Key_Space, Qt::ShiftModifier, "seek 10|end 20|play"},
+                 {Qt::Key_Period, {}, "no end|step 1"},
+                 {Qt::Key_Space, Qt::ControlModifier, ""},
+                 {Qt::Key_I, Qt::ControlModifier, ""}};
+    // The one that was clicked last leaves its keys to the section.
+    click(u"Reset"_s);
+    m_fake.lastPlayer->finishSeek();
+    for (QWidget *focus : {QApplication::focusWidget(), player,
+                           static_cast<QWidget *>(slider()->findChild<TrimHandle *>())}) {
+        focus->setFocus();
+        m_view.setTrimRange(10, 20);
+        for (const auto &c : cases) {
+            m_fake.playerLog.clear();
+            press(focus, c.key, c.modifiers);
+            if (m_fake.lastPlayer->isSeeking())
+                m_fake.lastPlayer->finishSeek();
+            EXPECT_EQ(m_fake.playerLog.join(u'|'), QLatin1String(c.told)) << nameOf(*focus).toStdString();
+        }
+    }
+
+    m_fake.playerLog.clear();
+    for (const Qt::Key key : {Qt::Key_Comma, Qt::Key_Space}) {
+        QKeyEvent held(QEvent::KeyPress, key, {}, {}, true);
+        QApplication::sendEvent(player, &held);
+    }
+    EXPECT_EQ(m_fake.playerLog, QStringList(u"step -1"_s));
+
+    m_fake.playerLog.clear();
+    QTest::keyClicks(field(u"Save as"_s), u" ,.io"_s);
+    m_view.setTrimEnabled(false);
+    settle();
+    press(slider()->findChild<TrimHandle *>(), Qt::Key_Period);
+    EXPECT_EQ(m_fake.playerLog.filter(u"step"_s), QStringList());
+    EXPECT_EQ((TrimRange{m_view.trimStart(), m_view.trimEnd()}), (TrimRange{10, 20}));
+}
+
+TEST_F(TrimSectionTest, theKeysIAndOSetTheEndsToWhatIsShown)
+{
+    openTrim();
+    const struct {
+        Qt::Key key;
+        double shown;
+        TrimRange expected; // from 10 to 20, of 60.5
+    } cases[] = {
+        {Qt::Key_I, 12.5, {12.5, 20}}, //
+        {Qt::Key_I, 1.0666667, {1.066, 20}}, // not behind the frame
+        {Qt::Key_I, 33.3, {33.3, 60.5}}, // a new clip begins
+        {Qt::Key_I, 19.95, {19.95, 60.5}},
+        {Qt::Key_I, 60.48, {60.4, 60.5}},
+        {Qt::Key_O, 12.5, {10, 12.5}},
+        {Qt::Key_O, 5, {0, 5}},
+        {Qt::Key_O, 0, {0, 0.1}},
+        {Qt::Key_O, 61, {10, 60.5}},
+    };
+    for (const auto &c : cases) {
+        m_view.setTrimRange(10, 20);
+        m_view.preview().seek(c.shown);
+        m_fake.lastPlayer->finishSeek();
+        m_fake.playerLog.clear();
+        press(slider()->findChild<TrimHandle *>(), c.key);
+        EXPECT_EQ((TrimRange{m_view.trimStart(), m_view.trimEnd()}), c.expected) << c.shown;
+        EXPECT_EQ(slider()->range(), c.expected);
+        EXPECT_EQ(m_fake.playerLog, QStringList()) << "the picture stays";
+    }
+}
+
 TEST_F(TrimSectionTest, tabReachesEveryControlFromTopToBottom)
 {
     openTrim();
     m_view.setCustomTitle(u"Other"_s);
     settle();
-    EXPECT_EQ(
-        tabStops(*field(u"Video address"_s)),
-        QStringList({u"Video address"_s, u"Clear"_s, u"Paste"_s, u"Save as"_s,
-                     u"Reset to the video's original title"_s, m_view.selectedOption().title,
-                     u"Trim before saving"_s, u"Video"_s, u"Play"_s, u"—"_s, u"Mute"_s, u"Volume"_s,
-                     u"Start"_s, u"End"_s, u"Start 0:00.0"_s, u"End 1:00.5"_s, u"Play Clip"_s,
-                     u"Reset"_s, u"Download"_s}));
+    EXPECT_EQ(tabStops(*field(u"Video address"_s)),
+              QStringList({u"Video address"_s, u"Clear"_s, u"Paste"_s, u"Save as"_s,
+                           u"Reset to the video's original title"_s, m_view.selectedOption().title,
+                           u"Trim before saving"_s, u"Video"_s, u"Play"_s, u"—"_s, u"Mute"_s,
+                           u"Volume"_s, u"Start"_s, u"End"_s, u"Start 0:00.0"_s, u"End 1:00.5"_s,
+                           u"Play Clip"_s, u"Reset"_s, u"Download"_s}));
 }
 
 } // namespace
