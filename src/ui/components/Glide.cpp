@@ -66,6 +66,7 @@ void Glide::change(std::optional<Spring> spring, const std::function<void()> &ch
     if (!spring || !isVisible() || Theme::current().reducedMotion()) {
         moveTo(1);
         change();
+        Q_EMIT settled();
         return;
     }
     m_veil->show(grab());
@@ -74,6 +75,7 @@ void Glide::change(std::optional<Spring> spring, const std::function<void()> &ch
     moveTo(0);
     m_animation = std::make_unique<SpringAnimation>(*spring, 0,
                                                     [this](double progress) { moveTo(progress); });
+    connect(m_animation.get(), &SpringAnimation::finished, this, &Glide::settled);
     m_animation->moveTo(1);
 }
 

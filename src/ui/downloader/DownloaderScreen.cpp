@@ -23,10 +23,12 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace clipwren {
@@ -36,6 +38,8 @@ namespace {
 constexpr int padding = 28;
 constexpr int spacing = 24;
 constexpr int widestColumn = 720;
+constexpr int scrollMargin = 12; // around what is brought into view
+constexpr std::chrono::milliseconds layoutTime(100); // layouts follow each other in the event loop
 
 /// How the cards of a phase come, if not at once.
 std::optional<Spring> springTo(Phase phase, Phase from)
@@ -135,6 +139,7 @@ void DownloaderScreen::makeCards()
     m_title = new TitleField(m_view);
     m_format = new FormatSection(m_view);
     m_trim = new TrimSection(m_view);
+    connect(m_trim, &TrimSection::opened, this, &DownloaderScreen::followTrim);
     m_download = new DownloadRow(m_view);
     m_progress = new ProgressSection(m_view);
     m_success = new SuccessCard(m_view, m_downloadFolder, [this] { revealFolder(); });
@@ -302,6 +307,35 @@ void DownloaderScreen::renderError()
     // Once the layout has placed it, which may be below what is in view.
     if (appears)
         QTimer::singleShot(0, m_errorRow, [this] { m_scroll->ensureWidgetVisible(m_errorRow); });
+}
+
+void DownloaderScreen::followTrim()
+{
+    // Each step in which it grows changes the range, up to the one behind its last.
+    const auto following = connect(m_scroll->verticalScrollBar(), &QScrollBar::rangeChanged, this,
+                                   &DownloaderScreen::scrollToTrim);
+    const auto endSoon = [this, following] {
+        QTimer::singleShot(layoutTime, this, [following] { disconnect(following); });
+    };
+    connect(m_trim, &TrimSection::settled, this, endSoon, Qt::SingleShotConnection);
+}
+
+void DownloaderScreen::scrollToTrim()
+{
+    const QRect needed = m_trim->previewAndSlider();
+    if (needed.isNull())
+        return;
+    const int top = m_trim->mapTo(m_column, needed.topLeft()).y();
+    const int bottom = m_download->mapTo(m_column, m_download->rect().bottomLeft()).y() + 1;
+    const int room = m_scroll->viewport()->height();
+    QScrollBar *bar = m_scroll->verticalScrollBar();
+    // No further than it must, or to as much as there is room for.
+    const int spare = room - (bottom - top);
+    const int margin = std::clamp(spare / 2, 0, scrollMargin);
+    if (spare >= 0)
+        bar->setValue(std::clamp(bar->value(), bottom + margin - room, top - margin));
+    else
+        bar->setValue(top);
 }
 
 void DownloaderScreen::renderLogs()

@@ -67,6 +67,8 @@ private:
     /// What a screen reader says of the cards of a phase.
     QString headingOf(Phase phase) const;
     void revealFolder();
+    void followTrim();
+    void scrollToTrim();
 
     DownloaderView &m_view;
     Desktop &m_desktop;

@@ -42,7 +42,10 @@ TrimSection::TrimSection(DownloaderView &view, QWidget *parent)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_switch);
-    connect(m_switch, &Switch::clicked, &m_view, &DownloaderView::setTrimEnabled);
+    connect(m_switch, &Switch::clicked, &m_view, [this](bool on) {
+        m_isToBeOpened = on;
+        m_view.setTrimEnabled(on);
+    });
 
     m_choice = new QWidget;
     auto *choice = new QVBoxLayout(m_choice);
@@ -64,6 +67,7 @@ TrimSection::TrimSection(DownloaderView &view, QWidget *parent)
     contentColumn->addWidget(m_choice);
     m_choice->hide();
     m_choiceGlide = new Glide(content);
+    connect(m_choiceGlide, &Glide::settled, this, &TrimSection::settled);
     column->addWidget(m_choiceGlide);
 }
 
@@ -116,6 +120,14 @@ QLayout *TrimSection::makeStats()
     for (TimeStat *stat : {m_start, m_end, m_clip})
         stats->addWidget(stat);
     return stats;
+}
+
+QRect TrimSection::previewAndSlider() const
+{
+    if (m_choice->isHidden())
+        return {};
+    const QRect both = m_preview->geometry() | m_slider->geometry();
+    return {m_choice->mapTo(this, both.topLeft()), both.size()};
 }
 
 bool TrimSection::pressKey(const QKeyEvent &event)
@@ -208,8 +220,12 @@ void TrimSection::render()
         renderRange();
         m_preview->render();
     }
-    if (canChoose == m_choice->isHidden())
+    if (canChoose == m_choice->isHidden()) {
+        if (canChoose && m_isToBeOpened)
+            Q_EMIT opened();
         m_choiceGlide->change(choiceSpring, [&] { m_choice->setVisible(canChoose); });
+    }
+    m_isToBeOpened = false;
 }
 
 void TrimSection::renderRange()

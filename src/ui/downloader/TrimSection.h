@@ -26,6 +26,13 @@ public:
     /// preview shows, comma and full stop step through its frames, Space plays and pauses, Shift
     /// and Space play the range. False for other keys, and while there is no preview.
     bool pressKey(const QKeyEvent &event);
+    /// Where preview and slider are, in logical pixels. Null while they are not shown.
+    QRect previewAndSlider() const;
+
+Q_SIGNALS:
+    /// The user opened the choice, which grows from now on, until `settled()`.
+    void opened();
+    void settled();
 
 private:
     QLayout *makeControls();
@@ -41,6 +48,7 @@ private:
 
     DownloaderView &m_view;
     Switch *m_switch;
+    bool m_isToBeOpened = false; // by the user
     QWidget *m_choice; // all that belongs to a range
     Glide *m_choiceGlide;
     PreviewPane *m_preview;

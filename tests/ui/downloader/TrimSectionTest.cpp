@@ -1,10 +1,13 @@
 #include "ScreenTest.h"
 #include "core/text/Duration.h"
+#include "ui/downloader/PreviewPane.h"
 #include "ui/downloader/TimeField.h"
 #include "ui/downloader/TrimHandle.h"
 #include "ui/downloader/TrimSlider.h"
 
 #include <QAccessible>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -196,6 +199,47 @@ TEST_F(TrimSectionTest, playsTheRangeOnceThereIsAPlayer)
     EXPECT_FALSE(shows(u"The stream is gone."_s)) << "which was another video's";
 }
 
+TEST_F(TrimSectionTest, whatTheUserOpensIsBroughtIntoView)
+{
+    getReady();
+    auto *page = m_screen.findChild<QScrollArea *>();
+    const auto isAllSeen = [](const QWidget *widget) {
+        return widget->visibleRegion().boundingRect() == widget->rect();
+    };
+    const struct {
+        QSize size;
+        bool seesDownload;
+    } cases[] = {
+        {{840, 848}, true}, // in a window of 1120 × 900
+        {{540, 468}, true}, // 820 × 520
+        {{540, 330}, false},
+    };
+    for (const auto &[size, seesDownload] : cases) {
+        m_screen.resize(size);
+        settle();
+        page->ensureWidgetVisible(button(u"Trim before saving"_s));
+        click(u"Trim before saving"_s);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isAllSeen(slider()); })) << size.height();
+        EXPECT_TRUE(isAllSeen(m_screen.findChild<PreviewPane *>())) << size.height();
+        EXPECT_EQ(isAllSeen(button(u"Download"_s)), seesDownload) << size.height();
+        click(u"Trim before saving"_s);
+    }
+}
+
+TEST_F(TrimSectionTest, nothingElseScrollsToTheChoice)
+{
+    getReady();
+    auto *bar = m_screen.findChild<QScrollArea *>()->verticalScrollBar();
+    for (const bool on : {true, false, true}) {
+        m_view.setTrimEnabled(on);
+        settle();
+    }
+    m_view.setTrimRange(1, 2);
+    settle();
+    EXPECT_GT(bar->maximum(), 0);
+    EXPECT_EQ(bar->value(), 0);
+}
+
 TEST_F(TrimSectionTest, keysWorkWhereverNobodyTypes)
 {
     openTrim();
@@ -225,7 +269,8 @@ TEST_F(TrimSectionTest, keysWorkWhereverNobodyTypes)
             press(focus, c.key, c.modifiers);
             if (m_fake.lastPlayer->isSeeking())
                 m_fake.lastPlayer->finishSeek();
-            EXPECT_EQ(m_fake.playerLog.join(u'|'), QLatin1String(c.told)) << nameOf(*focus).toStdString();
+            EXPECT_EQ(m_fake.playerLog.join(u'|'), QLatin1String(c.told))
+                << nameOf(*focus).toStdString();
         }
     }
 
