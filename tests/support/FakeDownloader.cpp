@@ -59,8 +59,8 @@ DownloaderView::Environment FakeDownloader::environment()
         lastPlayer = player.get();
         return player;
     };
-    return {store,   history,     *toolEnvironment, pendingFetch,
-            desktop, preferences, makePlayer,       downloadFolder()};
+    return {store,       history,    *toolEnvironment, pendingFetch,    desktop,
+            preferences, makePlayer, nullptr,          downloadFolder()};
 }
 
 bool reaches(DownloaderView &view, Phase phase)

@@ -10,7 +10,8 @@
 
 namespace clipwren::test {
 
-/// A player without pictures: it notes what it was told to do, and the test says what happens.
+/// A player that notes what it was told to do, and the test says what happens. It has pictures only
+/// where it is given an output, which should be its child.
 class ScriptedPlayer : public MediaPlayer {
 public:
     /// What was told, in order: "load URL", "play", "pause", "seek 1.5", "end 5", "no end".
@@ -37,6 +38,8 @@ public:
         Q_EMIT endTimeReached();
     }
     std::optional<double> endTime() const { return m_endTime; }
+    void setVideoOutput(VideoOutput *output) { m_output = output; }
+    VideoOutput *videoOutput() override { return m_output; }
 
     void load(const QUrl &url) override
     {
@@ -108,6 +111,7 @@ private:
     }
 
     QStringList &m_log;
+    VideoOutput *m_output = nullptr;
     LatestSeek m_seeks{[this](double seconds) {
         m_position = seconds;
         note(QStringLiteral("seek %1").arg(seconds));

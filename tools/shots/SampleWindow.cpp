@@ -53,6 +53,9 @@ SampleWindow::SampleWindow(SampleSite &site, const QString &title, const QSize &
 
     DownloaderView::Environment environment = m_fake.environment();
     environment.makePlayer = [this] { return m_players.makePlayer(); };
+    environment.makeBackgroundPlayer = [this] {
+        return m_players.makePlayer(PlayerModule::Purpose::Pictures);
+    };
     m_window.emplace(environment, m_players);
     m_window->resize(size);
     m_window->show();

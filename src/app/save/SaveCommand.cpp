@@ -28,6 +28,7 @@ SaveCommand::SaveCommand(const SaveArguments &arguments, DownloadStore &store,
                                 desktop,
                                 m_format,
                                 {},
+                                {},
                                 DownloadStore::defaultDownloadDirectory()},
                                [this](QUuid record) { printPath(record); })
 {

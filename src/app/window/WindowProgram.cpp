@@ -65,6 +65,7 @@ int runWindow(const QString &address)
     PlayerModule players;
     MainWindow window({store, history, tools, pendingFetch, desktop, preferences,
                        [&players] { return players.makePlayer(); },
+                       [&players] { return players.makePlayer(PlayerModule::Purpose::Pictures); },
                        DownloadStore::defaultDownloadDirectory()},
                       players);
     InstanceServer server;

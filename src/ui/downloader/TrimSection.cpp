@@ -3,6 +3,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/Glide.h"
 #include "ui/components/Switch.h"
+#include "ui/downloader/FilmStrip.h"
 #include "ui/downloader/PreviewPane.h"
 #include "ui/downloader/TimeField.h"
 #include "ui/downloader/TimeStat.h"
@@ -24,6 +25,7 @@ namespace {
 constexpr Spring choiceSpring{0.25, 1};
 constexpr int spacing = 14;
 constexpr int statSpacing = 16;
+constexpr int stripSpacing = 4;
 
 /// The place of the frame that is shown, in seconds. Saving writes times in milliseconds; one that
 /// was rounded up would be behind the frame, and a clip would begin with the next.
@@ -31,6 +33,15 @@ double shownSeconds(const MediaPlayer &player)
 {
     constexpr double tolerance = 1e-3; // of the product
     return std::floor(player.positionSeconds() * 1000 + tolerance) / 1000;
+}
+
+/// Width by height of the film's pictures.
+std::optional<double> aspectRatioOf(const std::optional<VideoInfo> &info)
+{
+    const std::optional<VideoFormat> video = bestVideoFormat(info);
+    if (!video || video->width.value_or(0) < 1 || video->height.value_or(0) < 1)
+        return std::nullopt;
+    return static_cast<double>(*video->width) / static_cast<double>(*video->height);
 }
 
 } // namespace
@@ -52,14 +63,9 @@ TrimSection::TrimSection(DownloaderView &view, QWidget *parent)
     choice->setContentsMargins(0, spacing, 0, 0);
     choice->setSpacing(spacing);
     m_preview = new PreviewPane(m_view);
-    m_slider = new TrimSlider;
     choice->addWidget(m_preview);
-    choice->addWidget(m_slider);
+    choice->addLayout(makeTimeline());
     choice->addLayout(makeControls());
-    connect(m_slider, &TrimSlider::rangeChanged, &m_view,
-            [this](const TrimRange &range) { m_view.setTrimRange(range.start, range.end); });
-    connect(m_slider, &TrimSlider::scrubbed, &m_view.preview(), &PreviewPlayerController::seek);
-    connect(m_slider, &TrimSlider::adjustingChanged, this, &TrimSection::renderRange);
 
     auto *content = new QWidget;
     auto *contentColumn = new QVBoxLayout(content);
@@ -69,6 +75,28 @@ TrimSection::TrimSection(DownloaderView &view, QWidget *parent)
     m_choiceGlide = new Glide(content);
     connect(m_choiceGlide, &Glide::settled, this, &TrimSection::settled);
     column->addWidget(m_choiceGlide);
+}
+
+QLayout *TrimSection::makeTimeline()
+{
+    m_slider = new TrimSlider;
+    connect(m_slider, &TrimSlider::rangeChanged, &m_view,
+            [this](const TrimRange &range) { m_view.setTrimRange(range.start, range.end); });
+    connect(m_slider, &TrimSlider::scrubbed, &m_view.preview(), &PreviewPlayerController::seek);
+    connect(m_slider, &TrimSlider::adjustingChanged, this, &TrimSection::renderRange);
+    m_strip = new FilmStrip(m_view.makeBackgroundPlayer());
+    m_strip->hide();
+    connect(m_strip, &FilmStrip::failed, this, &TrimSection::renderStrip);
+
+    auto *underTrack = new QHBoxLayout;
+    constexpr int inset = static_cast<int>(TrimGeometry::knobSize) / 2;
+    underTrack->setContentsMargins(inset, 0, inset, 0);
+    underTrack->addWidget(m_strip);
+    auto *timeline = new QVBoxLayout;
+    timeline->setSpacing(stripSpacing);
+    timeline->addWidget(m_slider);
+    timeline->addLayout(underTrack);
+    return timeline;
 }
 
 QLayout *TrimSection::makeControls()
@@ -219,6 +247,9 @@ void TrimSection::render()
         m_slider->setDuration(duration());
         renderRange();
         m_preview->render();
+        renderStrip();
+    } else {
+        m_strip->setFilm(std::nullopt);
     }
     if (canChoose == m_choice->isHidden()) {
         if (canChoose && m_isToBeOpened)
@@ -240,6 +271,25 @@ void TrimSection::renderRange()
     PreviewPlayerController &preview = m_view.preview();
     m_play->setSymbol(preview.isPlaying() ? Icon(u"pause.fill") : Icon(u"play.fill"));
     m_play->setEnabled(preview.player() != nullptr);
+}
+
+void TrimSection::renderStrip()
+{
+    const std::optional<QUrl> stream = m_view.previewURL();
+    if (stream)
+        m_strip->setFilm(FilmStrip::Film{*stream, duration(), aspectRatioOf(m_view.info())});
+    else
+        m_strip->setFilm(std::nullopt);
+    m_strip->setRange({m_view.trimStart(), m_view.trimEnd()});
+    // Its room is there before its pictures.
+    const bool shows = m_view.makeBackgroundPlayer() && (stream || m_view.isPreviewLoading())
+        && !m_strip->hasFailed();
+    if (shows != m_strip->isHidden())
+        return;
+    if (m_choice->isHidden())
+        m_strip->setVisible(shows);
+    else
+        m_choiceGlide->change(choiceSpring, [&] { m_strip->setVisible(shows); });
 }
 
 } // namespace clipwren

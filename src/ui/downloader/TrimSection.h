@@ -9,6 +9,7 @@ namespace clipwren {
 
 class Button;
 class DownloaderView;
+class FilmStrip;
 class Glide;
 class PreviewPane;
 class Switch;
@@ -37,7 +38,9 @@ Q_SIGNALS:
 private:
     QLayout *makeControls();
     QLayout *makeStats();
+    QLayout *makeTimeline();
     void renderRange();
+    void renderStrip();
     void startHere();
     void endHere();
     void step(int frames);
@@ -53,6 +56,7 @@ private:
     Glide *m_choiceGlide;
     PreviewPane *m_preview;
     TrimSlider *m_slider;
+    FilmStrip *m_strip;
     TimeStat *m_start;
     TimeStat *m_end;
     TimeStat *m_clip;

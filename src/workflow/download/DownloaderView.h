@@ -44,6 +44,7 @@ public:
         Desktop &desktop;
         Preferences &preferences;
         MediaPlayerFactory makePlayer; ///< absent where nothing can be shown: no preview then
+        MediaPlayerFactory makeBackgroundPlayer; ///< for single pictures; absent: there are none
         QString downloadDirectory; ///< absolute; created by the download
         std::chrono::milliseconds infoTimeout = std::chrono::seconds(60);
     };
@@ -104,6 +105,11 @@ public:
 
     PreviewPlayerController &preview() { return m_preview; }
     std::optional<QUrl> previewURL() const { return m_previewURL; }
+    /// Makes players for single pictures of the preview's stream. May be empty.
+    const MediaPlayerFactory &makeBackgroundPlayer() const
+    {
+        return m_environment.makeBackgroundPlayer;
+    }
     /// True while the preview's stream is looked up or loads.
     bool isPreviewLoading() const { return m_previewLookup.isRunning() || m_preview.isLoading(); }
 

@@ -36,7 +36,7 @@ void WindowFixture::open(const QStringList &toolFolders)
     tools.emplace(toolFolders);
     m_window = std::make_unique<MainWindow>(
         DownloaderView::Environment{store, history, *tools, pendingFetch, desktop, preferences,
-                                    [this] { return players.makePlayer(); },
+                                    [this] { return players.makePlayer(); }, nullptr,
                                     m_folder.filePath(u"Movies/Clipwren"_s)},
         players);
     showWindow(*m_window);
