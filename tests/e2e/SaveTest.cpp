@@ -95,6 +95,9 @@ TEST_F(SaveTest, cutsAtTheVeryFrameAndKeepsTheFileOfAnEarlierSave)
                             .standardOutput.trimmed();
     EXPECT_THAT(savedFiles(),
                 UnorderedElementsAre(QFileInfo(whole).fileName(), QFileInfo(cut).fileName()));
+    const QString second = save(u"tide-clock-01"_s, format + QStringList{u"--trim"_s, u"5-6"_s})
+                               .standardOutput.trimmed();
+    EXPECT_EQ(QFileInfo(second).fileName(), clock + u" — trimmed 2.mp4"_s);
     // How like the cut's first frame is to a frame of the whole, in decibels.
     const auto likeness = [&](int frame) {
         const QString filter = u"[0:v]trim=end_frame=1[a];[1:v]trim=start_frame=%1:end_frame=%2,"

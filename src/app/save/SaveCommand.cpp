@@ -28,8 +28,9 @@ SaveCommand::SaveCommand(const SaveArguments &arguments, DownloadStore &store,
                                 desktop,
                                 m_format,
                                 {},
-                                {},
-                                DownloadStore::defaultDownloadDirectory()},
+                               {},
+                                DownloadStore::defaultDownloadDirectory(),
+                                [] { return DownloadStore().records(); }},
                                [this](QUuid record) { printPath(record); })
 {
     connect(&m_view, &DownloaderView::changed, this, &SaveCommand::follow);

@@ -39,16 +39,6 @@ bool isSameFile(const QString &path, const QString &other)
                                        QFile::encodeName(other).toStdString(), ignored);
 }
 
-QString outputPath(const QString &input, const QString &ext, const QString &suffix)
-{
-    const qsizetype dot = input.lastIndexOf(u'.');
-    QString path = dot > input.lastIndexOf(u'/') + 1 ? input.first(dot) : input;
-    if (!suffix.isEmpty())
-        path += QStringLiteral(" — ") + suffix;
-    path += u'.' + ext;
-    return isSameFile(path, input) ? nextFreePath(path) : path;
-}
-
 QStringList transcodeArguments(const QString &input, const QString &output,
                                const EncodeProfile &profile, const std::optional<TrimRange> &trim)
 {
@@ -120,6 +110,16 @@ double FfmpegService::duration(const QString &path, std::stop_token stop) const
           QStringLiteral("default=noprint_wrappers=1:nokey=1"), path}},
         std::nullopt, stop);
     return readNumber(seconds.trimmed()).value_or(0);
+}
+
+QString FfmpegService::outputPath(const QString &input, const QString &ext, const QString &suffix)
+{
+    const qsizetype dot = input.lastIndexOf(u'.');
+    QString path = dot > input.lastIndexOf(u'/') + 1 ? input.first(dot) : input;
+    if (!suffix.isEmpty())
+        path += QStringLiteral(" — ") + suffix;
+    path += u'.' + ext;
+    return isSameFile(path, input) ? nextFreePath(path) : path;
 }
 
 QString FfmpegService::transcode(const QString &input, const EncodeProfile &profile,

@@ -28,6 +28,9 @@ struct FfmpegService {
     /// Seconds; 0 when ffprobe does not know.
     double duration(const QString &path, std::stop_token stop = {}) const;
 
+    /// The path that `transcode` would write to now.
+    static QString outputPath(const QString &input, const QString &ext, const QString &suffix);
+
     /// Writes the file, or the part of it that `trim` names, anew beside it and returns the new
     /// file's path: the input's name with " — " and the suffix, which may be empty, and the
     /// profile's extension. A file of that name is replaced, but never the input: then the next

@@ -79,14 +79,15 @@ void DownloadPipeline::decide(const PromisedDownload::Result &downloaded)
 void DownloadPipeline::process(const PromisedDownload::Result &downloaded,
                                const EncodeProfile &profile, const std::optional<TrimRange> &trim)
 {
+    const PromisedDownload &download = m_job.download;
+    const Conversion conversion{download.inspector, downloaded.filePath, profile, trim,
+                                download.address,   allRecords()};
     m_step = BackgroundTask::start(
-        [this, ffmpeg = m_job.download.inspector, downloaded, profile,
-         trim](const std::stop_token &stop, const BackgroundTask::Post &post) {
+        [this, conversion](const std::stop_token &stop, const BackgroundTask::Post &post) {
             const auto onProgress = [this, &post](double fraction) {
                 post([this, fraction] { setProgress(fraction, QString()); });
             };
-            return ffmpeg.transcode(downloaded.filePath, profile, trim,
-                                    trim ? u"trimmed"_s : QString(), onProgress, stop);
+            return conversion.run(onProgress, stop);
         },
         [this, downloaded, trim](const QString &finalPath) {
             removeIntermediate(downloaded, finalPath);
@@ -95,10 +96,15 @@ void DownloadPipeline::process(const PromisedDownload::Result &downloaded,
         [this](const std::exception_ptr &error) { fail(error); });
 }
 
+QList<DownloadRecord> DownloadPipeline::allRecords() const
+{
+    return m_job.otherRecords ? m_store.records() + m_job.otherRecords() : m_store.records();
+}
+
 void DownloadPipeline::removeIntermediate(const PromisedDownload::Result &downloaded,
                                           const QString &finalPath)
 {
-    const QList<DownloadRecord> &records = m_store.records();
+    const QList<DownloadRecord> records = allRecords();
     const bool isRecorded = std::any_of(records.begin(), records.end(), [&](const auto &record) {
         return record.filePath == downloaded.filePath;
     });

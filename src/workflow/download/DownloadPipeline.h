@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/tasks/BackgroundTask.h"
+#include "workflow/download/Conversion.h"
 #include "workflow/download/PromisedDownload.h"
 
 #include <QObject>
@@ -28,6 +29,9 @@ public:
     struct Job {
         PromisedDownload download;
         QString effectiveTitle; ///< may be empty
+        /// Records that the store does not hold; may be absent. Asked when a file is about to be
+        /// written or removed.
+        std::function<QList<DownloadRecord>()> otherRecords;
         /// Asked once, when the download is there: the range to keep, if any.
         std::function<std::optional<TrimRange>()> trimToApply;
     };
@@ -65,6 +69,7 @@ private:
     void decide(const PromisedDownload::Result &downloaded);
     void process(const PromisedDownload::Result &downloaded, const EncodeProfile &profile,
                  const std::optional<TrimRange> &trim);
+    QList<DownloadRecord> allRecords() const;
     void removeIntermediate(const PromisedDownload::Result &downloaded, const QString &finalPath);
     void record(const QString &filePath, const std::optional<TrimRange> &trim);
     void fail(const std::exception_ptr &error);

@@ -136,6 +136,46 @@ TEST_F(DownloadPipelineTest, NeverRemovesAFileThatWasThereBefore)
     }
 }
 
+TEST_F(DownloadPipelineTest, GivesEachClipAFileOfItsOwn)
+{
+    // A file is what it is high.
+    fake.onConvert(u"while [ \"$1\" != -i ]; do shift; done\n"
+                   "read height < \"$2\"; echo $height > \"$output\""_s);
+    fake.tools.add(u"ffprobe"_s,
+                   u"for file; do :; done; read height < \"$file\"\n"
+                   "case \"$*\" in *show_entries*) echo 60.5 ;; *) echo '{\"streams\":"
+                   "[{\"codec_type\":\"video\",\"width\":1,\"height\":'$height'}]}' ;; esac"_s);
+    const auto save = [&](const QString &format, int height, const std::optional<TrimRange> &trim) {
+        fake.onDownload(
+            u"test -e \"$file\" || echo %1 > \"$file\"\necho \"filepath:$file\""_s.arg(height));
+        makeReady();
+        view->setOutputFormatRaw(format);
+        return QFileInfo(download(trim).filePath).fileName().section(u"] "_s, 1);
+    };
+    const std::tuple<QString, int, std::optional<TrimRange>, QString> cases[] = {
+        {u"bestResolution"_s, 2160, TrimRange{1, 5}, u"— trimmed.mp4"_s},
+        {u"bestResolution"_s, 2160, TrimRange{1, 6}, u"— trimmed 2.mp4"_s},
+        {u"bestResolution"_s, 2160, TrimRange{1, 5}, u"— trimmed.mp4"_s},
+        {u"macCompatible"_s, 1080, TrimRange{1, 5}, u"— trimmed 3.mp4"_s},
+        {u"macCompatible"_s, 1080, TrimRange{6, 9}, u"— trimmed 4.mp4"_s},
+        {u"proRes422"_s, 2160, TrimRange{1, 5}, u"— trimmed.mov"_s},
+        {u"proRes422"_s, 2160, {}, {}},
+        {u"proRes422"_s, 1080, {}, u"— 2.mov"_s},
+    };
+    for (const auto &[format, height, trim, name] : cases)
+        EXPECT_EQ(save(format, height, trim), name);
+
+    // A file without a record is someone's, too, unless nothing can be seen in it.
+    QFile::remove(fake.store.records().last().filePath);
+    EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed 5.mp4"_s);
+    fake.store.clear();
+    EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed.mp4"_s);
+    fake.store.clear();
+    EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed 6.mp4"_s);
+    fake.tools.add(u"ffprobe"_s, u"exit 1"_s);
+    EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{1, 2}), u"— trimmed.mp4"_s);
+}
+
 TEST_F(DownloadPipelineTest, GivesEachFormatAFileOfItsOwn)
 {
     const auto downloadAs = [&](const QString &format, const QString &codec, int height) {

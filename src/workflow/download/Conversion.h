@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/library/DownloadRecord.h"
+#include "core/media/FfmpegService.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+#include <stop_token>
+
+namespace clipwren {
+
+/// Cuts or converts a download, and gives the new file a name that no other clip has.
+///
+/// Every clip of a video would be called "Talk — trimmed". The second becomes "Talk — trimmed 2":
+/// a record stays true, and no file that plays is replaced, unless it is the same one made again.
+struct Conversion {
+    FfmpegService ffmpeg;
+    QString input; ///< absolute path of the download
+    EncodeProfile profile;
+    std::optional<TrimRange> trim;
+    QString sourceURL; ///< of the video's page
+    QList<DownloadRecord> records; ///< all that there are, of any video
+
+    /// Returns the new file's path. Blocks. Throws what `FfmpegService::transcode` throws.
+    QString run(const FfmpegService::FractionHandler &onProgress,
+                const std::stop_token &stop) const;
+
+private:
+    QString suffix(const std::stop_token &stop) const;
+    bool mayWrite(const QString &path, const std::stop_token &stop) const;
+    bool plays(const QString &path, const std::stop_token &stop) const;
+    bool hasPictureOfInput(const QString &path, const std::stop_token &stop) const;
+};
+
+} // namespace clipwren
