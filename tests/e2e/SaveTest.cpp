@@ -132,6 +132,26 @@ TEST_F(SaveTest, tellsInOneSentenceWhyAVideoCannotBeSaved)
     }
 }
 
+TEST_F(SaveTest, leavesTheFilesAloneWhenTheFilmIsTooShort)
+{
+    // The length of a plain file is known when it is there.
+    const QString film = m_site.address(u"/media/tide-clock.mp4"_s);
+    const QString name = u"tide-clock [tide-clock]%1.mp4"_s;
+    const auto cut = [&](const QString &range) {
+        return run({u"save"_s, u"--trim"_s, range, film});
+    };
+    EXPECT_EQ(cut(u"3-4"_s).exitStatus, 0);
+    const QString clip = downloadsFolder() + u'/' + name.arg(u" — trimmed"_s);
+    const qint64 size = QFileInfo(clip).size();
+    const Outcome outcome = cut(u"50-60"_s);
+    EXPECT_EQ(outcome.exitStatus, 1);
+    EXPECT_THAT(outcome.standardError.toStdString(),
+                HasSubstr("The video ends before the time range starts."));
+    EXPECT_THAT(savedFiles(),
+                UnorderedElementsAre(QFileInfo(clip).fileName(), name.arg(QString())));
+    EXPECT_EQ(QFileInfo(clip).size(), size);
+}
+
 TEST_F(SaveTest, anInterruptStopsTheToolAndLeavesNothingRunning)
 {
     struct Case {

@@ -39,9 +39,9 @@ void FakeDownloader::onConvert(const QString &script)
 void FakeDownloader::onProbe(const QString &codec, int height)
 {
     tools.add(u"ffprobe"_s,
-              u"case \"$*\" in *show_entries*) echo 5.0 ;; *) echo '{\"streams\":"
-              "[{\"codec_type\":\"video\",\"codec_name\":\"%1\",\"height\":%2,\"width\":10}]}' ;; "
-              "esac"_s.arg(codec)
+              u"case \"$*\" in *nokey=1*) echo 60.5 ;; *) echo '{\"streams\":"
+              "[{\"codec_type\":\"video\",\"codec_name\":\"%1\",\"height\":%2,\"width\":10,"
+              "\"duration\":\"60.5\"}],\"format\":{\"duration\":\"60.5\"}}' ;; esac"_s.arg(codec)
                   .arg(height));
 }
 

@@ -1,6 +1,7 @@
 #include "core/media/FfmpegService.h"
 
 #include "core/Error.h"
+#include "core/json/JsonObjectReader.h"
 #include "core/media/FfprobeReport.h"
 #include "core/media/OutputFile.h"
 #include "core/process/ProcessRunner.h"
@@ -112,6 +113,30 @@ double FfmpegService::duration(const QString &path, std::stop_token stop) const
     return readNumber(seconds.trimmed()).value_or(0);
 }
 
+FfmpegService::Lengths FfmpegService::lengths(const QString &path, std::stop_token stop) const
+{
+    const QString report = ProcessRunner::runCapturing(
+        {ffprobePath,
+         {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-select_streams"),
+          QStringLiteral("V"), QStringLiteral("-show_entries"),
+          QStringLiteral("stream=index,duration:format=duration"), QStringLiteral("-of"),
+          QStringLiteral("json"), path}},
+        std::nullopt, stop);
+    const auto json = JsonObjectReader::fromDocument(report.toUtf8());
+    const auto seconds = [](const JsonObjectReader &entry) {
+        return readNumber(entry.text(QLatin1StringView("duration")).value_or(QString()));
+    };
+    Lengths lengths;
+    if (const auto format = json.object(QLatin1StringView("format")))
+        lengths.whole = seconds(*format);
+    if (const auto pictures = json.objects(QLatin1StringView("streams"))) {
+        lengths.hasPicture = !pictures->empty();
+        for (const JsonObjectReader &picture : *pictures)
+            lengths.picture = std::max(lengths.picture, seconds(picture));
+    }
+    return lengths;
+}
+
 QString FfmpegService::outputPath(const QString &input, const QString &ext, const QString &suffix)
 {
     const qsizetype dot = input.lastIndexOf(u'.');
@@ -124,7 +149,8 @@ QString FfmpegService::outputPath(const QString &input, const QString &ext, cons
 
 QString FfmpegService::transcode(const QString &input, const EncodeProfile &profile,
                                  const std::optional<TrimRange> &trim, const QString &suffix,
-                                 const FractionHandler &onProgress, std::stop_token stop) const
+                                 const FractionHandler &onProgress, const OutputCheck &check,
+                                 std::stop_token stop) const
 {
     const double seconds = trim ? lengthOf(*trim) : knownDuration(*this, input, stop);
     if (stop.stop_requested())
@@ -147,6 +173,8 @@ QString FfmpegService::transcode(const QString &input, const EncodeProfile &prof
             throw CancellationError();
         throw;
     }
+    if (check)
+        check(output);
     file.keep();
     return output;
 }

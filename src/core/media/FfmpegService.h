@@ -21,12 +21,25 @@ struct FfmpegService {
     /// Between 0 and 1. Need not increase.
     using FractionHandler = std::function<void(double fraction)>;
 
+    /// Of the file that a conversion wrote; what it throws becomes the outcome.
+    using OutputCheck = std::function<void(const QString &path)>;
+
+    /// Seconds; absent what there is not, or what ffprobe does not know.
+    struct Lengths {
+        bool hasPicture = false; ///< a moving one, no cover
+        std::optional<double> picture = std::nullopt;
+        std::optional<double> whole = std::nullopt; ///< of the longest track
+    };
+
     /// Throws `ClipwrenError` with `EmptyProbeOutput`, or `DecodingError` when the report cannot be
     /// read.
     MediaInspection inspect(const QString &path, std::stop_token stop = {}) const;
 
     /// Seconds; 0 when ffprobe does not know.
     double duration(const QString &path, std::stop_token stop = {}) const;
+
+    /// Throws `DecodingError` when the report cannot be read.
+    Lengths lengths(const QString &path, std::stop_token stop = {}) const;
 
     /// The path that `transcode` would write to now.
     static QString outputPath(const QString &input, const QString &ext, const QString &suffix);
@@ -37,10 +50,12 @@ struct FfmpegService {
     /// free name is taken, as in "Talk 2.mov".
     ///
     /// Nothing is replaced and no half-written file stays when this throws: `CancellationError`
-    /// after a request to stop, `std::system_error` when the file to replace cannot be moved.
+    /// after a request to stop, `std::system_error` when the file to replace cannot be moved, what
+    /// `check` throws of the whole file before it replaces another.
     QString transcode(const QString &input, const EncodeProfile &profile,
                       const std::optional<TrimRange> &trim, const QString &suffix,
-                      const FractionHandler &onProgress, std::stop_token stop = {}) const;
+                      const FractionHandler &onProgress, const OutputCheck &check = {},
+                      std::stop_token stop = {}) const;
 };
 
 } // namespace clipwren

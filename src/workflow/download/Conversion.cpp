@@ -1,6 +1,6 @@
 #include "workflow/download/Conversion.h"
 
-#include "core/process/ProcessRunner.h"
+#include "core/Error.h"
 
 #include <QFileInfo>
 
@@ -8,50 +8,85 @@
 
 namespace clipwren {
 
-QString Conversion::run(const FfmpegService::FractionHandler &onProgress,
-                        const std::stop_token &stop) const
+Conversion::Result Conversion::run(const FfmpegService::FractionHandler &onProgress,
+                                   const std::stop_token &stop) const
 {
-    return ffmpeg.transcode(input, profile, trim, suffix(stop), onProgress, stop);
+    // What the site says of the length need not be true of the file.
+    const std::optional<Lengths> film = lengths(input, stop);
+    Range range = trim;
+    if (range && film) {
+        const std::optional<double> end = film->picture ? film->picture : film->whole;
+        if (end && range->start >= *end)
+            throw Error(QStringLiteral("The video ends before the time range starts."));
+        range->end = std::min(range->end, film->whole.value_or(range->end));
+    }
+
+    std::optional<double> length;
+    const auto check = [&](const QString &path) {
+        const std::optional<Lengths> written = lengths(path, stop);
+        // ffmpeg counts a file without a single picture as success.
+        const bool isEmpty = written
+            && ((film && film->hasPicture && !written->hasPicture)
+                || written->whole.value_or(0) <= 0);
+        if (isEmpty && range)
+            throw Error(QStringLiteral("The video shows nothing in that time range."));
+        if (isEmpty || (!written && film))
+            throw Error(QStringLiteral("ffmpeg wrote a file that does not play."));
+        if (written)
+            length = written->whole;
+    };
+    const QString output =
+        ffmpeg.transcode(input, profile, range, suffix(range, stop), onProgress, check, stop);
+    // A cut ends with a frame, so seldom at the very time.
+    constexpr double usualDifferenceSeconds = 0.5;
+    if (range && length && range->start + *length + usualDifferenceSeconds < range->end)
+        range->end = range->start + *length;
+    return {output, range};
 }
 
-QString Conversion::suffix(const std::stop_token &stop) const
+/// Absent where ffprobe cannot read the file.
+std::optional<FfmpegService::Lengths> Conversion::lengths(const QString &path,
+                                                          const std::stop_token &stop) const
 {
-    const QString first = trim ? QStringLiteral("trimmed") : QString();
+    try {
+        return ffmpeg.lengths(path, stop);
+    } catch (const Error &) {
+        if (stop.stop_requested())
+            throw CancellationError();
+        return std::nullopt;
+    }
+}
+
+QString Conversion::suffix(const Range &range, const std::stop_token &stop) const
+{
+    const QString first = range ? QStringLiteral("trimmed") : QString();
     QString suffix = first;
-    for (int number = 2; !stop.stop_requested(); ++number) {
-        if (mayWrite(FfmpegService::outputPath(input, profile.ext, suffix), stop))
-            break;
+    for (int number = 2;; ++number) {
+        if (mayWrite(FfmpegService::outputPath(input, profile.ext, suffix), range, stop))
+            return suffix;
         suffix = QStringLiteral("%1 %2").arg(first).arg(number).trimmed();
     }
-    return suffix;
 }
 
-bool Conversion::mayWrite(const QString &path, const std::stop_token &stop) const
+bool Conversion::mayWrite(const QString &path, const Range &range,
+                          const std::stop_token &stop) const
 {
     bool isRecorded = false;
     for (const DownloadRecord &record : records) {
         if (record.filePath != path)
             continue;
         isRecorded = true;
-        const bool isSameRange = trim
-            ? record.trimStart == trim->start && record.trimEnd == trim->end
+        const bool isSameRange = range
+            ? record.trimStart == range->start && record.trimEnd == range->end
             : !record.trimStart && !record.trimEnd;
         if (!isSameRange || record.sourceURL != sourceURL)
             return false;
     }
     // What does not play is the rest of a conversion that was killed.
-    if (!QFileInfo::exists(path) || !plays(path, stop))
+    const auto known = QFileInfo::exists(path) ? lengths(path, stop) : std::nullopt;
+    if (!known || known->whole.value_or(0) <= 0)
         return true;
     return isRecorded && hasPictureOfInput(path, stop);
-}
-
-bool Conversion::plays(const QString &path, const std::stop_token &stop) const
-{
-    try {
-        return ffmpeg.duration(path, stop) > 0;
-    } catch (const ProcessRunner::ProcessError &) {
-        return false;
-    }
 }
 
 /// The same range may have been cut from a download in another format.

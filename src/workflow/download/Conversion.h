@@ -23,14 +23,22 @@ struct Conversion {
     QString sourceURL; ///< of the video's page
     QList<DownloadRecord> records; ///< all that there are, of any video
 
-    /// Returns the new file's path. Blocks. Throws what `FfmpegService::transcode` throws.
-    QString run(const FfmpegService::FractionHandler &onProgress,
-                const std::stop_token &stop) const;
+    struct Result {
+        QString filePath;
+        std::optional<TrimRange> trim; ///< what the file really holds of the video
+    };
+
+    /// Blocks. Throws what `FfmpegService::transcode` throws, and `Error` when the video has
+    /// nothing in the range; an earlier file stays then.
+    Result run(const FfmpegService::FractionHandler &onProgress, const std::stop_token &stop) const;
 
 private:
-    QString suffix(const std::stop_token &stop) const;
-    bool mayWrite(const QString &path, const std::stop_token &stop) const;
-    bool plays(const QString &path, const std::stop_token &stop) const;
+    using Lengths = FfmpegService::Lengths;
+    using Range = std::optional<TrimRange>;
+
+    std::optional<Lengths> lengths(const QString &path, const std::stop_token &stop) const;
+    QString suffix(const Range &range, const std::stop_token &stop) const;
+    bool mayWrite(const QString &path, const Range &range, const std::stop_token &stop) const;
     bool hasPictureOfInput(const QString &path, const std::stop_token &stop) const;
 };
 

@@ -89,9 +89,9 @@ void DownloadPipeline::process(const PromisedDownload::Result &downloaded,
             };
             return conversion.run(onProgress, stop);
         },
-        [this, downloaded, trim](const QString &finalPath) {
-            removeIntermediate(downloaded, finalPath);
-            record(finalPath, trim);
+        [this, downloaded](const Conversion::Result &converted) {
+            removeIntermediate(downloaded, converted.filePath);
+            record(converted.filePath, converted.trim);
         },
         [this](const std::exception_ptr &error) { fail(error); });
 }

@@ -78,7 +78,7 @@ void Reencoder::start(const Job &job)
                                                           const BackgroundTask::Post &) {
                                  return service.transcode(input, EncodeProfile::h264Mp4(),
                                                           std::nullopt, QStringLiteral("QT"), {},
-                                                          stop);
+                                                          {}, stop);
                              },
                              [this, id = job.id](const QString &output) { succeed(id, output); },
                              [this, id = job.id](const std::exception_ptr &failure) {

@@ -64,5 +64,28 @@ TEST_F(Ffprobe, durationIsZeroWhereItCannotBeRead)
     EXPECT_THROW(service("echo 5; exit 1").duration(file), ProcessRunner::ProcessError);
 }
 
+TEST_F(Ffprobe, tellsThePictureFromTheWhole)
+{
+    using Lengths = FfmpegService::Lengths;
+    const std::tuple<const char *, bool, std::optional<double>, std::optional<double>> cases[] = {
+        {R"({"streams":[{"duration":"6.0"},{"duration":"7.5"}],"format":{"duration":"20.0"}})",
+         true, 7.5, 20},
+        {R"({"streams":[{"index":0}],"format":{"duration":"N/A"}})", true, {}, {}},
+        {R"({"programs":[],"streams":[],"format":{"duration":"0.000000"}})", false, {}, 0},
+        {"{}", false, {}, {}},
+    };
+    for (const auto &[report, hasPicture, picture, whole] : cases) {
+        const Lengths found = service(("echo '" + std::string(report) + "'").c_str()).lengths(file);
+        EXPECT_EQ(found.hasPicture, hasPicture) << report;
+        EXPECT_EQ(found.picture, picture) << report;
+        EXPECT_EQ(found.whole, whole) << report;
+    }
+    EXPECT_EQ(arguments(),
+              u"-v|error|-select_streams|V|-show_entries|stream=index,duration:format=duration|"
+              "-of|json|"_s
+                  + file);
+    EXPECT_THROW(service("echo").lengths(file), DecodingError);
+}
+
 } // namespace
 } // namespace clipwren

@@ -143,6 +143,15 @@ TEST_F(Transcode, replacesAnEarlierFileOnlyByAWholeOne)
     run();
     EXPECT_EQ(read(output), "new\n");
 
+    const auto refuse = [&](const QString &) {
+        write(output, u"short"_s);
+        throw Error(u"too short"_s);
+    };
+    EXPECT_THROW(
+        service().transcode(clip(u"Talk.webm"_s), EncodeProfile::h264Mp4(), {}, {}, {}, refuse),
+        Error);
+    EXPECT_EQ(read(output), "new\n");
+
     QFile::remove(service().ffmpegPath);
     EXPECT_THROW(run(), std::system_error);
     EXPECT_EQ(read(output), "new\n");
@@ -157,14 +166,14 @@ TEST_F(Transcode, stoppingIsACancellationAndLeavesNoFile)
     std::stop_source source;
     EXPECT_THROW(service().transcode(
                      clip(u"Talk.webm"_s), EncodeProfile::h264Mp4(), {}, {},
-                     [&](double) { source.request_stop(); }, source.get_token()),
+                     [&](double) { source.request_stop(); }, {}, source.get_token()),
                  CancellationError);
     EXPECT_THAT(clips(), ElementsAre());
 
     // Nothing is started any more.
     const int runs = m_tools.runCount(u"ffmpeg"_s);
     EXPECT_THROW(service().transcode(clip(u"Talk.webm"_s), EncodeProfile::h264Mp4(),
-                                     TrimRange{0, 1}, {}, {}, source.get_token()),
+                                     TrimRange{0, 1}, {}, {}, {}, source.get_token()),
                  CancellationError);
     EXPECT_EQ(m_tools.runCount(u"ffmpeg"_s), runs);
 }

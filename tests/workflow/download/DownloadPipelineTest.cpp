@@ -123,6 +123,54 @@ TEST_F(DownloadPipelineTest, KeepsTheDownloadWhenProcessingFails)
     EXPECT_TRUE(fake.store.records().isEmpty());
 }
 
+TEST_F(DownloadPipelineTest, CutsNothingThatTheFilmDoesNotHave)
+{
+    const QString download = u"Talk [id1].mp4"_s;
+    const QString clip = u"Talk [id1] — trimmed.mp4"_s;
+    const QString ended = u"The video ends before the time range starts."_s;
+    const QString nothing = u"The video shows nothing in that time range."_s;
+    struct Case {
+        QString film; ///< what ffprobe says of the length of the picture and of the whole
+        QString cut;
+        TrimRange asked;
+        double end = 0; ///< in the record
+        QString error;
+    };
+    const QString picture =
+        u"{\"streams\":[{\"duration\":\"%1\"}],\"format\":{\"duration\":\"%2\"}}"_s;
+    const QString sound = u"{\"streams\":[],\"format\":{\"duration\":\"%1\"}}"_s;
+    const Case cases[] = {
+        {picture.arg(6).arg(6), picture.arg(4).arg(4), {1, 5}, 5, {}},
+        {picture.arg(6).arg(6), picture.arg(5).arg(5), {1, 50}, 6, {}},
+        {picture.arg(6).arg(60), picture.arg(5).arg(39), {1, 40}, 40, {}},
+        {u"{}"_s, picture.arg(2).arg(5), {1, 50}, 6, {}},
+        {sound.arg(60), sound.arg(5), {10, 15}, 15, {}},
+        {picture.arg(6).arg(6), picture.arg(1).arg(1), {6, 50}, 0, ended},
+        {picture.arg(6).arg(60), picture.arg(1).arg(1), {30, 40}, 0, ended},
+        {sound.arg(6), sound.arg(5), {50, 60}, 0, ended},
+        // A film of single pictures, and one that does not tell its length.
+        {picture.arg(20).arg(20), sound.arg(5), {12, 17}, 0, nothing},
+        {u"{}"_s, sound.arg(0), {50, 60}, 0, nothing},
+        {u"{}"_s, u"what"_s, {50, 60}, 0, u"ffmpeg wrote a file that does not play."_s},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.film.toStdString() + " " + c.cut.toStdString());
+        QDir(fake.downloadFolder()).removeRecursively();
+        fake.store.clear();
+        fake.tools.add(
+            u"ffprobe"_s,
+            u"case \"$*\" in *trimmed*) echo '%2' ;; *) echo '%1' ;; esac"_s.arg(c.film, c.cut));
+        makeReady();
+        view->setTrimEnabled(true);
+        view->setTrimRange(c.asked.start, c.asked.end);
+        view->start();
+        ASSERT_TRUE(reaches(*view, c.error.isEmpty() ? Phase::done : Phase::ready));
+        EXPECT_EQ(view->errorMessage().value_or(QString()), c.error);
+        EXPECT_EQ(files(), QStringList{c.error.isEmpty() ? clip : download});
+        EXPECT_EQ(fake.store.records().value(0).trimEnd.value_or(0), c.end);
+    }
+}
+
 TEST_F(DownloadPipelineTest, NeverRemovesAFileThatWasThereBefore)
 {
     for (const bool recorded : {true, false}) {
@@ -141,10 +189,11 @@ TEST_F(DownloadPipelineTest, GivesEachClipAFileOfItsOwn)
     // A file is what it is high.
     fake.onConvert(u"while [ \"$1\" != -i ]; do shift; done\n"
                    "read height < \"$2\"; echo $height > \"$output\""_s);
-    fake.tools.add(u"ffprobe"_s,
-                   u"for file; do :; done; read height < \"$file\"\n"
-                   "case \"$*\" in *show_entries*) echo 60.5 ;; *) echo '{\"streams\":"
-                   "[{\"codec_type\":\"video\",\"width\":1,\"height\":'$height'}]}' ;; esac"_s);
+    fake.tools.add(
+        u"ffprobe"_s,
+        u"for file; do :; done; read height < \"$file\"; test $height != half || exit 1\n"
+        "echo '{\"streams\":[{\"codec_type\":\"video\",\"width\":1,\"height\":'$height'"
+        "}],\"format\":{\"duration\":\"60.5\"}}'"_s);
     const auto save = [&](const QString &format, int height, const std::optional<TrimRange> &trim) {
         fake.onDownload(
             u"test -e \"$file\" || echo %1 > \"$file\"\necho \"filepath:$file\""_s.arg(height));
@@ -172,7 +221,11 @@ TEST_F(DownloadPipelineTest, GivesEachClipAFileOfItsOwn)
     EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed.mp4"_s);
     fake.store.clear();
     EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed 6.mp4"_s);
-    fake.tools.add(u"ffprobe"_s, u"exit 1"_s);
+    fake.store.clear();
+    QFile half(fake.downloadFolder() + u"/Talk [id1] — trimmed.mp4"_s);
+    ASSERT_TRUE(half.open(QIODevice::WriteOnly));
+    half.write("half\n");
+    half.close();
     EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{1, 2}), u"— trimmed.mp4"_s);
 }
 
