@@ -147,6 +147,7 @@ void DownloaderView::lookupSucceeded(const QString &address,
     m_info = lookup.info;
     m_fetchLog = lookup.log;
     m_fetchStatus.clear();
+    m_rangeIsOfThisVideo = m_info->duration.has_value();
     if (m_info->duration) {
         m_trimStart = 0;
         m_trimEnd = *m_info->duration;
@@ -319,6 +320,7 @@ void DownloaderView::setTrimRange(double start, double end)
 {
     m_trimStart = start;
     m_trimEnd = end;
+    m_rangeIsOfThisVideo = true;
     Q_EMIT changed();
 }
 
@@ -362,7 +364,7 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
 std::optional<TrimRange> DownloaderView::trimToApply(OutputFormat format) const
 {
     constexpr double shortestTrimSeconds = 0.05;
-    if (!m_trimEnabled || format == OutputFormat::audioMP3
+    if (!m_trimEnabled || !m_rangeIsOfThisVideo || format == OutputFormat::audioMP3
         || !(m_trimStart + shortestTrimSeconds < m_trimEnd))
         return std::nullopt;
     return TrimRange{m_trimStart, m_trimEnd};

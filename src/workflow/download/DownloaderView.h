@@ -101,6 +101,7 @@ public:
     void setTrimEnabled(bool enabled);
     double trimStart() const { return m_trimStart; }
     double trimEnd() const { return m_trimEnd; }
+    /// Applies also to a video of unknown length, of which the screen shows no range.
     void setTrimRange(double start, double end);
     /// The whole video again, with the preview at its start.
     void resetTrim();
@@ -161,6 +162,7 @@ private:
     bool m_trimEnabled = false;
     double m_trimStart = 0;
     double m_trimEnd = 0;
+    bool m_rangeIsOfThisVideo = false; ///< and not left over from another
 
     // Declared last, so that work ends before what it reports to.
     BackgroundTask m_lookup;

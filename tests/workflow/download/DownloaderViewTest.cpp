@@ -194,14 +194,24 @@ TEST_F(DownloaderViewTest, DropsThePreviewDuringADownloadAndLoadsItAgainAfterAFa
     EXPECT_EQ(view->preview().player(), nullptr) << "the stream came during the download";
 }
 
-TEST_F(DownloaderViewTest, KeepsTheRangeOfMetadataWithoutADuration)
+TEST_F(DownloaderViewTest, KeepsButNeverAppliesTheRangeOfAnotherVideo)
 {
     fake.onLookup(u"echo '{}'"_s);
     view->setTrimRange(3, 4);
     lookUp();
     EXPECT_EQ(view->trimStart(), 3);
     EXPECT_EQ(view->trimEnd(), 4);
+    // It is another video's, and no slider shows it.
+    view->confirm();
+    view->setTrimEnabled(true);
+    view->start();
+    ASSERT_TRUE(reaches(*view, Phase::done));
+    EXPECT_FALSE(fake.store.records().first().trimStart);
+
+    makeReady();
     EXPECT_EQ(view->filenamePreview(), u"Untitled [<id>].mp4"_s);
+    // Whoever sets a range without being shown one asks for it.
+    EXPECT_EQ(download(TrimRange{5, 6}).trimEnd, 6);
 }
 
 TEST_F(DownloaderViewTest, PreviewsTheFileName)
