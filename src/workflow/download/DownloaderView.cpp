@@ -145,6 +145,7 @@ void DownloaderView::lookupSucceeded(const QString &address,
     if (m_phase != Phase::fetching)
         return;
     m_info = lookup.info;
+    m_infoAddress = address;
     m_fetchLog = lookup.log;
     m_fetchStatus.clear();
     m_rangeIsOfThisVideo = m_info->duration.has_value();
@@ -351,7 +352,8 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
     job.otherRecords = m_environment.otherRecords;
     job.download.downloader = ytDlp();
     job.download.inspector = {*tools.ffmpegPath(), *tools.ffprobePath()};
-    job.download.address = m_urlText.trimmed();
+    // The field may have been typed over since.
+    job.download.address = m_infoAddress;
     job.download.outputDirectory = m_environment.downloadDirectory;
     job.download.format = outputFormat();
     if (!typedTitle.isEmpty() && typedTitle != metadataTitle())

@@ -150,6 +150,7 @@ private:
 
     QString m_urlText;
     std::optional<VideoInfo> m_info;
+    QString m_infoAddress; ///< of the video that `m_info` tells about
     Phase m_phase = Phase::input;
     std::optional<QString> m_fetchError;
     QString m_fetchStatus;

@@ -30,6 +30,8 @@ TEST_F(DownloaderViewTest, GoesTheWholeWayFromAddressToRecord)
     EXPECT_EQ(fake.playerLog, QStringList{u"load https://stream.example/preview.mp4"_s});
 
     view->confirm();
+    // What was confirmed is downloaded.
+    view->setUrlText(u"https://site.example/another"_s);
     std::vector<std::pair<Phase, QString>> stages;
     QObject::connect(&*view, &DownloaderView::changed, &*view, [&] {
         const std::pair stage{view->phase(), view->phaseLabel()};
@@ -48,6 +50,7 @@ TEST_F(DownloaderViewTest, GoesTheWholeWayFromAddressToRecord)
     EXPECT_EQ(completed, std::vector{record.id});
     EXPECT_EQ(record.title, u"Talk"_s);
     EXPECT_EQ(record.sourceURL, address);
+    EXPECT_EQ(fake.tools.arguments(u"yt-dlp"_s).last(), address);
     EXPECT_EQ(record.filePath, fake.downloadFolder() + u"/Talk [id1] — trimmed.mp4"_s);
     EXPECT_EQ(record.thumbnailURL, u"https://site.example/t.jpg"_s);
     EXPECT_EQ(record.durationSeconds, 60.5);
