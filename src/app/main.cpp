@@ -2,6 +2,8 @@
 #include "app/save/SaveCommand.h"
 #include "app/save/SaveProgram.h"
 #include "app/window/WindowProgram.h"
+#include "core/library/DownloadStore.h"
+#include "core/media/OutputFile.h"
 #include "core/tasks/BackgroundTask.h"
 
 #include <QApplication>
@@ -73,6 +75,9 @@ int run(int &argc, char *argv[])
     const std::unique_ptr<QCoreApplication> application =
         isSave ? std::make_unique<QCoreApplication>(argc, argv) : makeWindowApplication(argc, argv);
     QCoreApplication::setApplicationName(u"Clipwren"_s);
+    const std::jthread tidying([folder = DownloadStore::defaultDownloadDirectory()] {
+        OutputFile::restoreAfterKill(folder);
+    });
     const int status = isSave ? runSave(QCoreApplication::arguments().mid(2)) : runWindow(first);
     // Tools that were asked to stop are killed after a while, so this ends.
     BackgroundTask::waitForAll(std::chrono::seconds(20));

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "core/process/FileDescriptor.h"
+
 #include <QString>
 
 namespace clipwren {
 
 /// The file that a tool is about to write.
 ///
-/// A file that has its name already waits beside it under another name. Until `keep()` is called,
-/// destroying this removes what was written and gives the earlier file its name back.
+/// A file that has its name already waits in a hidden folder beside it. Until `keep()` is called,
+/// destroying this removes what was written and puts the earlier file back.
 class OutputFile {
 public:
     /// Throws `std::system_error` when an earlier file cannot be moved.
@@ -19,9 +21,16 @@ public:
     /// The new file is whole; the earlier one goes.
     void keep();
 
+    /// Puts the files of a folder back that processes had moved aside when they were killed. What
+    /// a running process has moved stays.
+    static void restoreAfterKill(const QString &folder);
+
 private:
+    void moveAside();
+
     QString m_path;
-    QString m_earlier; ///< empty when there was none
+    QString m_earlierFolder; ///< empty when there is no earlier file
+    FileDescriptor m_lock; ///< on that folder, for as long as it is ours
     bool m_kept = false;
 };
 

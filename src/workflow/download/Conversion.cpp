@@ -2,11 +2,22 @@
 
 #include "core/Error.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
 
 namespace clipwren {
+namespace {
+
+/// What file systems take as a name.
+bool fits(const QString &path)
+{
+    constexpr qsizetype maximumBytes = 255;
+    return QFile::encodeName(QFileInfo(path).fileName()).size() <= maximumBytes;
+}
+
+} // namespace
 
 Conversion::Result Conversion::run(const FfmpegService::FractionHandler &onProgress,
                                    const std::stop_token &stop) const
@@ -65,6 +76,8 @@ QString Conversion::suffix(const Range &range, const std::stop_token &stop) cons
         if (mayWrite(FfmpegService::outputPath(input, profile.ext, suffix), range, stop))
             return suffix;
         suffix = QStringLiteral("%1 %2").arg(first).arg(number).trimmed();
+        if (!fits(FfmpegService::outputPath(input, profile.ext, suffix)))
+            suffix = QString::number(number);
     }
 }
 

@@ -1,11 +1,14 @@
 #include "core/media/FfmpegService.h"
+#include "core/media/OutputFile.h"
 #include "core/process/ProcessRunner.h"
 #include "support/FakeTool.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <gmock/gmock.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace clipwren {
@@ -50,7 +53,7 @@ protected:
     QStringList clips() const
     {
         return QDir(clip(QString()))
-            .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
 
     test::FakeTools m_tools;
@@ -157,6 +160,56 @@ TEST_F(Transcode, replacesAnEarlierFileOnlyByAWholeOne)
     EXPECT_EQ(read(output), "new\n");
     EXPECT_THAT(clips(), UnorderedElementsAre(u"Talk.webm", u"Talk.mp4", u"Earlier Talk.mp4"));
     EXPECT_EQ(read(u"Earlier Talk.mp4"_s), "someone's");
+}
+
+TEST_F(Transcode, replacesFilesWhoseNamesAreAsLongAsCanBe)
+{
+    for (const int bytes : {247, 248, 255}) {
+        const QString input = QString(bytes - 4, u'x');
+        for (int round = 0; round < 2; ++round) {
+            const QString output =
+                service().transcode(clip(input), EncodeProfile::h264Mp4(), {}, {}, {});
+            EXPECT_EQ(read(QFileInfo(output).fileName()), "new\n") << bytes;
+        }
+    }
+    EXPECT_EQ(clips().size(), 3);
+}
+
+TEST_F(Transcode, whatAKilledProcessMovedAsideIsPutBack)
+{
+    const QString output = u"Talk.mp4"_s;
+    const auto leaveHalf = [&](bool killed) {
+        write(output, u"earlier"_s);
+        const pid_t child = ::fork();
+        if (child != 0) {
+            int status = 0;
+            return ::waitpid(child, &status, 0) == child && status == 0;
+        }
+        {
+            const OutputFile file(clip(output));
+            write(output, u"half"_s);
+            // What another process does meanwhile is no business of this one's.
+            OutputFile::restoreAfterKill(clip({}).chopped(1));
+            if (killed)
+                ::_exit(read(output) == "half" ? 0 : 1);
+        }
+        ::_exit(0);
+    };
+    ASSERT_TRUE(leaveHalf(true));
+    EXPECT_EQ(read(output), "half");
+    EXPECT_EQ(clips().size(), 2);
+    // Not all that looks like ours is.
+    QDir(clip({})).mkpath(u".clipwren-earlier-mine"_s);
+    write(u".clipwren-earlier-123456"_s, u"a file"_s);
+
+    OutputFile::restoreAfterKill(clip({}).chopped(1));
+
+    EXPECT_EQ(read(output), "earlier");
+    EXPECT_THAT(
+        clips(),
+        UnorderedElementsAre(output, u".clipwren-earlier-mine", u".clipwren-earlier-123456"));
+    ASSERT_TRUE(leaveHalf(false));
+    EXPECT_EQ(read(output), "earlier");
 }
 
 TEST_F(Transcode, stoppingIsACancellationAndLeavesNoFile)

@@ -221,6 +221,19 @@ TEST_F(DownloadPipelineTest, GivesEachClipAFileOfItsOwn)
     EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed.mp4"_s);
     fake.store.clear();
     EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed 6.mp4"_s);
+    // A name without room for two more letters.
+    const QString longest = fake.downloadFolder() + u'/' + QString(239, u'x');
+    const QString clip = longest + u" — trimmed.mp4"_s;
+    ASSERT_TRUE(QFile::rename(fake.store.records().first().filePath, clip));
+    ASSERT_TRUE(QFile::copy(clip, longest));
+    const Conversion second{{fake.tools.path(u"ffmpeg"_s), fake.tools.path(u"ffprobe"_s)},
+                            longest,
+                            EncodeProfile::h264Mp4(),
+                            TrimRange{1, 2},
+                            {},
+                            {}};
+    EXPECT_EQ(second.run({}, {}).filePath, longest + u" — 2.mp4"_s);
+
     fake.store.clear();
     QFile half(fake.downloadFolder() + u"/Talk [id1] — trimmed.mp4"_s);
     ASSERT_TRUE(half.open(QIODevice::WriteOnly));
