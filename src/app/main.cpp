@@ -5,6 +5,7 @@
 #include "core/library/DownloadStore.h"
 #include "core/media/OutputFile.h"
 #include "core/tasks/BackgroundTask.h"
+#include "workflow/download/VideoLock.h"
 
 #include <QApplication>
 
@@ -77,6 +78,7 @@ int run(int &argc, char *argv[])
     QCoreApplication::setApplicationName(u"Clipwren"_s);
     const std::jthread tidying([folder = DownloadStore::defaultDownloadDirectory()] {
         OutputFile::restoreAfterKill(folder);
+        VideoLock::removeAfterKill(folder);
     });
     const int status = isSave ? runSave(QCoreApplication::arguments().mid(2)) : runWindow(first);
     // Tools that were asked to stop are killed after a while, so this ends.

@@ -22,9 +22,10 @@ using testing::UnorderedElementsAre;
 class SaveTest : public ProgramTest {
 protected:
     /// `page` is the name of a video of the site.
-    Outcome save(const QString &page, const QStringList &options = {}) const
+    Outcome save(const QString &page, const QStringList &options = {},
+                 const std::function<void(const QProcess &)> &meanwhile = {}) const
     {
-        return run(QStringList{u"save"_s} + options + QStringList{address(page)});
+        return run(QStringList{u"save"_s} + options + QStringList{address(page)}, meanwhile);
     }
     QString address(const QString &page) const { return m_site.address(u"/watch?v="_s + page); }
 
@@ -150,6 +151,34 @@ TEST_F(SaveTest, leavesTheFilesAloneWhenTheFilmIsTooShort)
     EXPECT_THAT(savedFiles(),
                 UnorderedElementsAre(QFileInfo(clip).fileName(), name.arg(QString())));
     EXPECT_EQ(QFileInfo(clip).size(), size);
+}
+
+TEST_F(SaveTest, twoAtOnceSaveOneVideoOneAfterTheOther)
+{
+    // Marks every tool that is run for it.
+    const QString page = u"hls&from="_s + home();
+    const auto isAtWork = [&](const QString &argument) {
+        return !processes().filter(argument).isEmpty();
+    };
+    Outcome second;
+    const Outcome first = save(page, {}, [&](const QProcess &program) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isAtWork(u" --newline "_s); }, 60'000));
+        const auto process = static_cast<pid_t>(program.processId());
+        ::kill(process, SIGSTOP);
+        second = save(page, {u"--trim=3-4"_s}, [&](const QProcess &) {
+            EXPECT_TRUE(QTest::qWaitFor([&] { return isAtWork(u" -J "_s); }, 60'000));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !isAtWork(u" -J "_s); }, 60'000));
+            ::kill(process, SIGCONT);
+        });
+    });
+    EXPECT_EQ(first.exitStatus, 0) << first.standardError.toStdString();
+    EXPECT_EQ(second.exitStatus, 0) << second.standardError.toStdString();
+    EXPECT_THAT(second.standardError.toStdString(),
+                HasSubstr("Another Clipwren is saving this video. Waiting…"));
+    EXPECT_THAT(savedFiles(), UnorderedElementsAre(net + u".mp4"_s, net + u" — trimmed.mp4"_s));
+    const FfmpegService ffmpeg{*m_tools.ffmpegPath(), *m_tools.ffprobePath()};
+    EXPECT_NEAR(*ffmpeg.inspect(first.standardOutput.trimmed()).duration, 12, 0.1);
+    EXPECT_NEAR(*ffmpeg.inspect(second.standardOutput.trimmed()).duration, 1, 0.1);
 }
 
 TEST_F(SaveTest, anInterruptStopsTheToolAndLeavesNothingRunning)

@@ -8,10 +8,18 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 namespace clipwren {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString downloading = u"Downloading"_s;
+const QString starting = u"Starting…"_s;
+
+} // namespace
 
 DownloadPipeline::DownloadPipeline(DownloadStore &store, HistoryStore &history)
     : m_store(store), m_history(history)
@@ -24,18 +32,43 @@ void DownloadPipeline::start(const Job &job)
     m_cancelled = false;
     m_errorMessage.reset();
     m_progress = 0;
-    m_status = u"Starting…"_s;
-    m_heading = u"Downloading"_s;
+    m_status = starting;
+    m_heading = downloading;
+    m_lock.reset();
     m_step = BackgroundTask::start(
         [this, download = job.download](const std::stop_token &stop,
                                         const BackgroundTask::Post &post) {
+            const auto lock = takeLock(download, post, stop);
             const auto onProgress = [this, &post](double fraction, const QString &status) {
                 post([this, fraction, status] { setProgress(fraction, status); });
             };
-            return download.run(onProgress, stop);
+            return Downloaded{download.run(onProgress, stop), lock};
         },
-        [this](const PromisedDownload::Result &downloaded) { decide(downloaded); },
+        [this](const Downloaded &downloaded) {
+            m_lock = downloaded.lock;
+            decide(downloaded.file);
+        },
         [this](const std::exception_ptr &error) { fail(error); });
+}
+
+std::shared_ptr<VideoLock> DownloadPipeline::takeLock(const PromisedDownload &download,
+                                                      const BackgroundTask::Post &post,
+                                                      const std::stop_token &stop)
+{
+    // One video has several addresses.
+    const QString page = download.info ? download.info->webpage_url.value_or(QString()) : QString();
+    bool waited = false;
+    const auto onWait = [&] {
+        waited = true;
+        post([this] {
+            setStage(u"Waiting"_s, u"Another Clipwren is saving this video. Waiting…"_s);
+        });
+    };
+    auto lock = VideoLock::take(download.outputDirectory, page.isEmpty() ? download.address : page,
+                                onWait, stop);
+    if (waited)
+        post([this] { setStage(downloading, starting); });
+    return lock;
 }
 
 void DownloadPipeline::cancel()
@@ -47,10 +80,12 @@ void DownloadPipeline::cancel()
 void DownloadPipeline::drop()
 {
     m_step = BackgroundTask();
+    m_lock.reset();
 }
 
 void DownloadPipeline::clear()
 {
+    m_lock.reset();
     m_errorMessage.reset();
     m_progress = 0;
     m_status.clear();
@@ -83,7 +118,10 @@ void DownloadPipeline::process(const PromisedDownload::Result &downloaded,
     const Conversion conversion{download.inspector, downloaded.filePath, profile, trim,
                                 download.address,   allRecords()};
     m_step = BackgroundTask::start(
-        [this, conversion](const std::stop_token &stop, const BackgroundTask::Post &post) {
+        [this, conversion, lock = m_lock](const std::stop_token &stop,
+                                          const BackgroundTask::Post &post) mutable {
+            // Also where the job is dropped, until its tool has ended.
+            const auto held = std::exchange(lock, nullptr);
             const auto onProgress = [this, &post](double fraction) {
                 post([this, fraction] { setProgress(fraction, QString()); });
             };
@@ -141,6 +179,7 @@ void DownloadPipeline::record(const QString &filePath, const std::optional<TrimR
 
 void DownloadPipeline::fail(const std::exception_ptr &error)
 {
+    m_lock.reset();
     try {
         std::rethrow_exception(error);
     } catch (const std::exception &failure) {
@@ -148,6 +187,12 @@ void DownloadPipeline::fail(const std::exception_ptr &error)
         m_errorMessage = errorDescription(failure);
     }
     Q_EMIT failed();
+}
+
+void DownloadPipeline::setStage(const QString &heading, const QString &status)
+{
+    m_heading = heading;
+    setProgress(0, status);
 }
 
 void DownloadPipeline::setProgress(double fraction, const QString &status)

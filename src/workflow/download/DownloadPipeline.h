@@ -3,12 +3,14 @@
 #include "core/tasks/BackgroundTask.h"
 #include "workflow/download/Conversion.h"
 #include "workflow/download/PromisedDownload.h"
+#include "workflow/download/VideoLock.h"
 
 #include <QObject>
 #include <QString>
 #include <QUuid>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace clipwren {
@@ -20,7 +22,7 @@ class HistoryStore;
 /// record.
 ///
 /// Lives on the user-interface thread, which no step blocks. One job at a time. Destroying the
-/// pipeline stops the running tool and silences it.
+/// pipeline stops the running tool and silences it. No two processes save one video at a time.
 class DownloadPipeline : public QObject {
     Q_OBJECT
 
@@ -66,6 +68,17 @@ Q_SIGNALS:
     void failed();
 
 private:
+    /// The file, and the lock of its video, which the work and we hold: none gives it back while
+    /// the other writes.
+    struct Downloaded {
+        PromisedDownload::Result file;
+        std::shared_ptr<VideoLock> lock;
+    };
+
+    /// Waits for it. On the thread of the work.
+    std::shared_ptr<VideoLock> takeLock(const PromisedDownload &download,
+                                        const BackgroundTask::Post &post,
+                                        const std::stop_token &stop);
     void decide(const PromisedDownload::Result &downloaded);
     void process(const PromisedDownload::Result &downloaded, const EncodeProfile &profile,
                  const std::optional<TrimRange> &trim);
@@ -73,6 +86,7 @@ private:
     void removeIntermediate(const PromisedDownload::Result &downloaded, const QString &finalPath);
     void record(const QString &filePath, const std::optional<TrimRange> &trim);
     void fail(const std::exception_ptr &error);
+    void setStage(const QString &heading, const QString &status);
     void setProgress(double fraction, const QString &status);
 
     DownloadStore &m_store;
@@ -83,6 +97,7 @@ private:
     QString m_heading;
     std::optional<QString> m_errorMessage;
     bool m_cancelled = false;
+    std::shared_ptr<VideoLock> m_lock; ///< until the record is where it belongs
     BackgroundTask m_step;
 };
 

@@ -4,6 +4,9 @@
 
 #include <QFileInfo>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace clipwren::test {
 namespace {
 
@@ -109,6 +112,54 @@ TEST_F(DownloadPipelineTest, CancelsBetweenTheDownloadAndItsProcessing)
     ASSERT_TRUE(reaches(*view, Phase::ready));
     EXPECT_EQ(view->errorMessage(), u"Cancelled"_s);
     EXPECT_TRUE(fake.store.records().isEmpty());
+}
+
+TEST_F(DownloadPipelineTest, SavesAVideoOneAfterTheOther)
+{
+    const auto isLocked = [&] {
+        return !QDir(fake.downloadFolder())
+                    .entryList({u"*.lock"_s}, QDir::Files | QDir::Hidden)
+                    .isEmpty();
+    };
+    makeReady();
+    auto other = VideoLock::take(fake.downloadFolder(), address, {}, {});
+    VideoLock::removeAfterKill(fake.downloadFolder());
+    EXPECT_TRUE(isLocked());
+    const auto waits = [&] {
+        view->start();
+        return QTest::qWaitFor([&] {
+            return view->downloadStatus() == u"Another Clipwren is saving this video. Waiting…"_s;
+        });
+    };
+    ASSERT_TRUE(waits());
+    EXPECT_EQ(view->phaseLabel(), u"Waiting"_s);
+    view->cancelDownload();
+    ASSERT_TRUE(reaches(*view, Phase::ready));
+    EXPECT_EQ(view->errorMessage(), u"Cancelled"_s);
+    ASSERT_TRUE(waits());
+    EXPECT_EQ(files(), QStringList());
+    other.reset();
+    ASSERT_TRUE(reaches(*view, Phase::done));
+    EXPECT_EQ(view->phaseLabel(), u"Downloading"_s);
+    EXPECT_TRUE(isLocked());
+    view->resetAll();
+    EXPECT_FALSE(isLocked());
+
+    // What a killed process left is no lock.
+    const auto leaveLock = [&] {
+        if (const pid_t child = ::fork(); child != 0)
+            return ::waitpid(child, nullptr, 0) == child && isLocked();
+        const auto killed = VideoLock::take(fake.downloadFolder(), address, {}, {});
+        ::_exit(0);
+    };
+    ASSERT_TRUE(leaveLock());
+    VideoLock::removeAfterKill(fake.downloadFolder());
+    EXPECT_FALSE(isLocked());
+    ASSERT_TRUE(leaveLock());
+    makeReady();
+    download();
+    view->resetAll();
+    EXPECT_FALSE(isLocked());
 }
 
 TEST_F(DownloadPipelineTest, KeepsTheDownloadWhenProcessingFails)
