@@ -36,17 +36,23 @@ void DownloadPipeline::start(const Job &job)
     m_heading = downloading;
     m_lock.reset();
     m_step = BackgroundTask::start(
-        [this, download = job.download](const std::stop_token &stop,
-                                        const BackgroundTask::Post &post) {
+        [this, download = job.download, purpose = job.shownFormat + u'\n' + job.effectiveTitle](
+            const std::stop_token &stop, const BackgroundTask::Post &post) {
             const auto lock = takeLock(download, post, stop);
+            if (const auto path = lock->downloadFor(purpose))
+                return Downloaded{*path, lock};
             const auto onProgress = [this, &post](double fraction, const QString &status) {
                 post([this, fraction, status] { setProgress(fraction, status); });
             };
-            return Downloaded{download.run(onProgress, stop), lock};
+            const PromisedDownload::Result file = download.run(onProgress, stop);
+            // What was there before belongs to the user, whether or not a record still names it.
+            if (!file.wasThereBefore)
+                lock->addDownload(file.filePath, purpose);
+            return Downloaded{file.filePath, lock};
         },
         [this](const Downloaded &downloaded) {
             m_lock = downloaded.lock;
-            decide(downloaded.file);
+            decide(downloaded.filePath);
         },
         [this](const std::exception_ptr &error) { fail(error); });
 }
@@ -91,12 +97,12 @@ void DownloadPipeline::clear()
     m_status.clear();
 }
 
-void DownloadPipeline::decide(const PromisedDownload::Result &downloaded)
+void DownloadPipeline::decide(const QString &downloaded)
 {
     const std::optional<TrimRange> trim = m_job.trimToApply();
     const bool toProRes = m_job.download.format == OutputFormat::proRes422;
     if (!trim && !toProRes) {
-        record(downloaded.filePath, std::nullopt);
+        record(downloaded, std::nullopt);
         return;
     }
     // The wish may have come when the download had just ended, with no tool left to stop.
@@ -111,11 +117,11 @@ void DownloadPipeline::decide(const PromisedDownload::Result &downloaded)
     process(downloaded, toProRes ? EncodeProfile::proRes422() : EncodeProfile::h264Mp4(), trim);
 }
 
-void DownloadPipeline::process(const PromisedDownload::Result &downloaded,
-                               const EncodeProfile &profile, const std::optional<TrimRange> &trim)
+void DownloadPipeline::process(const QString &downloaded, const EncodeProfile &profile,
+                               const std::optional<TrimRange> &trim)
 {
     const PromisedDownload &download = m_job.download;
-    const Conversion conversion{download.inspector, downloaded.filePath, profile, trim,
+    const Conversion conversion{download.inspector, downloaded,  profile, trim,
                                 download.address,   allRecords()};
     m_step = BackgroundTask::start(
         [this, conversion, lock = m_lock](const std::stop_token &stop,
@@ -127,10 +133,7 @@ void DownloadPipeline::process(const PromisedDownload::Result &downloaded,
             };
             return conversion.run(onProgress, stop);
         },
-        [this, downloaded](const Conversion::Result &converted) {
-            removeIntermediate(downloaded, converted.filePath);
-            record(converted.filePath, converted.trim);
-        },
+        [this](const Conversion::Result &converted) { record(converted.filePath, converted.trim); },
         [this](const std::exception_ptr &error) { fail(error); });
 }
 
@@ -139,17 +142,18 @@ QList<DownloadRecord> DownloadPipeline::allRecords() const
     return m_job.otherRecords ? m_store.records() + m_job.otherRecords() : m_store.records();
 }
 
-void DownloadPipeline::removeIntermediate(const PromisedDownload::Result &downloaded,
-                                          const QString &finalPath)
+/// The download, and what earlier attempts left of the video.
+void DownloadPipeline::removeIntermediates()
 {
     const QList<DownloadRecord> records = allRecords();
-    const bool isRecorded = std::any_of(records.begin(), records.end(), [&](const auto &record) {
-        return record.filePath == downloaded.filePath;
-    });
-    // A file that was there before belongs to the user, whether or not a record still names it.
-    if (finalPath == downloaded.filePath || downloaded.wasThereBefore || isRecorded)
-        return;
-    QFile::remove(downloaded.filePath);
+    for (const QString &path : m_lock->downloads()) {
+        const bool isRecorded =
+            std::any_of(records.begin(), records.end(),
+                        [&](const auto &record) { return record.filePath == path; });
+        if (!isRecorded)
+            QFile::remove(path);
+    }
+    m_lock->forgetDownloads();
 }
 
 void DownloadPipeline::record(const QString &filePath, const std::optional<TrimRange> &trim)
@@ -171,6 +175,7 @@ void DownloadPipeline::record(const QString &filePath, const std::optional<TrimR
         record.trimEnd = trim->end;
     }
     m_store.add(record);
+    removeIntermediates();
     m_history.recordDownload(record.sourceURL, title, record.thumbnailURL, record.durationSeconds);
     m_progress = 1;
     m_status.clear();

@@ -31,6 +31,7 @@ public:
     struct Job {
         PromisedDownload download;
         QString effectiveTitle; ///< may be empty
+        QString shownFormat; ///< tells downloads of one video apart, as in "1080p H.264"
         /// Records that the store does not hold; may be absent. Asked when a file is about to be
         /// written or removed.
         std::function<QList<DownloadRecord>()> otherRecords;
@@ -71,7 +72,7 @@ private:
     /// The file, and the lock of its video, which the work and we hold: none gives it back while
     /// the other writes.
     struct Downloaded {
-        PromisedDownload::Result file;
+        QString filePath;
         std::shared_ptr<VideoLock> lock;
     };
 
@@ -79,11 +80,11 @@ private:
     std::shared_ptr<VideoLock> takeLock(const PromisedDownload &download,
                                         const BackgroundTask::Post &post,
                                         const std::stop_token &stop);
-    void decide(const PromisedDownload::Result &downloaded);
-    void process(const PromisedDownload::Result &downloaded, const EncodeProfile &profile,
+    void decide(const QString &downloaded);
+    void process(const QString &downloaded, const EncodeProfile &profile,
                  const std::optional<TrimRange> &trim);
     QList<DownloadRecord> allRecords() const;
-    void removeIntermediate(const PromisedDownload::Result &downloaded, const QString &finalPath);
+    void removeIntermediates();
     void record(const QString &filePath, const std::optional<TrimRange> &trim);
     void fail(const std::exception_ptr &error);
     void setStage(const QString &heading, const QString &status);

@@ -349,6 +349,7 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
     const QString typedTitle = m_customTitle.trimmed();
     DownloadPipeline::Job job;
     job.effectiveTitle = typedTitle.isEmpty() ? metadataTitle() : typedTitle;
+    job.shownFormat = selectedOption().title;
     job.otherRecords = m_environment.otherRecords;
     job.download.downloader = ytDlp();
     job.download.inspector = {*tools.ffmpegPath(), *tools.ffprobePath()};

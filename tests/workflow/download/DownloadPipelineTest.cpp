@@ -222,6 +222,88 @@ TEST_F(DownloadPipelineTest, CutsNothingThatTheFilmDoesNotHave)
     }
 }
 
+TEST_F(DownloadPipelineTest, TriesAgainWithWhatItLeft)
+{
+    const QString left = u"Talk [id1].mp4"_s;
+    const QString clip = u"Talk [id1] — trimmed.mp4"_s;
+    struct Case {
+        const char *what;
+        std::function<void()> meanwhile;
+        std::optional<TrimRange> trim;
+        int downloads; ///< made by the second attempt
+        QStringList files;
+    };
+    const Case cases[] = {
+        {"the same again", [] {}, TrimRange{1, 5}, 0, {clip}},
+        {"another range", [] {}, TrimRange{2, 3}, 0, {clip}},
+        {"no range", [] {}, {}, 0, {left}},
+        {"another process",
+         [&] {
+             view.emplace(fake.environment());
+             makeReady();
+         },
+         TrimRange{1, 5},
+         0,
+         {clip}},
+        {"another title",
+         [&] { view->setCustomTitle(u"Mine"_s); },
+         TrimRange{1, 5},
+         1,
+         {u"Mine [id1] — trimmed.mp4"_s}},
+        {"another format",
+         [&] { view->setOutputFormatRaw(u"audioMP3"_s); },
+         TrimRange{1, 5},
+         1,
+         {u"Talk [id1].mp3"_s}},
+        {"changed by the user",
+         [&] { QFile(fake.downloadFolder() + u'/' + left).resize(1); },
+         TrimRange{1, 5},
+         1,
+         {clip, left}},
+        {"removed by the user",
+         [&] { QFile::remove(fake.downloadFolder() + u'/' + left); },
+         TrimRange{1, 5},
+         1,
+         {clip}},
+        {"recorded meanwhile",
+         [&] {
+             DownloadRecord record;
+             record.filePath = fake.downloadFolder() + u'/' + left;
+             fake.store.add(record);
+         },
+         TrimRange{1, 5},
+         0,
+         {clip, left}},
+    };
+    const QString runs = fake.tools.path(u"yt-dlp.runs-of-downloads"_s);
+    fake.onDownload(u"echo >> \"$0.runs-of-downloads\"\n"_s + FakeDownloader::defaultDownload());
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.what);
+        fake.store.clear();
+        QDir(fake.downloadFolder()).removeRecursively();
+        fake.onConvert(u"echo out_time_us=1; exec sleep 60"_s);
+        makeReady();
+        view->setOutputFormatRaw(u"bestResolution"_s);
+        view->setTrimEnabled(true);
+        view->start();
+        ASSERT_TRUE(reaches(*view, Phase::processing));
+        view->cancelDownload();
+        ASSERT_TRUE(reaches(*view, Phase::ready));
+        EXPECT_EQ(files(), QStringList{left});
+
+        c.meanwhile();
+        QFile::remove(runs);
+        fake.onConvert(u"echo new > \"$output\""_s);
+        download(c.trim);
+        EXPECT_EQ(QFileInfo(runs).size(), c.downloads);
+        EXPECT_EQ(files(), c.files);
+        // Nothing is remembered any more.
+        view->resetAll();
+        EXPECT_EQ(QDir(fake.downloadFolder()).entryList({u".*"_s}, QDir::Files | QDir::Hidden),
+                  QStringList());
+    }
+}
+
 TEST_F(DownloadPipelineTest, NeverRemovesAFileThatWasThereBefore)
 {
     for (const bool recorded : {true, false}) {
