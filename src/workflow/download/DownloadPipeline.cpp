@@ -1,5 +1,6 @@
 #include "workflow/download/DownloadPipeline.h"
 
+#include "core/Error.h"
 #include "core/library/DownloadStore.h"
 #include "core/library/HistoryStore.h"
 
@@ -18,6 +19,20 @@ namespace {
 
 const QString downloading = u"Downloading"_s;
 const QString starting = u"Starting…"_s;
+
+/// Throws `Error` where the tool names something else than a file that it can have saved. The
+/// folder, and a file of the user's in it, may be links.
+void checkReported(const QString &path, const QString &folder)
+{
+    const QFileInfo file(path);
+    const auto refuse = [&](const QString &sentence) { throw Error(sentence.arg(path)); };
+    if (file.isRelative() || !file.isFile())
+        refuse(u"yt-dlp says that it saved “%1”, which is no file."_s);
+    if (QFileInfo(file.path()).canonicalFilePath() != QFileInfo(folder).canonicalFilePath())
+        refuse(u"yt-dlp says that it saved “%1”, which is not in the downloads folder."_s);
+    if (file.size() == 0)
+        refuse(u"yt-dlp saved an empty file: “%1”."_s);
+}
 
 } // namespace
 
@@ -45,6 +60,7 @@ void DownloadPipeline::start(const Job &job)
                 post([this, fraction, status] { setProgress(fraction, status); });
             };
             const PromisedDownload::Result file = download.run(onProgress, stop);
+            checkReported(file.filePath, download.outputDirectory);
             // What was there before belongs to the user, whether or not a record still names it.
             if (!file.wasThereBefore)
                 lock->addDownload(file.filePath, purpose);

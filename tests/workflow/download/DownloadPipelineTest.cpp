@@ -114,6 +114,47 @@ TEST_F(DownloadPipelineTest, CancelsBetweenTheDownloadAndItsProcessing)
     EXPECT_TRUE(fake.store.records().isEmpty());
 }
 
+TEST_F(DownloadPipelineTest, BelievesNoPathThatCannotBeTheFile)
+{
+    const QString folder = fake.downloadFolder();
+    QDir().mkpath(folder + u"/real"_s);
+    ASSERT_TRUE(QFile::link(fake.tools.path(u"yt-dlp"_s), folder + u"/mine.mp4"_s));
+    ASSERT_TRUE(QFile::link(folder, fake.tools.path(u"link"_s)));
+    fake.tools.write(u"elsewhere.mp4"_s, u"whole"_s);
+    const QString noFile = u"which is no file."_s;
+    const QString elsewhere = u"which is not in the downloads folder."_s;
+    const std::tuple<QString, QString> cases[] = {
+        {u"$file"_s, {}},
+        {folder + u"/real/../Talk [id1].mp4"_s, {}},
+        {fake.tools.path(u"link/Talk [id1].mp4"_s), {}},
+        {folder + u"/mine.mp4"_s, {}},
+        {u"Talk [id1].mp4"_s, noFile},
+        {u"${file##*/}"_s, noFile},
+        {u"$file "_s, noFile},
+        {u"$file.mkv"_s, noFile},
+        {folder, noFile},
+        {u"/dev/null"_s, noFile},
+        {u"/etc/passwd"_s, elsewhere},
+        {fake.tools.path(u"elsewhere.mp4"_s), elsewhere},
+        {folder + u"/../../elsewhere.mp4"_s, noFile},
+        {folder + u"/empty.mp4"_s, u"yt-dlp saved an empty file"_s},
+    };
+    for (const auto &[path, error] : cases) {
+        SCOPED_TRACE(path.toStdString());
+        fake.onDownload(
+            u"echo old > \"$file\"; : > \"${file%/*}/empty.mp4\"\necho \"filepath:%1\""_s.arg(
+                path));
+        makeReady();
+        view->setOutputFormatRaw(u"proRes422"_s);
+        view->start();
+        ASSERT_TRUE(reaches(*view, error.isEmpty() ? Phase::done : Phase::ready));
+        EXPECT_TRUE(view->errorMessage().value_or(QString()).contains(error));
+        EXPECT_EQ(fake.store.records().size(), error.isEmpty() ? 1 : 0);
+        fake.store.clear();
+    }
+    EXPECT_TRUE(files().contains(u"mine.mp4"_s));
+}
+
 TEST_F(DownloadPipelineTest, SavesAVideoOneAfterTheOther)
 {
     const auto isLocked = [&] {
