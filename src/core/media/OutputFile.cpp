@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -22,11 +23,21 @@ bool isTaken(const QString &path)
     return file.exists() || file.isSymLink();
 }
 
-/// Folders and devices are left alone: the tool says itself what it cannot write to.
-bool isReplaceable(const QString &path)
+[[noreturn]] void throwError(const QString &path)
 {
-    const QFileInfo file(path);
-    return file.isFile() || file.isSymLink();
+    throw std::system_error(errno, std::generic_category(), path.toStdString());
+}
+
+/// What has that name; 0 when nothing has. Throws where that cannot be told, as a file that is
+/// overlooked would be lost.
+mode_t kindOf(const QString &path)
+{
+    struct stat status { };
+    if (::lstat(QFile::encodeName(path).constData(), &status) == 0)
+        return status.st_mode & S_IFMT;
+    if (errno != ENOENT)
+        throwError(path);
+    return 0;
 }
 
 /// As rename(2): takes the place of a file that has the name.
@@ -49,22 +60,25 @@ QString nameOf(const QString &path)
     return path.sliced(path.lastIndexOf(u'/'));
 }
 
-/// The system gives the lock back when the process ends, however that comes. Not open where
-/// somebody else has it, or where the file system has none for folders.
-FileDescriptor lockFolder(const QString &path, int mode)
+FileDescriptor openFolder(const QString &path)
 {
-    FileDescriptor folder(::open(QFile::encodeName(path).constData(),
+    return FileDescriptor(::open(QFile::encodeName(path).constData(),
                                  O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    if (folder.isOpen() && ::flock(folder.get(), mode) != 0)
-        folder.close();
-    return folder;
+}
+
+/// Some file systems have no locks for folders, so that nobody takes ours away either.
+bool isLockMissing(int error)
+{
+    return error == EOPNOTSUPP || error == ENOLCK || error == EBADF || error == EINVAL;
 }
 
 } // namespace
 
 OutputFile::OutputFile(const QString &path) : m_path(path)
 {
-    if (isReplaceable(path))
+    // Folders and devices are left alone: the tool says itself what it cannot write to.
+    const mode_t kind = kindOf(path);
+    if (kind == S_IFREG || kind == S_IFLNK)
         moveAside();
 }
 
@@ -75,18 +89,20 @@ void OutputFile::moveAside()
     for (int attempts = 3;; --attempts) {
         QByteArray folder = QFile::encodeName(parent + earlierFolderTemplate);
         if (!::mkdtemp(folder.data()))
-            break;
-        m_earlierFolder = QFile::decodeName(folder);
-        m_lock = lockFolder(m_earlierFolder, LOCK_EX);
-        if (rename(m_path, m_earlierFolder + nameOf(m_path)))
+            throwError(m_path);
+        const QString path = QFile::decodeName(folder);
+        m_lock = openFolder(path);
+        if (m_lock.isOpen() && (::flock(m_lock.get(), LOCK_EX) == 0 || isLockMissing(errno))
+            && rename(m_path, path + nameOf(m_path))) {
+            m_earlierFolder = path;
             return;
+        }
         const int error = errno;
-        removeFolder(m_earlierFolder);
+        removeFolder(path);
         errno = error;
         if (error != ENOENT || attempts == 1)
-            break;
+            throwError(m_path);
     }
-    throw std::system_error(errno, std::generic_category(), m_path.toStdString());
 }
 
 OutputFile::~OutputFile()
@@ -94,7 +110,7 @@ OutputFile::~OutputFile()
     if (m_kept)
         return;
     if (m_earlierFolder.isEmpty()) {
-        if (isReplaceable(m_path))
+        if (const QFileInfo file(m_path); file.isFile() || file.isSymLink())
             QFile::remove(m_path);
     } else {
         rename(m_earlierFolder + nameOf(m_path), m_path);
@@ -105,13 +121,16 @@ OutputFile::~OutputFile()
 void OutputFile::keep()
 {
     // A tool that claims success without a file does not cost the earlier one.
-    if (!QFileInfo::exists(m_path))
+    if (kindOf(m_path) == 0)
         return;
+    if (!m_earlierFolder.isEmpty()) {
+        const QString earlier = m_earlierFolder + nameOf(m_path);
+        // Else it would take the new one's place after the next start.
+        if (::unlink(QFile::encodeName(earlier).constData()) != 0 && errno != ENOENT)
+            throwError(m_path);
+        removeFolder(m_earlierFolder);
+    }
     m_kept = true;
-    if (m_earlierFolder.isEmpty())
-        return;
-    QFile::remove(m_earlierFolder + nameOf(m_path));
-    removeFolder(m_earlierFolder);
 }
 
 void OutputFile::restoreAfterKill(const QString &folder)
@@ -120,12 +139,21 @@ void OutputFile::restoreAfterKill(const QString &folder)
     for (const QFileInfo &left :
          QDir(folder).entryInfoList(ours, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks)) {
         const QString path = left.filePath();
-        const FileDescriptor lock = lockFolder(path, LOCK_EX | LOCK_NB);
-        if (!lock.isOpen())
+        const FileDescriptor lock = openFolder(path);
+        if (!lock.isOpen() || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0)
             continue;
         for (const QString &name : QDir(path).entryList(QDir::Files | QDir::Hidden | QDir::System))
             rename(path + u'/' + name, folder + u'/' + name);
         removeFolder(path);
+    }
+}
+
+bool mayBeThere(const QString &path)
+{
+    try {
+        return kindOf(path) != 0;
+    } catch (const std::system_error &) {
+        return true;
     }
 }
 

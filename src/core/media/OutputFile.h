@@ -12,13 +12,14 @@ namespace clipwren {
 /// destroying this removes what was written and puts the earlier file back.
 class OutputFile {
 public:
-    /// Throws `std::system_error` when an earlier file cannot be moved.
+    /// Throws `std::system_error` when an earlier file cannot be seen or moved.
     explicit OutputFile(const QString &path);
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
     ~OutputFile();
 
-    /// The new file is whole; the earlier one goes.
+    /// The new file is whole; the earlier one goes. Throws `std::system_error` when that cannot be
+    /// seen or removed, and is not kept then.
     void keep();
 
     /// Puts the files of a folder back that processes had moved aside when they were killed. What
@@ -33,6 +34,9 @@ private:
     FileDescriptor m_lock; ///< on that folder, for as long as it is ours
     bool m_kept = false;
 };
+
+/// False only where there certainly is nothing of that name.
+bool mayBeThere(const QString &path);
 
 /// `path` with the least number from 2 on before the extension that no file has yet, as in
 /// "Talk 2.mov".

@@ -1,6 +1,7 @@
 #include "workflow/download/Conversion.h"
 
 #include "core/Error.h"
+#include "core/media/OutputFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -96,7 +97,7 @@ bool Conversion::mayWrite(const QString &path, const Range &range,
             return false;
     }
     // What does not play is the rest of a conversion that was killed.
-    const auto known = QFileInfo::exists(path) ? lengths(path, stop) : std::nullopt;
+    const auto known = mayBeThere(path) ? lengths(path, stop) : std::nullopt;
     if (!known || known->whole.value_or(0) <= 0)
         return true;
     return isRecorded && hasPictureOfInput(path, stop);

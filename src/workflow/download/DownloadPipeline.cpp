@@ -166,10 +166,9 @@ void DownloadPipeline::removeIntermediates()
         const bool isRecorded =
             std::any_of(records.begin(), records.end(),
                         [&](const auto &record) { return record.filePath == path; });
-        if (!isRecorded)
-            QFile::remove(path);
+        if (isRecorded || QFile::remove(path))
+            m_lock->forgetDownload(path);
     }
-    m_lock->forgetDownloads();
 }
 
 void DownloadPipeline::record(const QString &filePath, const std::optional<TrimRange> &trim)

@@ -135,9 +135,9 @@ std::optional<QString> VideoLock::downloadFor(const QString &purpose) const
     return std::nullopt;
 }
 
-void VideoLock::forgetDownloads()
+void VideoLock::forgetDownload(const QString &path)
 {
-    m_downloads.clear();
+    m_downloads.removeIf([&](const Download &download) { return download.path == path; });
     writeDownloads();
 }
 

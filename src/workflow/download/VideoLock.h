@@ -42,7 +42,7 @@ public:
     QStringList downloads() const;
     /// That of them which was made for `purpose`, if any.
     std::optional<QString> downloadFor(const QString &purpose) const;
-    void forgetDownloads();
+    void forgetDownload(const QString &path);
 
     /// Removes the locks of processes that were killed, unless they name a download.
     static void removeAfterKill(const QString &folder);
