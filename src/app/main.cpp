@@ -69,6 +69,8 @@ int run(int &argc, char *argv[])
     leaveInputAlone();
     // A reader of our output that has gone is no reason to lose the record of a saved file.
     std::signal(SIGPIPE, SIG_IGN);
+    // Some starters ignore it, and the system then keeps no child's exit status for us.
+    std::signal(SIGCHLD, SIG_DFL);
     const bool isSave = first == "save"_L1;
     if (!isSave && (first.startsWith(u'-') || argc > 2))
         return print(stderr, usage(), SaveCommand::WrongUse);

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <csignal>
 #include <stdexcept>
 
 namespace clipwren::test {
@@ -24,6 +25,8 @@ ProgramTest::Outcome ProgramTest::run(const QStringList &arguments,
     QProcess process;
     process.setProcessEnvironment(environment());
     process.setStandardInputFile(QProcess::nullDevice());
+    // Some starters leave it so, and then no tool's exit status would be known.
+    process.setChildProcessModifier([] { std::signal(SIGCHLD, SIG_IGN); });
     process.start(QStringLiteral(CLIPWREN_PROGRAM), arguments);
     if (meanwhile && process.waitForStarted())
         meanwhile(process);

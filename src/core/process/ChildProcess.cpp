@@ -63,8 +63,8 @@ private:
     posix_spawn_file_actions_t m_actions{};
 };
 
-/// Gives the program no blocked signals, whatever the calling thread blocks, and lets it end when
-/// nobody reads its output, whatever we do then.
+/// Gives the program no blocked signals, whatever the calling thread blocks, lets it end when
+/// nobody reads its output, and lets it wait for its own children, whatever we ignore.
 class Attributes {
 public:
     Attributes()
@@ -76,6 +76,7 @@ public:
         sigset_t reset;
         sigemptyset(&reset);
         sigaddset(&reset, SIGPIPE);
+        sigaddset(&reset, SIGCHLD);
         ::posix_spawnattr_setsigdefault(&m_attributes, &reset);
         ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     }
@@ -159,7 +160,11 @@ ChildProcess::~ChildProcess()
     if (m_process == 0)
         return;
     signalAll(SIGKILL);
-    reap();
+    try {
+        reap();
+    } catch (const std::system_error &) {
+        // It is gone, whoever reaped it.
+    }
 }
 
 void ChildProcess::signalAll(int signal)
@@ -175,8 +180,14 @@ void ChildProcess::signalAll(int signal)
 ChildProcess::Exit ChildProcess::reap()
 {
     int status = 0;
-    while (::waitpid(m_process, &status, 0) < 0 && errno == EINTR) { }
+    pid_t reaped = 0;
+    do
+        reaped = ::waitpid(m_process, &status, 0);
+    while (reaped < 0 && errno == EINTR);
     m_process = 0;
+    // A program whose outcome nobody knows has not succeeded.
+    if (reaped < 0)
+        throw std::system_error(errno, std::generic_category(), "waitpid");
     if (WIFSIGNALED(status))
         return {WTERMSIG(status), true};
     return {WEXITSTATUS(status), false};

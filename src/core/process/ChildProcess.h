@@ -38,7 +38,8 @@ public:
     /// other than those: the program keeps its number until it is reaped here.
     void signalAll(int signal);
 
-    /// Waits for the exit and reaps the program.
+    /// Waits for the exit and reaps the program. Throws `std::system_error` when how it ended
+    /// cannot be learned.
     Exit reap();
 
 private:

@@ -17,7 +17,8 @@
 /// Every operation blocks the thread that calls it, so none is called on the user-interface
 /// thread. Each either returns or throws exactly one outcome:
 ///  - `ProcessError`, `TimeoutError` or `CancellationError`, as said below;
-///  - `std::system_error` with errno's text when the program cannot be started.
+///  - `std::system_error` with errno's text when the program cannot be started, or cannot be
+///    waited for because the process ignores SIGCHLD.
 ///
 /// A request to stop sends the program, and what it started itself, SIGTERM. The call then ends
 /// through the program's exit like any other run. A program that is still there after

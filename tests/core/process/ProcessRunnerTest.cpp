@@ -99,6 +99,17 @@ TEST(ProcessRunner, LetsTheProgramEndWhenNobodyReads)
     std::signal(SIGPIPE, ours);
 }
 
+TEST(ProcessRunner, TakesNoProgramForSuccessfulWhoseExitStatusIsLost)
+{
+    const auto ours = std::signal(SIGCHLD, SIG_IGN);
+    for (const QString &script : {u"exit 0"_s, u"exit 3"_s}) {
+        EXPECT_THROW(ProcessRunner::runCapturing(shell(script)), std::system_error);
+        EXPECT_THROW(ProcessRunner::runStreaming(shell(script), [](QStringView) {}),
+                     std::system_error);
+    }
+    std::signal(SIGCHLD, ours);
+}
+
 TEST(ProcessRunner, ReportsAProgramThatCannotBeStarted)
 {
     for (const QString &path : {u"/nonexistent/tool"_s, u"/etc/passwd"_s, u"/tmp"_s}) {
