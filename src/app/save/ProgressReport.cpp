@@ -1,5 +1,7 @@
 #include "app/save/ProgressReport.h"
 
+#include "app/save/TerminalText.h"
+
 #include <algorithm>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -33,7 +35,7 @@ ProgressReport::~ProgressReport()
 void ProgressReport::line(const QString &text)
 {
     clear();
-    write(text + u'\n');
+    write(forTerminal(text) + u'\n');
 }
 
 void ProgressReport::status(const QString &text)
@@ -69,7 +71,7 @@ void ProgressReport::progress(const QString &stage, double fraction, const QStri
 void ProgressReport::renew(const QString &text)
 {
     // A line that the terminal wraps could not be renewed.
-    write(u"\r\x1b[K"_s + text.left(columns(m_output) - 1));
+    write(u"\r\x1b[K"_s + forTerminal(text).left(columns(m_output) - 1));
     m_hasOpenLine = true;
 }
 

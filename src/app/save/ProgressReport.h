@@ -9,7 +9,8 @@ namespace clipwren {
 /// Tells on a terminal, or in a log, how far a save has come.
 ///
 /// On a terminal one line renews itself. Elsewhere each status is a line of its own, and a stage
-/// prints a line at its start, at every quarter, and at its end.
+/// prints a line at its start, at every quarter, and at its end. Whatever the texts hold, no
+/// control character of theirs comes out.
 class ProgressReport {
 public:
     explicit ProgressReport(std::FILE *output);

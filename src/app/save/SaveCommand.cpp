@@ -1,9 +1,10 @@
 #include "app/save/SaveCommand.h"
 
-#include "core/library/DownloadStore.h"
 #include "core/process/ToolEnvironment.h"
 #include "core/text/Duration.h"
 #include "workflow/download/FetchErrorText.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cstdio>
@@ -13,25 +14,41 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// What tells in a tool's log why it failed: its errors, where it names none the last it said.
+/// Leaves out what `sentence` says already.
+QStringList decisiveLines(const QString &log, const QString &sentence)
+{
+    constexpr qsizetype most = 5;
+    QStringList lines;
+    for (const QString &line : log.split(u'\n')) {
+        if (const QString text = line.trimmed(); !text.isEmpty())
+            lines.append(text);
+    }
+    const QStringList errors = lines.filter(QRegularExpression(u"^ERROR:"_s));
+    if (!errors.isEmpty())
+        lines = errors;
+    lines = lines.last(std::min(lines.size(), most));
+    lines.removeIf([&](const QString &line) { return sentence.contains(line); });
+    return lines;
+}
+
 } // namespace
 
-SaveCommand::SaveCommand(const SaveArguments &arguments, DownloadStore &store,
-                         HistoryStore &history, ToolEnvironment &tools, Desktop &desktop,
-                         const Preferences &preferences)
-    : m_arguments(arguments), m_store(store), m_tools(tools),
-      m_format(arguments.format ? rawValue(*arguments.format)
-                                : preferences.text(u"outputFormat"_s).value_or(QString())),
-      m_report(stderr), m_view({store,
-                                history,
-                                tools,
-                                m_noRequests,
-                                desktop,
-                                m_format,
-                                {},
-                               {},
-                                DownloadStore::defaultDownloadDirectory(),
-                                [] { return DownloadStore().records(); }},
-                               [this](QUuid record) { printPath(record); })
+SaveCommand::SaveCommand(const SaveArguments &arguments,
+                         const DownloaderView::Environment &environment)
+    : m_arguments(arguments), m_tools(environment.tools),
+      m_format(arguments.format
+                   ? rawValue(*arguments.format)
+                   : environment.preferences.text(u"outputFormat"_s).value_or(QString())),
+      m_report(stderr), m_view({.store = environment.store,
+                                .history = environment.history,
+                                .tools = environment.tools,
+                                .pendingFetch = environment.pendingFetch,
+                                .desktop = environment.desktop,
+                                .preferences = m_format,
+                                .downloadDirectory = environment.downloadDirectory,
+                                .otherRecords = environment.otherRecords},
+                               [this](QUuid) { finish(Saved); })
 {
     connect(&m_view, &DownloaderView::changed, this, &SaveCommand::follow);
 }
@@ -54,10 +71,11 @@ void SaveCommand::follow()
     case Phase::input:
         if (m_interrupted)
             finish(Interrupted);
-        else if (m_view.fetchError())
-            fail(withoutLog(*m_view.fetchError()));
+        else if (m_view.fetchError() || m_isLookingUp)
+            failLookup();
         return;
     case Phase::fetching:
+        m_isLookingUp = true;
         if (m_view.fetchStatus() != m_lastStatus)
             m_report.status(m_lastStatus = m_view.fetchStatus());
         return;
@@ -67,7 +85,7 @@ void SaveCommand::follow()
         if (m_interrupted)
             finish(Interrupted);
         else if (m_view.errorMessage())
-            fail(withoutLog(*m_view.errorMessage()));
+            failDownload();
         return;
     case Phase::downloading:
     case Phase::processing:
@@ -107,14 +125,24 @@ void SaveCommand::interrupt()
     follow();
 }
 
-void SaveCommand::printPath(QUuid record)
+void SaveCommand::failLookup()
 {
-    const auto &records = m_store.records();
-    const auto saved = std::find_if(records.begin(), records.end(),
-                                    [&](const DownloadRecord &r) { return r.id == record; });
-    std::puts(saved->filePath.toUtf8().constData());
-    std::fflush(stdout);
-    finish(Saved);
+    // A look-up that is cancelled says nothing, and a tool that a signal ends counts as cancelled.
+    QString sentence =
+        withoutLog(m_view.fetchError().value_or(u"yt-dlp was stopped before it had answered."_s));
+    // Here is nothing to tap: the log follows.
+    sentence.remove(u" Tap 'View logs' for details."_s);
+    m_report.line(sentence);
+    for (const QString &line : decisiveLines(m_view.fetchLog(), sentence))
+        m_report.line(line);
+    finish(Failed);
+}
+
+void SaveCommand::failDownload()
+{
+    const QString sentence = withoutLog(*m_view.errorMessage());
+    const bool wasCancelled = sentence == CancellationError().errorDescription();
+    fail(wasCancelled ? u"The tool was stopped before it had finished."_s : sentence);
 }
 
 void SaveCommand::fail(const QString &sentence, ExitStatus status)

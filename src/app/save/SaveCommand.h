@@ -11,23 +11,23 @@
 
 namespace clipwren {
 
-/// Saves one video from the command line: drives the downloader as the screen would, tells on
-/// standard error how far it is, and prints the file's path on standard output.
+/// Saves one video from the command line: drives the downloader as the screen would, and tells on
+/// standard error how far it is and how it failed.
 class SaveCommand : public QObject {
     Q_OBJECT
 
 public:
     enum ExitStatus { Saved = 0, Failed = 1, WrongUse = 2, Interrupted = 130 };
 
-    /// `preferences` say the format when the arguments do not.
-    SaveCommand(const SaveArguments &arguments, DownloadStore &store, HistoryStore &history,
-                ToolEnvironment &tools, Desktop &desktop, const Preferences &preferences);
+    /// The environment's preferences say the format when the arguments do not.
+    SaveCommand(const SaveArguments &arguments, const DownloaderView::Environment &environment);
 
     void start();
     /// Stops the running tool; `finished` follows.
     void interrupt();
 
 Q_SIGNALS:
+    /// With `Saved`, the environment's store holds the record.
     void finished(int exitStatus);
 
 private:
@@ -44,17 +44,17 @@ private:
 
     void follow();
     void chooseAndStart();
-    void printPath(QUuid record);
+    void failLookup();
+    void failDownload();
     void fail(const QString &sentence, ExitStatus status = Failed);
     void finish(ExitStatus status);
 
     SaveArguments m_arguments;
-    const DownloadStore &m_store;
     const ToolEnvironment &m_tools;
     ChosenFormat m_format;
-    PendingFetchBox m_noRequests;
     ProgressReport m_report;
     QString m_lastStatus;
+    bool m_isLookingUp = false;
     bool m_interrupted = false;
     bool m_isFinished = false;
     DownloaderView m_view;

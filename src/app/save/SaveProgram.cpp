@@ -4,6 +4,7 @@
 #include "app/instance/InstanceChannel.h"
 #include "app/instance/LibraryHandOver.h"
 #include "app/save/SaveCommand.h"
+#include "app/save/TerminalText.h"
 #include "core/library/DownloadStore.h"
 #include "core/library/HistoryStore.h"
 #include "core/library/LibraryFolder.h"
@@ -15,6 +16,7 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <unistd.h>
 
 namespace clipwren {
 namespace {
@@ -26,17 +28,22 @@ void print(std::FILE *output, const QString &text)
     std::fputs(text.toUtf8().constData(), output);
 }
 
-/// Takes what the downloader recorded over into the user's lists.
-void recordInLibrary(const DownloadStore &store, const HistoryStore &history)
+/// Takes what the downloader recorded over into the user's lists. False when they were not reached.
+bool recordInLibrary(const DownloadStore &store, const HistoryStore &history)
 {
-    if (store.records().isEmpty())
-        return;
     InstanceMessage::Saved saved{store.records().first(), history.entries().first().title};
     // Without a title the entry is called by its address, which is no news to the user's history.
     if (saved.historyTitle == saved.record.sourceURL)
         saved.historyTitle.clear();
-    if (!handOverSaved(saved, defaultLibraryFolder(), InstanceServer::defaultSocketPath()))
-        print(stderr, u"The file is saved, but the list of files could not be reached.\n"_s);
+    return handOverSaved(saved, defaultLibraryFolder(), InstanceServer::defaultSocketPath());
+}
+
+/// Exactly as it is where a program reads it.
+void printPath(const QString &path)
+{
+    const bool isTerminal = ::isatty(::fileno(stdout)) == 1;
+    print(stdout, (isTerminal ? forTerminal(path) : path) + u'\n');
+    std::fflush(stdout);
 }
 
 } // namespace
@@ -51,7 +58,7 @@ int runSave(const QStringList &arguments)
     try {
         parsed = SaveArguments::parse(arguments);
     } catch (const UsageError &error) {
-        print(stderr, error.errorDescription() + u"\n\n"_s + SaveArguments::usage());
+        print(stderr, forTerminal(error.errorDescription()) + u"\n\n"_s + SaveArguments::usage());
         return SaveCommand::WrongUse;
     }
     // Another process may have the user's lists open, now or before this ends. The downloader gets
@@ -65,16 +72,33 @@ int runSave(const QStringList &arguments)
     HistoryStore history(folder.path());
     ToolEnvironment tools(ToolEnvironment::defaultSearchDirectories(),
                           ToolEnvironment::Versions::Skip);
+    PendingFetchBox noRequests;
     SilentDesktop desktop;
-    const SettingsPreferences preferences;
-    SaveCommand command(parsed, store, history, tools, desktop, preferences);
+    SettingsPreferences preferences;
+    SaveCommand command(parsed,
+                        {.store = store,
+                         .history = history,
+                         .tools = tools,
+                         .pendingFetch = noRequests,
+                         .desktop = desktop,
+                         .preferences = preferences,
+                         .downloadDirectory = DownloadStore::defaultDownloadDirectory(),
+                         .otherRecords = [] { return DownloadStore().records(); }});
     InterruptSignal interrupt;
     QObject::connect(&interrupt, &InterruptSignal::interrupted, &command, &SaveCommand::interrupt);
     QObject::connect(&command, &SaveCommand::finished, &QCoreApplication::exit);
     QMetaObject::invokeMethod(&command, &SaveCommand::start, Qt::QueuedConnection);
     const int status = QCoreApplication::exec();
-    recordInLibrary(store, history);
-    return status;
+    if (status != SaveCommand::Saved)
+        return status;
+    const QString path = store.records().first().filePath;
+    if (!recordInLibrary(store, history)) {
+        ProgressReport(stderr).line(
+            u"The file is saved as “%1”, but the list of files could not be reached."_s.arg(path));
+        return SaveCommand::Failed;
+    }
+    printPath(path);
+    return SaveCommand::Saved;
 }
 
 } // namespace clipwren

@@ -43,9 +43,10 @@ public:
         PendingFetchBox &pendingFetch;
         Desktop &desktop;
         Preferences &preferences;
-        MediaPlayerFactory makePlayer; ///< absent where nothing can be shown: no preview then
-        MediaPlayerFactory makeBackgroundPlayer; ///< for single pictures; absent: there are none
-        QString downloadDirectory; ///< absolute; created by the download
+        MediaPlayerFactory makePlayer = {}; ///< absent where nothing can be shown: no preview then
+        MediaPlayerFactory makeBackgroundPlayer =
+            {}; ///< for single pictures; absent: there are none
+        QString downloadDirectory = {}; ///< absolute; created by the download
         /// Records that the store does not hold, where it is not the user's library; absent else.
         std::function<QList<DownloadRecord>()> otherRecords = {};
         std::chrono::milliseconds infoTimeout = std::chrono::seconds(60);
