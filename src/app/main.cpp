@@ -4,6 +4,7 @@
 #include "app/window/WindowProgram.h"
 #include "core/library/DownloadStore.h"
 #include "core/media/OutputFile.h"
+#include "core/process/ProcessRunner.h"
 #include "core/tasks/BackgroundTask.h"
 #include "workflow/download/VideoLock.h"
 
@@ -11,6 +12,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <fontconfig/fontconfig.h>
 #include <memory>
@@ -52,6 +54,14 @@ void leaveInputAlone()
     ::close(nothing);
 }
 
+/// Leaves no tool behind. Those that were asked to stop are killed after a while, so this ends.
+void endWork()
+{
+    BackgroundTask::stopAll();
+    BackgroundTask::waitForAll(std::chrono::seconds(20));
+    ProcessRunner::killStragglers();
+}
+
 std::unique_ptr<QApplication> makeWindowApplication(int &argc, char *argv[])
 {
     // Reading what is configured about fonts takes as long as all the rest of this.
@@ -71,6 +81,8 @@ int run(int &argc, char *argv[])
     std::signal(SIGPIPE, SIG_IGN);
     // Some starters ignore it, and the system then keeps no child's exit status for us.
     std::signal(SIGCHLD, SIG_DFL);
+    // Qt itself calls exit() when the connection to the screen breaks, whatever is at work.
+    std::atexit(endWork);
     const bool isSave = first == "save"_L1;
     if (!isSave && (first.startsWith(u'-') || argc > 2))
         return print(stderr, usage(), SaveCommand::WrongUse);
@@ -83,8 +95,7 @@ int run(int &argc, char *argv[])
         VideoLock::removeAfterKill(folder);
     });
     const int status = isSave ? runSave(QCoreApplication::arguments().mid(2)) : runWindow(first);
-    // Tools that were asked to stop are killed after a while, so this ends.
-    BackgroundTask::waitForAll(std::chrono::seconds(20));
+    endWork();
     return status;
 }
 

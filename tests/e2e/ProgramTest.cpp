@@ -73,6 +73,8 @@ QProcessEnvironment ProgramTest::environment() const
     }
     result.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     result.insert(u"HOME"_s, m_home);
+    if (!m_display.isEmpty())
+        result.insert(u"DISPLAY"_s, m_display);
     for (const QString &kind : {u"config"_s, u"data"_s, u"cache"_s, u"state"_s})
         result.insert(u"XDG_%1_HOME"_s.arg(kind.toUpper()), m_home + u'/' + kind);
     return result;

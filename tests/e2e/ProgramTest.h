@@ -10,7 +10,8 @@
 
 namespace clipwren::test {
 
-/// Runs the real program, in a home of its own with no screen and no settings of ours in reach.
+/// Runs the real program, in a home of its own with no screen (unless it is given one) and no
+/// settings of ours in reach.
 class ProgramTest : public testing::Test {
 protected:
     /// Throws std::runtime_error when there is no temporary folder.
@@ -27,6 +28,9 @@ protected:
     Outcome run(const QStringList &arguments,
                 const std::function<void(const QProcess &)> &meanwhile = {}) const;
 
+    /// The X display that the program finds from now on.
+    void setDisplay(const QString &display) { m_display = display; }
+
     /// Absolute, without symbolic links, and found in no other process's arguments.
     const QString &home() const { return m_home; }
     /// Where the program saves: the user's videos folder has a name of the user's language.
@@ -41,6 +45,7 @@ private:
 
     QTemporaryDir m_folder;
     QString m_home;
+    QString m_display;
 };
 
 } // namespace clipwren::test

@@ -28,8 +28,7 @@ constexpr qsizetype chunkSize = 64 * 1024;
 // Some thirty years: what is longer would not fit the clock's whole nanoseconds.
 constexpr std::chrono::duration<double> longestTimeout{1e9};
 
-/// Programs that outlived their time limit, each seen to its end on a thread of its own. What is
-/// still there when the application ends is killed.
+/// Programs that outlived their time limit, each seen to its end on a thread of its own.
 class Stragglers {
 public:
     Stragglers()
@@ -38,7 +37,7 @@ public:
         m_threads.setExpiryTimeout(0);
     }
 
-    ~Stragglers()
+    void killAll()
     {
         m_stop.request_stop();
         m_threads.waitForDone();
@@ -63,9 +62,10 @@ private:
     QThreadPool m_threads;
 };
 
+// Never destroyed: where exit() is called while a program runs, its thread may still come here.
 Stragglers &stragglers()
 {
-    static Stragglers instance;
+    static Stragglers &instance = *new Stragglers;
     return instance;
 }
 
@@ -242,6 +242,11 @@ QString runCapturing(const Command &command, std::optional<std::chrono::duration
     if (exit.status != 0)
         throw ProcessError(exit.status, QString::fromUtf8(error));
     return QString::fromUtf8(output);
+}
+
+void killStragglers()
+{
+    stragglers().killAll();
 }
 
 void runStreaming(const Command &command, const LineHandler &onLine, std::stop_token stop)

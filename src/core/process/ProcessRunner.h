@@ -77,6 +77,10 @@ QString runCapturing(const Command &command,
                      std::optional<std::chrono::duration<double>> timeout = std::nullopt,
                      std::stop_token stop = {});
 
+/// Kills what is still being stopped behind a call that has failed with `TimeoutError`, from now on
+/// at once. For the end of the process, when no operation runs any more.
+void killStragglers();
+
 /// Runs the program and hands on every line of both its outputs.
 ///
 /// Throws `CancellationError` when a signal or status 15 or 143 ended the program, `ProcessError`

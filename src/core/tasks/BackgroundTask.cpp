@@ -10,16 +10,22 @@ namespace clipwren {
 namespace {
 
 // One pool for all, without a limit: a task that waits for its tool must not keep another from
-// starting.
+// starting. Never destroyed: where exit() is called while work runs, the work still needs it.
 QThreadPool &pool()
 {
-    static QThreadPool threads;
-    static const bool configured = [] {
-        threads.setMaxThreadCount(std::numeric_limits<int>::max());
-        return true;
+    static QThreadPool &threads = *[] {
+        auto *pool = new QThreadPool;
+        pool->setMaxThreadCount(std::numeric_limits<int>::max());
+        return pool;
     }();
-    Q_UNUSED(configured)
     return threads;
+}
+
+/// Stops all work there is and will be.
+std::stop_source &everything()
+{
+    static std::stop_source &source = *new std::stop_source;
+    return source;
 }
 
 void runOnUserInterfaceThread(std::function<void()> function)
@@ -68,6 +74,11 @@ bool BackgroundTask::isRunning() const
     return m_state && !m_state->finished;
 }
 
+void BackgroundTask::stopAll()
+{
+    everything().request_stop();
+}
+
 bool BackgroundTask::waitForAll(std::chrono::milliseconds timeout)
 {
     return pool().waitForDone(static_cast<int>(timeout.count()));
@@ -78,6 +89,8 @@ BackgroundTask::launch(std::function<Finish(const std::stop_token &, const Post 
 {
     auto state = std::make_shared<State>();
     pool().start([state, work = std::move(work)] {
+        const std::stop_callback ending(everything().get_token(),
+                                        [&state] { state->stop.request_stop(); });
         const Post post = [state](std::function<void()> function) {
             runOnUserInterfaceThread([state, function = std::move(function)] {
                 if (!state->dropped)

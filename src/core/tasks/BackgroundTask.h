@@ -35,8 +35,11 @@ public:
     /// True from the start until `done` or `failed` is about to be called.
     bool isRunning() const;
 
+    /// Asks all work to stop, also what is started later. Nothing is reported any more once the
+    /// event loop has ended. For the end of the process; may be called while exit() runs.
+    static void stopAll();
     /// Waits until no work runs any more. False when the time passed first. Called once all
-    /// tasks are dropped, before the application object goes.
+    /// tasks are dropped or stopped, before the application object goes.
     static bool waitForAll(std::chrono::milliseconds timeout);
 
 private:
