@@ -83,6 +83,8 @@ int run(int &argc, char *argv[])
     std::signal(SIGCHLD, SIG_DFL);
     // Qt itself calls exit() when the connection to the screen breaks, whatever is at work.
     std::atexit(endWork);
+    // What the desktop gave to our window alone; Qt looks for the first in our own environment.
+    ProcessRunner::fixEnvironment({"XDG_ACTIVATION_TOKEN"_ba, "DESKTOP_STARTUP_ID"_ba});
     const bool isSave = first == "save"_L1;
     if (!isSave && (first.startsWith(u'-') || argc > 2))
         return print(stderr, usage(), SaveCommand::WrongUse);

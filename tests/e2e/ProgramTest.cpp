@@ -3,12 +3,19 @@
 #include <QDir>
 #include <QFile>
 
+#include <array>
 #include <csignal>
 #include <stdexcept>
 
 namespace clipwren::test {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array activationVariables{"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"};
+
+} // namespace
 
 ProgramTest::ProgramTest() : m_home(QDir(m_folder.path()).canonicalPath())
 {
@@ -57,8 +64,16 @@ QStringList ProgramTest::processes() const
         if (!name[0].isDigit() || !file.open(QIODevice::ReadOnly))
             continue;
         const QString commandLine = QString::fromUtf8(file.readAll().replace('\0', ' '));
-        if (commandLine.contains(m_home))
-            result.append(commandLine);
+        if (!commandLine.contains(m_home))
+            continue;
+        result.append(commandLine);
+        QFile environment(u"/proc/%1/environ"_s.arg(name));
+        const bool isTool = !commandLine.startsWith(QStringLiteral(CLIPWREN_PROGRAM));
+        if (isTool && environment.open(QIODevice::ReadOnly)) {
+            const QByteArray variables = environment.readAll();
+            for (const char *variable : activationVariables)
+                EXPECT_FALSE(variables.contains(variable)) << commandLine.toStdString();
+        }
     }
     return result;
 }
@@ -72,6 +87,9 @@ QProcessEnvironment ProgramTest::environment() const
             result.insert(QString::fromLatin1(name), qEnvironmentVariable(name));
     }
     result.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    // What a desktop gives to a window alone.
+    for (const char *name : activationVariables)
+        result.insert(QString::fromLatin1(name), u"of-the-window"_s);
     result.insert(u"HOME"_s, m_home);
     if (!m_display.isEmpty())
         result.insert(u"DISPLAY"_s, m_display);

@@ -38,6 +38,7 @@ protected:
     /// The names in that folder, hidden and unfinished files too.
     QStringList savedFiles() const;
     /// The command lines, arguments parted by blanks, of running processes that name this home.
+    /// Fails the test when a tool among them has what the desktop gave to the window alone.
     QStringList processes() const;
 
 private:

@@ -82,13 +82,15 @@ void MainWindow::showAbout()
 
 void MainWindow::comeToFront(const QString &address, const QString &activationToken)
 {
-    // Where focus must not be taken unasked, this says that the user did ask.
-    if (!activationToken.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
+    // Where focus must not be taken unasked, this says that the user did ask. Qt takes it from here
+    // only; no tool inherits it, whatever thread starts one now.
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
     activateWindow();
+    qunsetenv("XDG_ACTIVATION_TOKEN");
     if (!address.isEmpty())
         m_content->lookUp(address);
 }

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <optional>
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
@@ -90,6 +91,13 @@ private:
     posix_spawnattr_t m_attributes{};
 };
 
+/// What programs inherit once it is fixed.
+std::optional<StringVector> &fixedEnvironment()
+{
+    static std::optional<StringVector> environment;
+    return environment;
+}
+
 pid_t spawn(const ProcessRunner::Command &command, const Pipe &output, const Pipe &error)
 {
     const QByteArray path = QFile::encodeName(command.path);
@@ -102,6 +110,11 @@ pid_t spawn(const ProcessRunner::Command &command, const Pipe &output, const Pip
     if (command.environment) {
         for (const auto &[name, value] : *command.environment)
             environment.append(QString(name + u'=' + value).toUtf8());
+    } else if (fixedEnvironment()) {
+        environment = *fixedEnvironment();
+    } else {
+        for (char **variable = environ; *variable; ++variable)
+            environment.append(*variable);
     }
 
     FileActions actions;
@@ -111,8 +124,7 @@ pid_t spawn(const ProcessRunner::Command &command, const Pipe &output, const Pip
 
     pid_t process = 0;
     throwIfFailed(::posix_spawn(&process, path.constData(), actions.get(), attributes.get(),
-                                arguments.data(),
-                                command.environment ? environment.data() : environ),
+                                arguments.data(), environment.data()),
                   path.toStdString());
     return process;
 }
@@ -136,6 +148,17 @@ FileDescriptor nonBlocking(FileDescriptor descriptor)
 }
 
 } // namespace
+
+void ProcessRunner::fixEnvironment(const QByteArrayList &without)
+{
+    StringVector environment;
+    for (char **variable = environ; *variable; ++variable) {
+        const QByteArray text = *variable;
+        if (!without.contains(text.left(text.indexOf('='))))
+            environment.append(text);
+    }
+    fixedEnvironment() = std::move(environment);
+}
 
 ChildProcess::ChildProcess(const ProcessRunner::Command &command) : ChildProcess(command, Ends())
 {

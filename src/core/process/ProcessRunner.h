@@ -2,6 +2,7 @@
 
 #include "core/Error.h"
 
+#include <QByteArrayList>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -31,7 +32,8 @@ using Environment = std::map<QString, QString>;
 struct Command {
     QString path; ///< absolute path of the executable; it is not searched for
     QStringList args; ///< the argument vector without the program's name; no shell reads it
-    std::optional<Environment> environment = std::nullopt; ///< the whole environment; absent: ours
+    /// The whole environment; absent: ours, or what `fixEnvironment` made of it.
+    std::optional<Environment> environment = std::nullopt;
     std::chrono::milliseconds terminationGrace = std::chrono::seconds(5);
 };
 
@@ -60,6 +62,11 @@ struct Output {
     QString standardOutput;
     QString standardError;
 };
+
+/// From now on programs inherit the environment as it is at this moment, but for the variables
+/// `without`, whatever we do to ours afterwards. Call before there are other threads: they read
+/// ours while they start a program.
+void fixEnvironment(const QByteArrayList &without);
 
 /// One non-empty line without its line end. The text lives only during the call.
 ///

@@ -230,6 +230,14 @@ TEST_F(WindowTest, ALinkDroppedOnTheAddressIsLookedUp)
     await(u"Is this the right video?"_s);
 }
 
+TEST_F(WindowTest, KeepsNoActivationTokenOnceItIsInFront)
+{
+    open();
+    window().comeToFront({}, u"asked-by-the-user"_s);
+    EXPECT_TRUE(window().isActiveWindow());
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
 TEST_F(WindowTest, ClosingStopsTheRunningTool)
 {
     open();
