@@ -11,6 +11,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+// More than the longest path takes. A tool's line may be a megabyte.
+constexpr qsizetype longestLine = 5000;
+
 /// The terminal's width in columns; a usual one when it does not say.
 int columns(std::FILE *terminal)
 {
@@ -35,7 +38,7 @@ ProgressReport::~ProgressReport()
 void ProgressReport::line(const QString &text)
 {
     clear();
-    write(forTerminal(text) + u'\n');
+    write(forTerminal(text.left(longestLine)) + u'\n');
 }
 
 void ProgressReport::status(const QString &text)

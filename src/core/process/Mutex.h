@@ -29,6 +29,13 @@ public:
         m_value = std::move(value);
     }
 
+    /// Runs `change` on the value as one step, and returns what it returns.
+    template <typename Change> auto apply(Change change)
+    {
+        const std::lock_guard lock(m_lock);
+        return change(m_value);
+    }
+
     /// Sets the flag and says whether it had been set before, as one step.
     bool testAndSet() requires std::same_as<Value, bool>
     {

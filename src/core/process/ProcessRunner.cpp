@@ -1,8 +1,10 @@
 #include "core/process/ProcessRunner.h"
 
+#include "core/process/BoundedLog.h"
 #include "core/process/ChildProcess.h"
 #include "core/process/StopSignal.h"
 
+#include <QFileInfo>
 #include <QThreadPool>
 
 #include <algorithm>
@@ -14,6 +16,7 @@
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
+#include <utility>
 
 namespace clipwren::ProcessRunner {
 namespace {
@@ -188,31 +191,62 @@ void handOnLines(QStringView text, const LineHandler &onLine)
     }
 }
 
-/// Hands on the lines of each chunk, and keeps the chunk's text when asked to.
-ChunkHandler lineSplitter(const LineHandler &onLine, QByteArray *collected = nullptr)
+/// How many bytes at the end of a piece of UTF-8 are a character whose rest has yet to come.
+qsizetype unfinishedBytes(QByteArrayView text)
 {
-    return [&onLine, collected](QByteArrayView chunk) {
-        if (!QUtf8StringView(chunk).isValidUtf8())
+    for (qsizetype count = 1; count <= std::min<qsizetype>(text.size(), 3); ++count) {
+        const auto byte = static_cast<unsigned char>(text[text.size() - count]);
+        if (byte < 0x80)
+            return 0;
+        if (byte >= 0xc0) {
+            const int length = byte >= 0xf0 ? 4 : byte >= 0xe0 ? 3 : 2;
+            return length > count ? count : 0;
+        }
+    }
+    return 0;
+}
+
+/// Hands on the lines of each chunk, and keeps the chunk's text when asked to. A character that two
+/// chunks share counts to the second.
+ChunkHandler lineSplitter(const LineHandler &onLine, BoundedLog *collected = nullptr)
+{
+    return [&onLine, collected, carried = QByteArray()](QByteArrayView chunk) mutable {
+        QByteArray text = std::exchange(carried, {});
+        text.append(chunk);
+        if (!QUtf8StringView(text.chopped(unfinishedBytes(text))).isValidUtf8())
+            text = chunk.toByteArray();
+        carried = text.last(unfinishedBytes(text));
+        text.chop(carried.size());
+        if (!QUtf8StringView(text).isValidUtf8())
             return;
         if (collected)
-            collected->append(chunk);
-        handOnLines(QString::fromUtf8(chunk), onLine);
+            collected->append(text);
+        handOnLines(QString::fromUtf8(text), onLine);
     };
 }
 
-ChunkHandler collector(QByteArray &collected)
+ChunkHandler collector(QByteArray &collected, const Command &command)
+{
+    return [&collected, &command](QByteArrayView chunk) {
+        if (chunk.size() > command.outputLimit - collected.size())
+            throw OutputLimitError(command);
+        collected.append(chunk);
+    };
+}
+
+ChunkHandler collector(BoundedLog &collected)
 {
     return [&collected](QByteArrayView chunk) { collected.append(chunk); };
 }
 
 /// How the end of a streamed program is reported.
-void throwUnlessSucceeded(const ChildProcess::Exit &exit, const QByteArray &standardError)
+void throwUnlessSucceeded(const ChildProcess::Exit &exit, const BoundedLog &standardError)
 {
     // Programs that catch SIGTERM themselves end with its number, or with 128 more, as shells do.
     if (exit.bySignal || exit.status == SIGTERM || exit.status == 128 + SIGTERM)
         throw CancellationError();
     if (exit.status != 0)
-        throw ProcessError(exit.status, QString::fromUtf8(standardError));
+        throw ProcessError(exit.status, standardError.text());
 }
 
 } // namespace
@@ -227,12 +261,19 @@ TimeoutError::TimeoutError() : Error(QStringLiteral("Operation timed out"))
 {
 }
 
+OutputLimitError::OutputLimitError(const Command &command)
+    : Error(QStringLiteral("%1 wrote more than %2 MB and was stopped")
+                .arg(QFileInfo(command.path).fileName())
+                .arg(command.outputLimit / 1024 / 1024))
+{
+}
+
 QString runCapturing(const Command &command, std::optional<std::chrono::duration<double>> timeout,
                      std::stop_token stop)
 {
     QByteArray output;
-    QByteArray error;
-    Run run(command, collector(output), collector(error));
+    BoundedLog error;
+    Run run(command, collector(output, command), collector(error));
     std::optional<Clock::time_point> deadline;
     if (timeout) {
         const std::chrono::duration<double> limit = std::min(*timeout, longestTimeout);
@@ -240,7 +281,7 @@ QString runCapturing(const Command &command, std::optional<std::chrono::duration
     }
     const ChildProcess::Exit exit = run.finish(stop, deadline);
     if (exit.status != 0)
-        throw ProcessError(exit.status, QString::fromUtf8(error));
+        throw ProcessError(exit.status, error.text());
     return QString::fromUtf8(output);
 }
 
@@ -251,7 +292,7 @@ void killStragglers()
 
 void runStreaming(const Command &command, const LineHandler &onLine, std::stop_token stop)
 {
-    QByteArray error;
+    BoundedLog error;
     Run run(command, lineSplitter(onLine), lineSplitter(onLine, &error));
     throwUnlessSucceeded(run.finish(stop), error);
 }
@@ -260,10 +301,10 @@ Output runCapturingStdoutStreamingStderr(const Command &command, const LineHandl
                                          std::stop_token stop)
 {
     QByteArray output;
-    QByteArray error;
-    Run run(command, collector(output), lineSplitter(onStderrLine, &error));
+    BoundedLog error;
+    Run run(command, collector(output, command), lineSplitter(onStderrLine, &error));
     throwUnlessSucceeded(run.finish(stop), error);
-    return {QString::fromUtf8(output), QString::fromUtf8(error)};
+    return {QString::fromUtf8(output), error.text()};
 }
 
 } // namespace clipwren::ProcessRunner

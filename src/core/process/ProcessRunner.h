@@ -17,7 +17,7 @@
 ///
 /// Every operation blocks the thread that calls it, so none is called on the user-interface
 /// thread. Each either returns or throws exactly one outcome:
-///  - `ProcessError`, `TimeoutError` or `CancellationError`, as said below;
+///  - `ProcessError`, `TimeoutError`, `OutputLimitError` or `CancellationError`, as said below;
 ///  - `std::system_error` with errno's text when the program cannot be started, or cannot be
 ///    waited for because the process ignores SIGCHLD.
 ///
@@ -35,6 +35,7 @@ struct Command {
     /// The whole environment; absent: ours, or what `fixEnvironment` made of it.
     std::optional<Environment> environment = std::nullopt;
     std::chrono::milliseconds terminationGrace = std::chrono::seconds(5);
+    qsizetype outputLimit = 64 * 1024 * 1024; ///< bytes of standard output that are kept at most
 };
 
 /// The program ended with a status other than 0.
@@ -44,7 +45,7 @@ public:
 
     /// The exit status, or the number of the signal that ended the program.
     int exitCode() const { return m_exitCode; }
-    /// All that the program wrote to its standard error.
+    /// What the program wrote to its standard error; of more than 2 MB the beginning and the end.
     QString standardError() const { return m_standardError; }
 
 private:
@@ -58,9 +59,15 @@ public:
     TimeoutError();
 };
 
+/// The program wrote more than `Command::outputLimit` where its output is wanted whole.
+class OutputLimitError : public Error {
+public:
+    explicit OutputLimitError(const Command &command);
+};
+
 struct Output {
     QString standardOutput;
-    QString standardError;
+    QString standardError; ///< of more than 2 MB the beginning and the end
 };
 
 /// From now on programs inherit the environment as it is at this moment, but for the variables
@@ -72,10 +79,12 @@ void fixEnvironment(const QByteArrayList &without);
 ///
 /// Called on the thread that runs the operation, while the program runs. Two streams of one
 /// program are not ordered against each other. A line that reaches us in two pieces of output
-/// comes as two lines; output that is not UTF-8 is left out piece by piece.
+/// comes as two lines, so that none is longer than a piece, which is 64 KB; output that is not
+/// UTF-8 is left out piece by piece.
 using LineHandler = std::function<void(QStringView line)>;
 
-/// Runs the program and returns its whole standard output.
+/// Runs the program and returns its whole standard output. A program that writes more than
+/// `Command::outputLimit` is killed.
 ///
 /// `timeout`, in seconds, is finite and not negative. When it passes, the call fails at once with
 /// `TimeoutError`; the program is stopped behind it. Any other status than 0, a signal included,
@@ -94,8 +103,8 @@ void killStragglers();
 /// for any other status than 0.
 void runStreaming(const Command &command, const LineHandler &onLine, std::stop_token stop = {});
 
-/// Runs the program, hands on every line of its standard error, and returns both outputs whole.
-/// Throws as `runStreaming` does.
+/// Runs the program, hands on every line of its standard error, and returns both outputs. Throws as
+/// `runStreaming` does; a program that writes more than `Command::outputLimit` is killed.
 Output runCapturingStdoutStreamingStderr(const Command &command, const LineHandler &onStderrLine,
                                          std::stop_token stop = {});
 

@@ -1,8 +1,11 @@
 #include "core/tasks/BackgroundTask.h"
 
+#include "core/process/Mutex.h"
+
 #include <QCoreApplication>
 #include <QThreadPool>
 
+#include <deque>
 #include <limits>
 #include <utility>
 
@@ -33,6 +36,38 @@ void runOnUserInterfaceThread(std::function<void()> function)
     if (QCoreApplication *application = QCoreApplication::instance())
         QMetaObject::invokeMethod(application, std::move(function), Qt::QueuedConnection);
 }
+
+/// What one task has posted and what has not been run yet, in order.
+class Waiting {
+public:
+    /// False when the function took the place of the one before it, so that none is added.
+    bool append(std::function<void()> function)
+    {
+        // More than the user-interface thread is behind by: only the newest of them tells
+        // something.
+        constexpr std::size_t most = 256;
+        return m_functions.apply([&](std::deque<std::function<void()>> &functions) {
+            if (functions.size() < most) {
+                functions.push_back(std::move(function));
+                return true;
+            }
+            functions.back() = std::move(function);
+            return false;
+        });
+    }
+
+    std::function<void()> takeFirst()
+    {
+        return m_functions.apply([](std::deque<std::function<void()>> &functions) {
+            auto first = std::move(functions.front());
+            functions.pop_front();
+            return first;
+        });
+    }
+
+private:
+    Mutex<std::deque<std::function<void()>>> m_functions;
+};
 
 } // namespace
 
@@ -91,10 +126,14 @@ BackgroundTask::launch(std::function<Finish(const std::stop_token &, const Post 
     pool().start([state, work = std::move(work)] {
         const std::stop_callback ending(everything().get_token(),
                                         [&state] { state->stop.request_stop(); });
-        const Post post = [state](std::function<void()> function) {
-            runOnUserInterfaceThread([state, function = std::move(function)] {
+        const auto waiting = std::make_shared<Waiting>();
+        const Post post = [state, waiting](std::function<void()> function) {
+            if (!waiting->append(std::move(function)))
+                return;
+            runOnUserInterfaceThread([state, waiting] {
+                const std::function<void()> next = waiting->takeFirst();
                 if (!state->dropped)
-                    function();
+                    next();
             });
         };
         runOnUserInterfaceThread([state, finish = work(state->stop.get_token(), post)] {

@@ -18,7 +18,8 @@ class BackgroundTask {
 public:
     /// Runs a function on the user-interface thread unless the task was dropped meanwhile.
     /// May be called on any thread while the work runs; calls keep their order, and all come
-    /// before the outcome.
+    /// before the outcome. Of hundreds that are posted faster than they are run, some are left out,
+    /// never the last.
     using Post = std::function<void(std::function<void()>)>;
 
     BackgroundTask() = default;

@@ -54,13 +54,16 @@ std::optional<double> fractionIn(const QList<QStringView> &pieces)
     return number && *number >= 0 ? std::optional(*number / 100) : std::nullopt;
 }
 
+// Far more than a speed or a time takes.
+constexpr qsizetype longestField = 100;
+
 QString statusIn(const QList<QStringView> &pieces)
 {
     QStringList known;
     for (const qsizetype field : {2, 4}) {
         const QStringView text = pieces.value(field);
         if (!text.isEmpty() && text != u"NA")
-            known.append(text.toString());
+            known.append(text.left(longestField).toString());
     }
     return known.join(QStringLiteral(" · "));
 }

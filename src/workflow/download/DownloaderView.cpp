@@ -14,6 +14,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const QString outputFormatKey = u"outputFormat"_s;
+// Far more than there is room for.
+constexpr qsizetype longestStatus = 500;
 
 /// URL classes write schemes in lower case, so the text is looked at as it was typed.
 bool isWebAddress(const QString &text)
@@ -125,8 +127,8 @@ void DownloaderView::startLookup(const QString &address)
         [this, service = ytDlp(), address](const std::stop_token &stop,
                                            const BackgroundTask::Post &post) {
             const auto onStatus = [this, &post](const QString &line) {
-                post([this, line] {
-                    m_fetchStatus = line;
+                post([this, status = line.left(longestStatus)] {
+                    m_fetchStatus = status;
                     Q_EMIT changed();
                 });
             };

@@ -1,5 +1,6 @@
 #include "core/process/ProcessRunner.h"
 
+#include "core/process/BoundedLog.h"
 #include "support/LeakCheck.h"
 
 #include <QElapsedTimer>
@@ -138,6 +139,9 @@ TEST(ProcessRunner, SplitsOutputAtEitherLineEnd)
         {u"printf '10%%\\r20%%\\r'"_s, {"10%", "20%"}},
         {u"printf '\\n\\r\\n'"_s, {}},
         {u"printf 'gr\\303\\274n\\n'"_s, {"grün"}},
+        // A character that comes in two pieces.
+        {u"printf 'gr\\303'; sleep 0.1; printf '\\274n\n'"_s, {"gr", "ün"}},
+        {u"printf 'a\\303'; sleep 0.1; printf 'ok\n'"_s, {"a", "ok"}},
         // Not UTF-8 as a whole: the piece is left out, later ones come.
         {u"printf 'x\\377y\\n'; sleep 0.1; printf 'ok\\n'"_s, {"ok"}},
     };
@@ -164,12 +168,64 @@ TEST(ProcessRunner, CapturesOneStreamAndStreamsTheOther)
 
 TEST(ProcessRunner, ReadsMoreThanAPipeHoldsFromBothStreams)
 {
-    const Command flood = shell(u"head -c 3000000 /dev/zero | tr '\\0' e >&2;"
+    const Command flood = shell(u"head -c 1500000 /dev/zero | tr '\\0' e >&2;"
                                 " head -c 5000000 /dev/zero | tr '\\0' o"_s);
     EXPECT_EQ(ProcessRunner::runCapturing(flood).size(), 5'000'000);
     const auto output = ProcessRunner::runCapturingStdoutStreamingStderr(flood, [](QStringView) {});
     EXPECT_EQ(output.standardOutput.size(), 5'000'000);
-    EXPECT_EQ(output.standardError.size(), 3'000'000);
+    EXPECT_EQ(output.standardError.size(), 1'500'000);
+}
+
+TEST(ProcessRunner, KeepsTheBeginningAndTheEndOfALongLog)
+{
+    const Command flood =
+        shell(u"{ echo first; yes 'gr\u00fcn' | head -c 9000000; echo; echo last; }"
+              " >&2; exit 1"_s);
+    const auto ignore = [](QStringView) {};
+    const std::function<void()> operations[] = {
+        [&] { ProcessRunner::runCapturing(flood); },
+        [&] { ProcessRunner::runStreaming(flood, ignore); },
+        [&] { ProcessRunner::runCapturingStdoutStreamingStderr(flood, ignore); }};
+    for (const auto &operation : operations) {
+        try {
+            operation();
+            ADD_FAILURE();
+        } catch (const ProcessError &error) {
+            const QString log = error.standardError();
+            EXPECT_LT(log.size(), 2'200'000);
+            EXPECT_TRUE(log.startsWith(u"first\ngr\u00fcn\n"_s));
+            EXPECT_TRUE(log.endsWith(u"\nlast\n"_s));
+            EXPECT_TRUE(log.contains(u" bytes left out …\ngr\u00fcn\n"_s));
+        }
+    }
+}
+
+TEST(BoundedLog, LeavesOutWholeLinesOrCharactersAndCountsThem)
+{
+    const std::pair<QByteArray, QString> cases[] = {
+        {"0123456789abcdefghij", u"0123456789abcdefghij"_s},
+        {"one\ntwo\nthree\nfour\nfive\n", u"one\ntwo\n… 11 bytes left out …\nfive\n"_s},
+        {"\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fcx",
+         u"üüüü\n… 6 bytes left out …\nüüüüx"_s},
+    };
+    for (const auto &[text, expected] : cases) {
+        for (const qsizetype piece : {1, 7, 100}) {
+            BoundedLog log(10);
+            for (qsizetype from = 0; from < text.size(); from += piece)
+                log.append(text.mid(from, piece));
+            EXPECT_EQ(log.text().toStdString(), expected.toStdString());
+        }
+    }
+}
+
+TEST(ProcessRunner, EndsAProgramThatWritesWithoutEnd)
+{
+    Command endless = shell(u"exec yes"_s);
+    endless.outputLimit = 2 * 1024 * 1024;
+    EXPECT_EQ(failureOf(endless), "sh wrote more than 2 MB and was stopped");
+    EXPECT_THROW(ProcessRunner::runCapturingStdoutStreamingStderr(endless, [](QStringView) {}),
+                 ProcessRunner::OutputLimitError);
+    EXPECT_EQ(test::childCount(), 0);
 }
 
 TEST(ProcessRunner, DeliversWhatIsWrittenLast)

@@ -44,6 +44,25 @@ TEST(BackgroundTask, DeliversPostsThenTheResultOnTheCallersThread)
     EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
 }
 
+TEST(BackgroundTask, KeepsFewPostsThatNobodyRunsAndAlwaysTheLast)
+{
+    std::vector<int> seen;
+    const auto counted = std::make_shared<int>();
+    bool done = false;
+    const auto task = BackgroundTask::start(
+        [&](const std::stop_token &, const Post &post) {
+            for (int value = 0; value < 100'000; ++value)
+                post([&seen, value, counted] { seen.push_back(value); });
+        },
+        [&] { done = true; }, fail);
+    // The user-interface thread is busy with something else.
+    EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(20)));
+    EXPECT_LT(counted.use_count(), 1000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return done; }));
+    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
+    EXPECT_EQ(seen.back(), 99'999);
+}
+
 TEST(BackgroundTask, CancellingLetsTheOutcomeArrive)
 {
     bool cancelled = false;

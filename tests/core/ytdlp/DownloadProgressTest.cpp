@@ -29,6 +29,8 @@ TEST(DownloadProgress, readsBothFormsOfALine)
         EXPECT_DOUBLE_EQ(progress->fraction, fraction) << line;
         EXPECT_EQ(progress->status, status) << line;
     }
+    const QString endless(50'000, u'x');
+    EXPECT_LT(DownloadProgress::fromLine(u"5%||%1||%1"_s.arg(endless))->status.size(), 500);
     // Without the word it takes three fields and nothing else.
     for (const char *line : {"download:-1%||a||b", "download:nan%||a||b", "download:4,5%||a||b",
                              "download: %||a||b", "download:NA||NA||NA", " download:5%||a||b", "5%",
