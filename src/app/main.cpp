@@ -44,12 +44,14 @@ int print(std::FILE *output, const QString &text, int status)
 }
 
 /// The tools inherit our input. ffmpeg takes what is typed for commands ("q" ends it as if all were
-/// encoded), swallows a script's list of addresses, and stops when it runs in the background.
-void leaveInputAlone()
+/// encoded), and swallows a script's list of addresses. Nor may a pipe to a tool take the number of
+/// an output that we were started without.
+void settleStandardDescriptors()
 {
-    const int nothing = ::open("/dev/null", O_RDONLY);
-    if (nothing <= STDIN_FILENO)
-        return;
+    int nothing = 0;
+    do
+        nothing = ::open("/dev/null", O_RDWR);
+    while (nothing >= 0 && nothing <= STDERR_FILENO);
     ::dup2(nothing, STDIN_FILENO);
     ::close(nothing);
 }
@@ -76,7 +78,7 @@ int run(int &argc, char *argv[])
         return print(stdout, usage(), 0);
     if (first == "--version"_L1)
         return print(stdout, u"clipwren " CLIPWREN_VERSION "\n"_s, 0);
-    leaveInputAlone();
+    settleStandardDescriptors();
     // A reader of our output that has gone is no reason to lose the record of a saved file.
     std::signal(SIGPIPE, SIG_IGN);
     // Some starters ignore it, and the system then keeps no child's exit status for us.

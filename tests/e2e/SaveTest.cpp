@@ -189,11 +189,15 @@ TEST_F(SaveTest, anInterruptStopsTheToolAndLeavesNothingRunning)
         QString file; ///< a part of a name in the downloads folder that shows it is at work
         int signal;
     };
-    const Case cases[] = {
-        {u"silent"_s, {}, u" -J "_s, {}, SIGTERM},
-        {u"slow"_s, {}, u" --newline "_s, u".part"_s, SIGINT},
-        {u"tide-clock-01"_s, {u"--format=proRes422"_s}, u" -progress "_s, u".mov"_s, SIGTERM},
-    };
+    const Case look{u"silent"_s, {}, u" -J "_s, {}, SIGTERM};
+    const Case download{u"slow"_s, {}, u" --newline "_s, u".part"_s, SIGINT};
+    const Case convert{
+        u"tide-clock-01"_s, {u"--format=proRes422"_s}, u" -progress "_s, u".mov"_s, SIGTERM};
+    std::vector<Case> cases{look, download, convert};
+    for (Case killed : {look, download, convert}) {
+        killed.signal = SIGKILL;
+        cases.push_back(killed);
+    }
     for (const Case &c : cases) {
         SCOPED_TRACE(c.page.toStdString());
         // The home's path in the address marks every tool that is run for it.
@@ -208,7 +212,8 @@ TEST_F(SaveTest, anInterruptStopsTheToolAndLeavesNothingRunning)
                 60'000));
             ::kill(static_cast<pid_t>(program.processId()), c.signal);
         });
-        EXPECT_EQ(outcome.exitStatus, 130) << outcome.standardError.toStdString();
+        EXPECT_EQ(outcome.exitStatus, c.signal == SIGKILL ? 137 : 130)
+            << outcome.standardError.toStdString();
         EXPECT_EQ(outcome.standardOutput, QString());
     }
 }

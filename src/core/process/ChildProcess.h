@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/process/Descendants.h"
 #include "core/process/ExitNotifier.h"
 #include "core/process/FileDescriptor.h"
 
@@ -38,6 +39,9 @@ public:
     /// other than those: the program keeps its number until it is reaped here.
     void signalAll(int signal);
 
+    /// What it has started and what may still run, also after its own exit. Call before `reap`.
+    Descendants takeDescendants();
+
     /// Waits for the exit and reaps the program. Throws `std::system_error` when how it ended
     /// cannot be learned.
     Exit reap();
@@ -51,6 +55,7 @@ private:
 
     pid_t m_process; ///< 0 once reaped
     ExitNotifier m_exitNotifier;
+    Descendants m_signalled;
     FileDescriptor m_standardOutput;
     FileDescriptor m_standardError;
 };

@@ -1,5 +1,9 @@
 #include "core/process/Descendants.h"
 
+#include <algorithm>
+#include <iterator>
+#include <poll.h>
+
 #ifdef __linux__
 
 #include <QByteArray>
@@ -16,21 +20,24 @@ extern "C" {
 namespace clipwren {
 namespace {
 
-std::optional<pid_t> parentOf(pid_t process)
-{
-    QFile file(QStringLiteral("/proc/%1/stat").arg(process));
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray line = file.readAll();
-    // "pid (name) state parent …"; the name itself may hold blanks and brackets.
-    const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 1).simplified().split(' ');
-    return fields.size() > 1 ? std::optional<pid_t>(fields[1].toInt()) : std::nullopt;
-}
-
 struct Process {
     pid_t id;
     pid_t parent;
+    pid_t session;
 };
+
+std::optional<Process> processWith(pid_t id)
+{
+    QFile file(QStringLiteral("/proc/%1/stat").arg(id));
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray line = file.readAll();
+    // "pid (name) state parent group session …"; the name itself may hold blanks and brackets.
+    const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 1).simplified().split(' ');
+    if (fields.size() < 4 || fields[0] == "Z")
+        return std::nullopt;
+    return Process{id, fields[1].toInt(), fields[3].toInt()};
+}
 
 std::vector<Process> allProcesses()
 {
@@ -41,31 +48,33 @@ std::vector<Process> allProcesses()
         const pid_t id = name.toInt(&isNumber);
         if (!isNumber)
             continue;
-        if (const auto parent = parentOf(id))
-            processes.push_back({id, *parent});
+        if (const auto process = processWith(id))
+            processes.push_back(*process);
     }
     return processes;
 }
 
 } // namespace
 
-Descendants::Descendants(pid_t ancestor)
+Descendants::Descendants(pid_t leader)
 {
     const std::vector<Process> processes = allProcesses();
-    std::set<pid_t> family{ancestor};
+    std::set<pid_t> family{leader};
     for (bool grew = true; grew;) {
         grew = false;
         for (const Process &process : processes) {
-            if (family.contains(process.parent) && family.insert(process.id).second)
+            if ((process.session == leader || family.contains(process.parent))
+                && family.insert(process.id).second)
                 grew = true;
         }
     }
     for (const Process &process : processes) {
-        if (process.id == ancestor || !family.contains(process.id))
+        if (process.id == leader || !family.contains(process.id))
             continue;
         // The number may belong to another process by now: take a handle, then look again.
         FileDescriptor handle(::pidfd_open(process.id, 0));
-        if (handle.isOpen() && parentOf(process.id) == process.parent)
+        const auto again = processWith(process.id);
+        if (handle.isOpen() && again && again->session == process.session)
             m_handles.push_back(std::move(handle));
     }
 }
@@ -93,3 +102,32 @@ void Descendants::signal(int) const
 } // namespace clipwren
 
 #endif
+
+namespace clipwren {
+
+void Descendants::add(Descendants others)
+{
+    std::ranges::move(others.m_handles, std::back_inserter(m_handles));
+}
+
+bool Descendants::waitUntil(std::chrono::steady_clock::time_point end, int interrupting)
+{
+    while (!m_handles.empty()) {
+        // A handle becomes readable when its process has ended.
+        std::vector<pollfd> events{{interrupting, POLLIN, 0}};
+        for (const FileDescriptor &handle : m_handles)
+            events.push_back({handle.get(), POLLIN, 0});
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
+        if (left.count() <= 0)
+            return false;
+        ::poll(events.data(), events.size(), static_cast<int>(left.count()));
+        if (events.front().revents != 0)
+            return false;
+        auto event = std::next(events.begin());
+        std::erase_if(m_handles, [&](const FileDescriptor &) { return (event++)->revents != 0; });
+    }
+    return true;
+}
+
+} // namespace clipwren

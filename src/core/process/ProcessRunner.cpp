@@ -31,7 +31,8 @@ constexpr qsizetype chunkSize = 64 * 1024;
 // Some thirty years: what is longer would not fit the clock's whole nanoseconds.
 constexpr std::chrono::duration<double> longestTimeout{1e9};
 
-/// Programs that outlived their time limit, each seen to its end on a thread of its own.
+/// Programs that outlived their time limit, and what programs have left running behind them, each
+/// seen to its end on a thread of its own.
 class Stragglers {
 public:
     Stragglers()
@@ -51,16 +52,32 @@ public:
         child.standardOutput().close();
         child.standardError().close();
         child.signalAll(SIGTERM);
-        m_threads.start([child = std::make_shared<ChildProcess>(std::move(child)), grace,
-                         stop = m_stop.get_token()] {
+        m_threads.start([child = std::make_shared<ChildProcess>(std::move(child)),
+                         end = Clock::now() + grace, grace, stop = m_stop.get_token()] {
             const StopSignal stopSignal(stop);
             std::array<pollfd, 2> events{pollfd{child->exitDescriptor(), POLLIN, 0},
                                          pollfd{stopSignal.descriptor(), POLLIN, 0}};
             ::poll(events.data(), events.size(), static_cast<int>(grace.count()));
+            if (events.front().revents != 0)
+                killAfter(child->takeDescendants(), end, stopSignal);
         });
     }
 
+    void take(Descendants left, std::chrono::milliseconds grace)
+    {
+        left.signal(SIGTERM);
+        m_threads.start(
+            [left = std::make_shared<Descendants>(std::move(left)), end = Clock::now() + grace,
+             stop = m_stop.get_token()] { killAfter(std::move(*left), end, StopSignal(stop)); });
+    }
+
 private:
+    static void killAfter(Descendants left, Clock::time_point end, const StopSignal &stop)
+    {
+        if (!left.waitUntil(end, stop.descriptor()))
+            left.signal(SIGKILL);
+    }
+
     std::stop_source m_stop;
     QThreadPool m_threads;
 };
@@ -99,6 +116,7 @@ public:
             if (exit.revents != 0) {
                 readRest(m_child.standardOutput(), m_onOutput);
                 readRest(m_child.standardError(), m_onError);
+                endDescendants();
                 return m_child.reap();
             }
             if (output.revents != 0)
@@ -140,6 +158,21 @@ private:
             return;
         m_killAt.reset();
         m_child.signalAll(SIGKILL);
+    }
+
+    /// The program has ended. What it left running was not to outlive it.
+    void endDescendants()
+    {
+        Descendants left = m_child.takeDescendants();
+        if (left.isEmpty())
+            return;
+        if (!m_terminating) {
+            stragglers().take(std::move(left), m_grace);
+            return;
+        }
+        // It was asked to stop with the program. Whoever tries again finds nobody at its files.
+        if (!left.waitUntil(m_killAt.value_or(Clock::now())))
+            left.signal(SIGKILL);
     }
 
     /// Reads once. Returns how much came; closes the descriptor at the end of the output.

@@ -22,8 +22,10 @@
 ///    waited for because the process ignores SIGCHLD.
 ///
 /// A request to stop sends the program, and what it started itself, SIGTERM. The call then ends
-/// through the program's exit like any other run. A program that is still there after
-/// `Command::terminationGrace` is killed.
+/// through the program's exit like any other run, when what it started has ended, too. What is
+/// still there after `Command::terminationGrace` is killed. What a program leaves running at its
+/// own exit is stopped the same way behind the call. Programs do not outlive this process for long,
+/// however it ends.
 namespace clipwren::ProcessRunner {
 
 using Environment = std::map<QString, QString>;
@@ -93,8 +95,8 @@ QString runCapturing(const Command &command,
                      std::optional<std::chrono::duration<double>> timeout = std::nullopt,
                      std::stop_token stop = {});
 
-/// Kills what is still being stopped behind a call that has failed with `TimeoutError`, from now on
-/// at once. For the end of the process, when no operation runs any more.
+/// Kills what is still being stopped behind a call that has ended, from now on at once. For the end
+/// of the process, when no operation runs any more.
 void killStragglers();
 
 /// Runs the program and hands on every line of both its outputs.

@@ -1,14 +1,18 @@
 #include "core/process/ProcessRunner.h"
 
 #include "core/process/BoundedLog.h"
+#include "core/process/FileDescriptor.h"
 #include "support/LeakCheck.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 
+#include <array>
 #include <csignal>
 #include <cstdio>
 #include <gmock/gmock.h>
 #include <memory>
+#include <sys/wait.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
@@ -237,32 +241,69 @@ TEST(ProcessRunner, DeliversWhatIsWrittenLast)
     }
 }
 
-TEST(ProcessRunner, DoesNotWaitForAGrandchildThatKeepsThePipesOpen)
+bool isGone(const QString &process)
+{
+    // One that has ended and is still to be reaped by the system has none.
+    return test::eventually([&] {
+        QFile commandLine(u"/proc/%1/cmdline"_s.arg(process));
+        return !commandLine.open(QIODevice::ReadOnly) || commandLine.readAll().isEmpty();
+    });
+}
+
+TEST(ProcessRunner, StopsWhatAProgramLeavesBehindWithoutWaitingForIt)
 {
     QElapsedTimer timer;
     timer.start();
-    const QString output =
-        ProcessRunner::runCapturing(shell(u"sleep 30 & echo \"$!\"; yes >&2 & echo $!"_s));
-    EXPECT_LT(timer.elapsed(), 10'000);
+    Command command = shell(u"sleep 30 & echo $!; yes >&2 & echo $!;"
+                            " { trap '' TERM; exec sleep 30; } & echo $!"_s);
+    command.terminationGrace = 300ms;
+    const QString output = ProcessRunner::runCapturing(command);
+    EXPECT_LT(timer.elapsed(), 250);
     const QStringList processes = output.split(u'\n', Qt::SkipEmptyParts);
-    ASSERT_EQ(processes.size(), 2);
-    // Both would outlive the test: the second ends by itself, its pipe has no reader any more.
-    ::kill(processes[0].toInt(), SIGKILL);
+    ASSERT_EQ(processes.size(), 3);
+    for (const QString &process : processes)
+        EXPECT_TRUE(isGone(process));
 }
 
 TEST(ProcessRunner, StopsTheProgramAndWhatItStarted)
 {
     // The shell ends at once on SIGTERM and would leave its own child behind.
-    const Command parent = shell(u"sleep 60 & echo $!; wait"_s);
-    pid_t grandchild = 0;
-    std::stop_source stop;
-    const auto onLine = [&](QStringView line) {
-        grandchild = line.toInt();
-        stop.request_stop();
-    };
-    EXPECT_THROW(ProcessRunner::runStreaming(parent, onLine, stop.get_token()), CancellationError);
-    ASSERT_GT(grandchild, 1);
-    EXPECT_TRUE(test::eventually([&] { return ::kill(grandchild, 0) != 0; }));
+    for (const QString &child :
+         {u"exec sleep 60"_s, u"trap '' TERM; exec sleep 60"_s, u"exec setsid sleep 60"_s}) {
+        SCOPED_TRACE(child.toStdString());
+        Command parent = shell(u"{ %1; } & echo $!; wait"_s.arg(child));
+        parent.terminationGrace = 100ms;
+        QString grandchild;
+        std::stop_source stop;
+        const auto onLine = [&](QStringView line) {
+            grandchild = line.toString();
+            // It takes a moment to ignore what it ignores.
+            std::this_thread::sleep_for(20ms);
+            stop.request_stop();
+        };
+        EXPECT_THROW(ProcessRunner::runStreaming(parent, onLine, stop.get_token()),
+                     CancellationError);
+        ASSERT_GT(grandchild.toInt(), 1);
+        EXPECT_TRUE(isGone(grandchild));
+    }
+}
+
+TEST(ProcessRunner, EndsTheProgramWhenWeAreKilled)
+{
+    const Pipe pipe = Pipe::open();
+    const pid_t us = ::fork();
+    if (us == 0) {
+        ProcessRunner::runStreaming(shell(u"echo $$; exec sleep 60"_s), [&](QStringView line) {
+            const std::string id = line.toString().toStdString();
+            EXPECT_GT(::write(pipe.writeEnd.get(), id.data(), id.size()), 0);
+        });
+        ::_exit(0);
+    }
+    std::array<char, 16> id{};
+    EXPECT_GT(::read(pipe.readEnd.get(), id.data(), id.size()), 0);
+    ::kill(us, SIGKILL);
+    ::waitpid(us, nullptr, 0);
+    EXPECT_TRUE(isGone(QString::fromLatin1(id.data())));
 }
 
 TEST(ProcessRunner, KillsAProgramThatIgnoresTheRequest)
