@@ -1,6 +1,7 @@
 #include "app/window/AboutDialog.h"
 
 #include "core/process/ToolEnvironment.h"
+#include "core/ytdlp/DownloaderAge.h"
 #include "ui/components/Button.h"
 #include "ui/components/Label.h"
 
@@ -11,16 +12,20 @@
 namespace clipwren {
 namespace {
 
-QString versionText(const std::optional<QString> &path, const std::optional<QString> &version)
+QString versionText(const std::optional<QString> &path, const std::optional<QString> &version,
+                    const std::optional<QString> &age = {})
 {
     if (!path)
         return AboutDialog::tr("Not installed");
-    return version && !version->isEmpty() ? *version : *path;
+    if (!version || version->isEmpty())
+        return *path;
+    return age ? QStringLiteral("%1 (%2)").arg(*version, *age) : *version;
 }
 
 } // namespace
 
-AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent) : QDialog(parent)
+AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent, const QDate &today)
+    : QDialog(parent)
 {
     setWindowTitle(tr("About Clipwren"));
     auto *column = new QVBoxLayout(this);
@@ -42,7 +47,9 @@ AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent) : QDialo
         value->setSelectable(true);
         form->addRow(new Label(Theme::TextStyle::Label, Theme::Color::Text, name), value);
     };
-    addTool(QStringLiteral("yt-dlp"), versionText(tools.ytDlpPath(), tools.ytDlpVersion()));
+    addTool(QStringLiteral("yt-dlp"),
+            versionText(tools.ytDlpPath(), tools.ytDlpVersion(),
+                        ageText(tools.ytDlpVersion().value_or(QString()), today)));
     addTool(QStringLiteral("ffmpeg"), versionText(tools.ffmpegPath(), tools.ffmpegVersion()));
     addTool(QStringLiteral("ffprobe"), versionText(tools.ffprobePath(), std::nullopt));
     column->addLayout(form);

@@ -1,3 +1,4 @@
+#include "app/window/AboutDialog.h"
 #include "core/media/FfmpegService.h"
 #include "e2e/window/WindowFixture.h"
 #include "support/FakeDownloader.h"
@@ -11,6 +12,7 @@
 #include <QComboBox>
 #include <QDropEvent>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
@@ -228,6 +230,19 @@ TEST_F(WindowTest, ALinkDroppedOnTheAddressIsLookedUp)
     QDropEvent drop({5, 5}, Qt::CopyAction, &link, Qt::LeftButton, {});
     QApplication::sendEvent(field, &drop);
     await(u"Is this the right video?"_s);
+}
+
+TEST_F(WindowTest, AboutTellsTheAgeOfTheDownloader)
+{
+    const FakeTools fakes;
+    fakes.add(u"yt-dlp"_s, u"echo 2023.03.04"_s);
+    open({fakes.directory()});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tools->ytDlpVersion().has_value(); }, 20'000));
+    const AboutDialog about(*tools, nullptr, QDate(2026, 5, 1));
+    QStringList texts;
+    for (const auto *label : about.findChildren<QLabel *>())
+        texts.append(label->text());
+    EXPECT_TRUE(texts.contains(u"2023.03.04 (over three years old)"_s));
 }
 
 TEST_F(WindowTest, KeepsNoActivationTokenOnceItIsInFront)
