@@ -1,6 +1,7 @@
 # Compiler settings that every target of ours shares, in one interface target.
 option(CLIPWREN_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 set(CLIPWREN_SANITIZER "" CACHE STRING "Sanitizers to build with, as for -fsanitize=")
+option(CLIPWREN_FUZZING "Build the fuzzers instead of the tests; needs clang" OFF)
 
 add_library(clipwren_options INTERFACE)
 target_include_directories(clipwren_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -20,6 +21,10 @@ if(CLIPWREN_SANITIZER)
     target_compile_options(clipwren_options INTERFACE
         -fsanitize=${CLIPWREN_SANITIZER} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     target_link_options(clipwren_options INTERFACE -fsanitize=${CLIPWREN_SANITIZER})
+endif()
+
+if(CLIPWREN_FUZZING)
+    target_compile_options(clipwren_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 find_program(CCACHE_PROGRAM ccache)

@@ -2,6 +2,7 @@
 
 #include "core/Error.h"
 #include "core/json/JsonObjectReader.h"
+#include "core/media/FfmpegProgress.h"
 #include "core/media/FfprobeReport.h"
 #include "core/media/OutputFile.h"
 #include "core/process/ProcessRunner.h"
@@ -56,23 +57,6 @@ QStringList transcodeArguments(const QString &input, const QString &output,
     arguments << QStringLiteral("-progress") << QStringLiteral("pipe:1")
               << QStringLiteral("-nostats") << output;
     return arguments;
-}
-
-/// What a line of ffmpeg's progress report says of the whole; `total` is in microseconds, 0 when
-/// not known.
-std::optional<double> fractionIn(QStringView line, double total)
-{
-    const qsizetype equals = line.indexOf(u'=');
-    if (equals < 0)
-        return std::nullopt;
-    const QStringView key = line.first(equals);
-    const QStringView value = line.sliced(equals + 1);
-    if (key == u"progress" && value == u"end")
-        return 1.0;
-    if (key != u"out_time_us" || total <= 0)
-        return std::nullopt;
-    const auto time = readNumber(value);
-    return time ? std::optional(std::clamp(*time / total, 0.0, 1.0)) : std::nullopt;
 }
 
 /// Seconds; 0 when they cannot be found out, which only costs the progress in between.
@@ -162,8 +146,7 @@ QString FfmpegService::transcode(const QString &input, const EncodeProfile &prof
         ProcessRunner::runStreaming(
             {ffmpegPath, transcodeArguments(input, output, profile, trim)},
             [&](QStringView line) {
-                if (const auto fraction = fractionIn(line, seconds * 1'000'000);
-                    fraction && onProgress)
+                if (const auto fraction = ffmpegFraction(line, seconds); fraction && onProgress)
                     onProgress(*fraction);
             },
             stop);

@@ -2,6 +2,7 @@
 
 #include "core/process/BoundedLog.h"
 #include "core/process/ChildProcess.h"
+#include "core/process/LineSplitter.h"
 #include "core/process/StopSignal.h"
 
 #include <QFileInfo>
@@ -211,50 +212,13 @@ private:
     std::optional<Clock::time_point> m_killAt;
 };
 
-void handOnLines(QStringView text, const LineHandler &onLine)
-{
-    const char16_t *lineStart = text.utf16();
-    const char16_t *const end = lineStart + text.size();
-    for (const char16_t *position = lineStart; position <= end; ++position) {
-        if (position < end && *position != u'\n' && *position != u'\r')
-            continue;
-        if (position > lineStart)
-            onLine(QStringView(lineStart, position));
-        lineStart = position + 1;
-    }
-}
-
-/// How many bytes at the end of a piece of UTF-8 are a character whose rest has yet to come.
-qsizetype unfinishedBytes(QByteArrayView text)
-{
-    for (qsizetype count = 1; count <= std::min<qsizetype>(text.size(), 3); ++count) {
-        const auto byte = static_cast<unsigned char>(text[text.size() - count]);
-        if (byte < 0x80)
-            return 0;
-        if (byte >= 0xc0) {
-            const int length = byte >= 0xf0 ? 4 : byte >= 0xe0 ? 3 : 2;
-            return length > count ? count : 0;
-        }
-    }
-    return 0;
-}
-
-/// Hands on the lines of each chunk, and keeps the chunk's text when asked to. A character that two
-/// chunks share counts to the second.
+/// Hands on the lines of each chunk, and keeps the chunk's text when asked to.
 ChunkHandler lineSplitter(const LineHandler &onLine, BoundedLog *collected = nullptr)
 {
-    return [&onLine, collected, carried = QByteArray()](QByteArrayView chunk) mutable {
-        QByteArray text = std::exchange(carried, {});
-        text.append(chunk);
-        if (!QUtf8StringView(text.chopped(unfinishedBytes(text))).isValidUtf8())
-            text = chunk.toByteArray();
-        carried = text.last(unfinishedBytes(text));
-        text.chop(carried.size());
-        if (!QUtf8StringView(text).isValidUtf8())
-            return;
+    return [&onLine, collected, splitter = LineSplitter()](QByteArrayView chunk) mutable {
+        const QByteArray text = splitter.take(chunk, onLine);
         if (collected)
             collected->append(text);
-        handOnLines(QString::fromUtf8(text), onLine);
     };
 }
 

@@ -89,4 +89,12 @@ QString DownloadProgress::progressTemplate()
                           "%(progress._eta_str)s");
 }
 
+std::optional<QString> reportedPath(QStringView line)
+{
+    constexpr QStringView pathPrefix = u"filepath:";
+    if (!line.startsWith(pathPrefix))
+        return std::nullopt;
+    return line.sliced(pathPrefix.size()).toString();
+}
+
 } // namespace clipwren

@@ -19,4 +19,8 @@ struct DownloadProgress {
     static QString progressTemplate();
 };
 
+/// The path in the line by which the tool names the finished file, as it stands there; nothing for
+/// other lines.
+std::optional<QString> reportedPath(QStringView line);
+
 } // namespace clipwren

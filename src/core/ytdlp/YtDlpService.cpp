@@ -183,9 +183,8 @@ QString YtDlpService::download(const QString &url, const QString &outputDirector
     ProcessRunner::runStreaming(
         {binaryPath, arguments},
         [&](QStringView line) {
-            constexpr QStringView pathPrefix = u"filepath:";
-            if (line.startsWith(pathPrefix))
-                finalPath = line.sliced(pathPrefix.size()).toString();
+            if (const auto path = reportedPath(line))
+                finalPath = *path;
             else if (const auto progress = DownloadProgress::fromLine(line); progress && onProgress)
                 onProgress(progress->fraction, progress->status);
         },
