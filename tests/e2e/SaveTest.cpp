@@ -1,8 +1,10 @@
 #include "core/media/FfmpegService.h"
 #include "core/process/ProcessRunner.h"
 #include "core/process/ToolEnvironment.h"
+#include "core/ytdlp/YtDlpService.h"
 #include "e2e/ProgramTest.h"
 #include "support/SampleSite.h"
+#include "workflow/download/FormatPromise.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -114,6 +116,31 @@ TEST_F(SaveTest, cutsAtTheVeryFrameAndKeepsTheFileOfAnEarlierSave)
     const double same = likeness(75);
     EXPECT_GT(same, likeness(74));
     EXPECT_GT(same, likeness(76));
+}
+
+TEST_F(SaveTest, savesWhatTheScreenShowsAndMakesNoCopies)
+{
+    const YtDlpService downloader{*m_tools.ytDlpPath(), *m_tools.ffmpegPath()};
+    const FfmpegService inspector{*m_tools.ffmpegPath(), *m_tools.ffprobePath()};
+    for (const QString &page : {u"tied"_s, u"tied-above"_s}) {
+        const VideoInfo info = downloader.fetchInfo(address(page), {}).info;
+        for (const FormatOption &option : offeredFormats(info)) {
+            if (option.kind == OutputFormat::proRes422 || option.kind == OutputFormat::audioMP3)
+                continue;
+            const QStringList format{u"--format"_s, rawValue(option.kind)};
+            const QString path = save(page, format).standardOutput;
+            const auto found = inspector.inspect(path.trimmed());
+            EXPECT_TRUE(option.title.endsWith(
+                u" — %1p %2"_s.arg(*found.height).arg(prettyCodecName(*found.videoCodec))))
+                << option.title.toStdString();
+            EXPECT_EQ(compatLevel(*found.videoCodec), option.compat);
+            EXPECT_EQ(save(page, format).standardOutput, path);
+        }
+    }
+    const QString mile = u"Three ways to row the same mile [tied-1].mp4"_s;
+    const QString pier = u"The same mile from the pier%1 [tied-above-1].mp4"_s;
+    // The second format of the second page is another file.
+    EXPECT_THAT(savedFiles(), UnorderedElementsAre(mile, pier.arg(QString()), pier.arg(u" 2"_s)));
 }
 
 TEST_F(SaveTest, tellsInOneSentenceWhyAVideoCannotBeSaved)

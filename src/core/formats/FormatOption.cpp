@@ -23,17 +23,6 @@ bool startsWithAny(const QString &text, std::initializer_list<QLatin1StringView>
                        [&](QLatin1StringView prefix) { return text.startsWith(prefix); });
 }
 
-/// Takes more prefixes for H.264 than the name does. An empty codec needs another player.
-CompatLevel compatLevel(const QString &codec)
-{
-    const QString name = codec.toLower();
-    if (startsWithAny(name, {"avc"_L1, "h264"_L1}))
-        return CompatLevel::macNative;
-    if (startsWithAny(name, {"hev"_L1, "hvc"_L1, "h265"_L1}))
-        return CompatLevel::macModern;
-    return CompatLevel::needsThirdParty;
-}
-
 struct ProResRate {
     qint64 maximumHeight;
     double bytesPerSecond;
@@ -65,19 +54,14 @@ bool namesCodec(const std::optional<QString> &codec)
     return codec && !codec->isEmpty() && codec->toLower() != u"none";
 }
 
-bool isVideo(const VideoFormat &format)
-{
-    return namesCodec(format.vcodec);
-}
-
 bool isH264Video(const VideoFormat &format)
 {
-    return isVideo(format) && format.vcodec->toLower().startsWith(u"avc1");
+    return carriesVideo(format) && format.vcodec->toLower().startsWith(u"avc1");
 }
 
 bool isM4aAudio(const VideoFormat &format)
 {
-    return namesCodec(format.acodec) && !isVideo(format) && format.ext == u"m4a";
+    return carriesAudio(format) && !carriesVideo(format) && format.ext == u"m4a";
 }
 
 qint64 heightOf(const VideoFormat &format)
@@ -172,17 +156,13 @@ FormatOption proRes422(qint64 height, double duration)
     return option;
 }
 
-QList<VideoFormat> formatsOf(const std::optional<VideoInfo> &info)
-{
-    return info ? info->formats.value_or(QList<VideoFormat>()) : QList<VideoFormat>();
-}
-
 } // namespace
 
 QList<FormatOption> FormatOption::options(const std::optional<VideoInfo> &info)
 {
-    const QList<VideoFormat> formats = formatsOf(info);
-    const auto video = bestVideoFormat(info);
+    const QList<VideoFormat> formats =
+        info ? info->formats.value_or(QList<VideoFormat>()) : QList<VideoFormat>();
+    const auto video = best(formats, carriesVideo, heightOf);
     const auto h264 = best(formats, isH264Video, heightOf);
     const qint64 audioBytes = sizeOf(best(formats, isM4aAudio, audioRateOf));
     const qint64 height = video ? heightOf(*video) : 0;
@@ -197,9 +177,24 @@ QList<FormatOption> FormatOption::options(const std::optional<VideoInfo> &info)
     return options;
 }
 
-std::optional<VideoFormat> bestVideoFormat(const std::optional<VideoInfo> &info)
+bool carriesVideo(const VideoFormat &format)
 {
-    return best(formatsOf(info), isVideo, heightOf);
+    return namesCodec(format.vcodec);
+}
+
+bool carriesAudio(const VideoFormat &format)
+{
+    return namesCodec(format.acodec);
+}
+
+CompatLevel compatLevel(const QString &codec)
+{
+    const QString name = codec.toLower();
+    if (startsWithAny(name, {"avc"_L1, "h264"_L1}))
+        return CompatLevel::macNative;
+    if (startsWithAny(name, {"hev"_L1, "hvc"_L1, "h265"_L1}))
+        return CompatLevel::macModern;
+    return CompatLevel::needsThirdParty;
 }
 
 QString prettyCodecName(const QString &codec)

@@ -27,9 +27,13 @@ struct FormatOption {
     bool operator==(const FormatOption &) const = default;
 };
 
-/// The format that "Best resolution" stands for: the first of the greatest height. Absent when the
-/// site offers no video.
-std::optional<VideoFormat> bestVideoFormat(const std::optional<VideoInfo> &info);
+/// False for "none", and for a codec that the site does not name.
+bool carriesVideo(const VideoFormat &format);
+bool carriesAudio(const VideoFormat &format);
+
+/// Of a codec's name as the site or ffprobe writes it; an empty one needs another player. Takes
+/// more prefixes for H.264 than `prettyCodecName`.
+CompatLevel compatLevel(const QString &codec);
 
 /// "H.264" for "avc1.64001F" or "h264"; in upper case what is not known.
 QString prettyCodecName(const QString &codec);

@@ -29,25 +29,19 @@ QString withoutVariables(QString text)
 // partial files have longer ones than the file.
 constexpr qsizetype maximumStemBytes = 200;
 
-/// Cuts between characters as people see them.
-QString firstBytes(const QString &text, qsizetype maximum)
+/// As the tool's template writes a text.
+QString escaped(QString text)
 {
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    qsizetype end = 0;
-    while (finder.toNextBoundary() >= 0
-           && QStringView(text).first(finder.position()).toUtf8().size() <= maximum)
-        end = finder.position();
-    return text.first(end);
+    return text.replace(u'%', QStringLiteral("%%"));
 }
 
 QString outputTemplate(const QString &directory, const std::optional<QString> &customFilename)
 {
     const QString stem = customFilename && !customFilename->isEmpty()
-        ? firstBytes(YtDlpService::sanitizeFilename(*customFilename), maximumStemBytes)
+        ? escaped(fileStem(*customFilename))
         : QStringLiteral("%(title).200B");
     // The whole path is a template, so a "%" in a folder's name is doubled too.
-    const QString folder = QString(directory).replace(u'%', QStringLiteral("%%"));
-    return withoutVariables(folder + u'/' + stem) + QStringLiteral(" [%(id)s].%(ext)s");
+    return withoutVariables(escaped(directory) + u'/' + stem) + QStringLiteral(" [%(id)s].%(ext)s");
 }
 
 QStringList formatArguments(OutputFormat format)
@@ -108,6 +102,25 @@ QStringList downloadArguments(const QString &url, const QString &outputDirectory
         QStringLiteral("after_move:filepath:%(filepath)s"),
     };
     return common + formatArguments(format) + QStringList{QStringLiteral("--"), url};
+}
+
+QString fileStem(const QString &customFilename)
+{
+    // Cut before a "%" is doubled again: half of a pair would begin a field of the template.
+    static const QRegularExpression doubled(QStringLiteral("%%?"));
+    QString stem = YtDlpService::sanitizeFilename(customFilename);
+    stem = firstBytes(stem.replace(doubled, QStringLiteral("%")), maximumStemBytes);
+    return stem.isEmpty() ? QStringLiteral("Untitled") : stem;
+}
+
+QString firstBytes(const QString &text, qsizetype maximum)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype end = 0;
+    while (finder.toNextBoundary() >= 0
+           && QStringView(text).first(finder.position()).toUtf8().size() <= maximum)
+        end = finder.position();
+    return text.first(end);
 }
 
 } // namespace clipwren

@@ -13,4 +13,10 @@ QStringList downloadArguments(const QString &url, const QString &outputDirectory
                               OutputFormat format, const std::optional<QString> &customFilename,
                               const QString &ffmpegPath);
 
+/// What stands before " [id]" in the name of a file that gets this title, which is not empty.
+QString fileStem(const QString &customFilename);
+
+/// As much of the text as has at most that many bytes, cut between characters as people see them.
+QString firstBytes(const QString &text, qsizetype maximum);
+
 } // namespace clipwren

@@ -72,7 +72,7 @@ FormatSection::FormatSection(DownloaderView &view, QWidget *parent)
 void FormatSection::render()
 {
     QList<Picker::Entry> entries;
-    for (const FormatOption &option : FormatOption::options(m_view.info()))
+    for (const FormatOption &option : m_view.formatOptions())
         entries.append({iconOf(option.kind), option.title, rawValue(option.kind)});
     m_picker->setEntries(entries);
     const FormatOption selected = m_view.selectedOption();

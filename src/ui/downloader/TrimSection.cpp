@@ -35,13 +35,14 @@ double shownSeconds(const MediaPlayer &player)
     return std::floor(player.positionSeconds() * 1000 + tolerance) / 1000;
 }
 
-/// Width by height of the film's pictures.
-std::optional<double> aspectRatioOf(const std::optional<VideoInfo> &info)
+/// Width by height of the film's pictures, which is the same in all its formats.
+std::optional<double> aspectRatioOf(const VideoInfo &info)
 {
-    const std::optional<VideoFormat> video = bestVideoFormat(info);
-    if (!video || video->width.value_or(0) < 1 || video->height.value_or(0) < 1)
-        return std::nullopt;
-    return static_cast<double>(*video->width) / static_cast<double>(*video->height);
+    for (const VideoFormat &each : info.formats.value_or(QList<VideoFormat>())) {
+        if (carriesVideo(each) && each.width.value_or(0) > 0 && each.height.value_or(0) > 0)
+            return static_cast<double>(*each.width) / static_cast<double>(*each.height);
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -277,7 +278,8 @@ void TrimSection::renderStrip()
 {
     const std::optional<QUrl> stream = m_view.previewURL();
     if (stream)
-        m_strip->setFilm(FilmStrip::Film{*stream, duration(), aspectRatioOf(m_view.info())});
+        m_strip->setFilm(FilmStrip::Film{*stream, duration(),
+                                         aspectRatioOf(m_view.info().value_or(VideoInfo()))});
     else
         m_strip->setFilm(std::nullopt);
     m_strip->setRange({m_view.trimStart(), m_view.trimEnd()});

@@ -4,6 +4,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Preferences.h"
 #include "workflow/download/FetchErrorText.h"
+#include "workflow/download/FormatPromise.h"
 
 #include <algorithm>
 #include <utility>
@@ -292,9 +293,14 @@ OutputFormat DownloaderView::outputFormat() const
     return outputFormatFrom(outputFormatRaw());
 }
 
+QList<FormatOption> DownloaderView::formatOptions() const
+{
+    return offeredFormats(m_info);
+}
+
 FormatOption DownloaderView::selectedOption() const
 {
-    const QList<FormatOption> options = FormatOption::options(m_info);
+    const QList<FormatOption> options = formatOptions();
     const auto match = std::find_if(options.begin(), options.end(), [this](const auto &option) {
         return option.kind == outputFormat();
     });

@@ -93,6 +93,8 @@ public:
     QString outputFormatRaw() const;
     void setOutputFormatRaw(const QString &rawValue);
     OutputFormat outputFormat() const;
+    /// What the video can be saved as, in the order to show it.
+    QList<FormatOption> formatOptions() const;
     FormatOption selectedOption() const;
     /// The name that the file will get, with a placeholder for the video's identifier.
     QString filenamePreview() const;

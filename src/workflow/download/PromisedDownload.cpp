@@ -1,14 +1,13 @@
 #include "workflow/download/PromisedDownload.h"
 
-#include "core/formats/FormatOption.h"
+#include "core/ytdlp/DownloadArguments.h"
+#include "workflow/download/FormatPromise.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QTextBoundaryFinder>
 
-#include <algorithm>
 #include <sys/stat.h>
 
 namespace clipwren {
@@ -46,36 +45,6 @@ QHash<QString, FileIdentity> filesIn(const QString &directory)
     return files;
 }
 
-bool isH264(const std::optional<QString> &codec)
-{
-    return codec && prettyCodecName(*codec) == "H.264"_L1;
-}
-
-/// The best picture that the site offers, as the list of formats shows it.
-bool hasBestPicture(const MediaInspection &file, const std::optional<VideoInfo> &info)
-{
-    const std::optional<VideoFormat> best = bestVideoFormat(info);
-    if (!best || !best->height)
-        return true;
-    return file.height == best->height && file.videoCodec
-        && prettyCodecName(*file.videoCodec) == prettyCodecName(*best->vcodec);
-}
-
-bool keepsPromise(OutputFormat format, const MediaInspection &file,
-                  const std::optional<VideoInfo> &info)
-{
-    switch (format) {
-    case OutputFormat::macCompatible:
-        return isH264(file.videoCodec);
-    case OutputFormat::bestResolution:
-    case OutputFormat::proRes422:
-        return hasBestPicture(file, info);
-    case OutputFormat::audioMP3:
-        return true;
-    }
-    return true;
-}
-
 /// The title in a file name of the form "Title [id].ext".
 QString titleIn(const QString &filePath)
 {
@@ -87,11 +56,15 @@ QString titleIn(const QString &filePath)
 /// Room is left for the number: a title that is cut again afterwards would stay the same for ever.
 QString numbered(const QString &title, int number)
 {
-    constexpr int maximumCharacters = 150;
-    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, title);
-    for (int count = 0; count < maximumCharacters && characters.position() < title.size(); ++count)
-        characters.toNextBoundary();
-    return u"%1 %2"_s.arg(title.left(characters.position())).arg(number);
+    constexpr qsizetype maximumBytes = 150;
+    return u"%1 %2"_s.arg(firstBytes(title, maximumBytes)).arg(number);
+}
+
+/// The file that stands for the download of the same video under another title.
+QString pathWithTitle(const QString &filePath, const QString &title)
+{
+    const QFileInfo file(filePath);
+    return file.path() + u'/' + fileStem(title) + file.fileName().sliced(titleIn(filePath).size());
 }
 
 } // namespace
@@ -99,27 +72,42 @@ QString numbered(const QString &title, int number)
 PromisedDownload::Result PromisedDownload::run(const YtDlpService::ProgressHandler &onProgress,
                                                const std::stop_token &stop) const
 {
-    constexpr int lastNumber = 99;
-    std::optional<QString> title = customTitle;
-    std::optional<QString> firstTitle;
-    for (int number = 2;; ++number) {
+    const auto downloadAs = [&](const std::optional<QString> &title) -> Result {
         const QHash<QString, FileIdentity> before = filesIn(outputDirectory);
-        const QString path =
-            downloader.download(address, outputDirectory, format, title, onProgress, stop);
+        const QString path = downloader.download(
+            address, outputDirectory, requestedFormat(format, info), title, onProgress, stop);
         const auto earlier = before.constFind(QFileInfo(path).fileName());
-        if (earlier == before.constEnd() || identityOf(path) != *earlier)
-            return {path, false};
-        try {
-            if (number > lastNumber || keepsPromise(format, inspector.inspect(path, stop), info))
+        return {path, earlier != before.constEnd() && identityOf(path) == *earlier};
+    };
+
+    const Result first = downloadAs(customTitle);
+    if (!first.wasThereBefore || fits(first.filePath, stop))
+        return first;
+    const QString firstTitle = titleIn(first.filePath);
+    for (int number = 2;; ++number) {
+        const QString title = numbered(firstTitle, number);
+        const QString path = pathWithTitle(first.filePath, title);
+        if (QFileInfo::exists(path)) {
+            if (fits(path, stop))
                 return {path, true};
-        } catch (const Error &) {
-            // No media file at all, so certainly not the one that was asked for.
-            if (stop.stop_requested())
-                throw CancellationError();
+            continue;
         }
-        if (!firstTitle)
-            firstTitle = titleIn(path);
-        title = numbered(*firstTitle, number);
+        const Result again = downloadAs(title);
+        if (again.wasThereBefore)
+            throw Error(u"Another file is in the way: %1"_s.arg(again.filePath));
+        return again;
+    }
+}
+
+bool PromisedDownload::fits(const QString &filePath, const std::stop_token &stop) const
+{
+    try {
+        return keepsPromise(format, inspector.inspect(filePath, stop), info);
+    } catch (const Error &) {
+        // No media file at all, so certainly not the one that was asked for.
+        if (stop.stop_requested())
+            throw CancellationError();
+        return false;
     }
 }
 

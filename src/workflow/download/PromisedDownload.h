@@ -18,7 +18,8 @@ namespace clipwren {
 /// The tool counts a download as done when a file of that name is there, whatever is in it, so
 /// that another format of the same video would silently give the earlier file. Such a file is
 /// looked into, and where it is not what was asked for, the download is made again under the next
-/// free title ("Talk 2", "Talk 3").
+/// free title ("Talk 2", "Talk 3"), unless one of those before is that file already. So the tool
+/// runs at most twice.
 struct PromisedDownload {
     YtDlpService downloader;
     FfmpegService inspector;
@@ -35,6 +36,10 @@ struct PromisedDownload {
 
     /// Blocks. Throws what `YtDlpService::download` throws.
     Result run(const YtDlpService::ProgressHandler &onProgress, const std::stop_token &stop) const;
+
+private:
+    /// Whether the file that is there can stand for the download.
+    bool fits(const QString &filePath, const std::stop_token &stop) const;
 };
 
 } // namespace clipwren

@@ -12,6 +12,7 @@ class Video:
     description: str = "A clock that follows the tide instead of the sun."
     # What the player lists, as paths below the media folder.
     sources: tuple = ("tide-clock/manifest.mpd", "tide-clock-360p.mpd")
+    seconds: int = 12
     slow: bool = False
     silent: bool = False
     refusal: str | None = None
@@ -20,6 +21,9 @@ class Video:
 VIDEOS = {
     "tide-clock-01": Video("Building a tide clock from scratch"),
     "hls": Video("Mending a net in one afternoon", sources=("tide-clock-hls/master.m3u8",)),
+    "tied": Video("Three ways to row the same mile", sources=("tied/manifest.mpd",), seconds=4),
+    "tied-above": Video("The same mile from the pier", seconds=4,
+                        sources=("tied/manifest.mpd", "tied-above/manifest.mpd")),
     "slow": Video("A long way out on a slow line", slow=True),
     "silent": Video("Fog", silent=True),
     "long-title": Video(
@@ -71,7 +75,7 @@ def watch(name, video, base):
         "uploadDate": "2024-05-18T08:00:00Z",
         "thumbnailUrl": f"{base}/media/tide-clock.jpg",
         "contentUrl": player,
-        "duration": "PT12S",
+        "duration": f"PT{video.seconds}S",
     }
     script = json.dumps(about, ensure_ascii=False).replace("<", "\\u003c")
     return _page(

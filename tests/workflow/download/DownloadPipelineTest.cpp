@@ -234,7 +234,11 @@ TEST_F(DownloadPipelineTest, GivesEachFormatAFileOfItsOwn)
         makeReady();
         view->setOutputFormatRaw(format);
         fake.onProbe(codec, height);
-        return QFileInfo(download().filePath).fileName();
+        settle();
+        const int runs = fake.tools.runCount(u"yt-dlp"_s);
+        const QString path = download().filePath;
+        EXPECT_LE(fake.tools.runCount(u"yt-dlp"_s), runs + 2) << path.toStdString();
+        return QFileInfo(path).fileName();
     };
     EXPECT_EQ(downloadAs(u"bestResolution"_s, u"vp9"_s, 2160), u"Talk [id1].mp4"_s);
     // Every file that is there is a VP9 one.
