@@ -36,13 +36,17 @@ void FakeDownloader::onConvert(const QString &script)
               u"[ \"$1\" != -version ] || exit 0\nfor output; do :; done\n"_s + script);
 }
 
-void FakeDownloader::onProbe(const QString &codec, int height)
+void FakeDownloader::onProbe(const QString &codec, int height, const QString &container,
+                             double seconds)
 {
     tools.add(u"ffprobe"_s,
-              u"case \"$*\" in *nokey=1*) echo 60.5 ;; *) echo '{\"streams\":"
+              u"case \"$*\" in *nokey=1*) echo %4 ;; *) echo '{\"streams\":"
               "[{\"codec_type\":\"video\",\"codec_name\":\"%1\",\"height\":%2,\"width\":10,"
-              "\"duration\":\"60.5\"}],\"format\":{\"duration\":\"60.5\"}}' ;; esac"_s.arg(codec)
-                  .arg(height));
+              "\"duration\":\"%4\"}],\"format\":{\"format_name\":\"%3\",\"duration\":\"%4\"}}' ;;"
+              " esac"_s.arg(codec)
+                  .arg(height)
+                  .arg(container)
+                  .arg(seconds));
 }
 
 QString FakeDownloader::defaultDownload()

@@ -32,8 +32,9 @@ public:
     }
     /// What ffmpeg does; `$output` is its last argument, which the default writes.
     void onConvert(const QString &script);
-    /// The codec and height that ffprobe finds in every file.
-    void onProbe(const QString &codec, int height);
+    /// What ffprobe finds in every file. The length is the video's by default.
+    void onProbe(const QString &codec, int height,
+                 const QString &container = QStringLiteral("mov,mp4,m4a"), double seconds = 60.5);
 
     static QString defaultDownload();
 

@@ -1,5 +1,6 @@
 #include "workflow/download/DownloaderView.h"
 
+#include "core/library/DownloadStore.h"
 #include "core/process/ToolEnvironment.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Preferences.h"
@@ -149,6 +150,7 @@ void DownloaderView::lookupSucceeded(const QString &address,
         return;
     m_info = lookup.info;
     m_infoAddress = address;
+    m_attempts = std::make_shared<DownloadAttempts>();
     m_fetchLog = lookup.log;
     m_fetchStatus.clear();
     m_rangeIsOfThisVideo = m_info->duration.has_value();
@@ -368,6 +370,8 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
     if (!typedTitle.isEmpty() && typedTitle != metadataTitle())
         job.download.customTitle = typedTitle;
     job.download.info = m_info;
+    job.download.records = m_environment.store.records();
+    job.download.attempts = m_attempts;
     job.trimToApply = [this, format = job.download.format] { return trimToApply(format); };
     return job;
 }

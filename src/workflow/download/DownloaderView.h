@@ -16,6 +16,7 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace clipwren {
@@ -154,6 +155,7 @@ private:
     QString m_urlText;
     std::optional<VideoInfo> m_info;
     QString m_infoAddress; ///< of the video that `m_info` tells about
+    std::shared_ptr<DownloadAttempts> m_attempts; ///< to download what was looked up
     Phase m_phase = Phase::input;
     std::optional<QString> m_fetchError;
     QString m_fetchStatus;

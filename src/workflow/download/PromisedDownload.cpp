@@ -6,22 +6,16 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 
+#include <algorithm>
+#include <cmath>
 #include <sys/stat.h>
+#include <utility>
 
 namespace clipwren {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// Tells a file that was left alone from one that was written again.
-struct FileIdentity {
-    ino_t number;
-    qint64 changedSeconds;
-    qint64 changedNanoseconds;
-    bool operator==(const FileIdentity &) const = default;
-};
 
 std::optional<FileIdentity> identityOf(const QString &path)
 {
@@ -29,10 +23,11 @@ std::optional<FileIdentity> identityOf(const QString &path)
     if (::stat(QFile::encodeName(path).constData(), &status) != 0)
         return std::nullopt;
 #ifdef __APPLE__
-    return FileIdentity{status.st_ino, status.st_ctimespec.tv_sec, status.st_ctimespec.tv_nsec};
+    const timespec changed = status.st_ctimespec;
 #else
-    return FileIdentity{status.st_ino, status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
+    const timespec changed = status.st_ctim;
 #endif
+    return FileIdentity{status.st_ino, changed.tv_sec * 1'000 + changed.tv_nsec / 1'000'000};
 }
 
 QHash<QString, FileIdentity> filesIn(const QString &directory)
@@ -67,48 +62,119 @@ QString pathWithTitle(const QString &filePath, const QString &title)
     return file.path() + u'/' + fileStem(title) + file.fileName().sliced(titleIn(filePath).size());
 }
 
+/// What ffprobe calls the container of a whole file with that extension; other extensions are not
+/// judged.
+constexpr std::pair<QLatin1StringView, QLatin1StringView> containers[] = {
+    {"mp4"_L1, "mp4"_L1}, {"m4a"_L1, "m4a"_L1},   {"mov"_L1, "mov"_L1},
+    {"mp3"_L1, "mp3"_L1}, {"webm"_L1, "webm"_L1}, {"mkv"_L1, "matroska"_L1},
+};
+
+/// A stream's pieces in one file wait to be put into the container that its name says.
+bool hasItsContainer(const QString &filePath, const MediaInspection &file)
+{
+    const QString extension = QFileInfo(filePath).suffix();
+    const QStringList found = file.container.value_or(QString()).split(u',');
+    return std::none_of(std::begin(containers), std::end(containers), [&](const auto &row) {
+        return extension == row.first && !found.contains(row.second);
+    });
+}
+
 } // namespace
 
 PromisedDownload::Result PromisedDownload::run(const YtDlpService::ProgressHandler &onProgress,
                                                const std::stop_token &stop) const
 {
-    const auto downloadAs = [&](const std::optional<QString> &title) -> Result {
-        const QHash<QString, FileIdentity> before = filesIn(outputDirectory);
-        const QString path = downloader.download(
-            address, outputDirectory, requestedFormat(format, info), title, onProgress, stop);
-        const auto earlier = before.constFind(QFileInfo(path).fileName());
-        return {path, earlier != before.constEnd() && identityOf(path) == *earlier};
+    if (!attempts->filesBefore)
+        attempts->filesBefore = filesIn(outputDirectory);
+    const auto inspected = [&](const QString &path) -> std::optional<MediaInspection> {
+        try {
+            return inspector.inspect(path, stop);
+        } catch (const Error &) {
+            // No media file at all, so certainly not the one that was asked for.
+            if (stop.stop_requested())
+                throw CancellationError();
+            return std::nullopt;
+        }
+    };
+    const auto fits = [&](const QString &path, const std::optional<MediaInspection> &file) {
+        return file && isWhole(path, *file) && keepsPromise(format, *file, info);
     };
 
-    const Result first = downloadAs(customTitle);
-    if (!first.wasThereBefore || fits(first.filePath, stop))
+    const Result first = downloadAs(customTitle, onProgress, stop);
+    if (!first.wasThereBefore)
         return first;
+    const auto file = inspected(first.filePath);
+    if (fits(first.filePath, file))
+        return first;
+    if (isLeftover(first.filePath) && !(file && isWhole(first.filePath, *file))) {
+        QFile::remove(first.filePath);
+        return downloadAs(customTitle, onProgress, stop);
+    }
     const QString firstTitle = titleIn(first.filePath);
     for (int number = 2;; ++number) {
         const QString title = numbered(firstTitle, number);
         const QString path = pathWithTitle(first.filePath, title);
-        if (QFileInfo::exists(path)) {
-            if (fits(path, stop))
-                return {path, true};
-            continue;
+        if (!QFileInfo::exists(path)) {
+            const Result again = downloadAs(title, onProgress, stop);
+            if (again.wasThereBefore)
+                throw Error(u"Another file is in the way: %1"_s.arg(again.filePath));
+            return again;
         }
-        const Result again = downloadAs(title);
-        if (again.wasThereBefore)
-            throw Error(u"Another file is in the way: %1"_s.arg(again.filePath));
-        return again;
+        if (fits(path, inspected(path)))
+            return {path, true};
     }
 }
 
-bool PromisedDownload::fits(const QString &filePath, const std::stop_token &stop) const
+PromisedDownload::Result
+PromisedDownload::downloadAs(const std::optional<QString> &title,
+                             const YtDlpService::ProgressHandler &onProgress,
+                             const std::stop_token &stop) const
 {
-    try {
-        return keepsPromise(format, inspector.inspect(filePath, stop), info);
-    } catch (const Error &) {
-        // No media file at all, so certainly not the one that was asked for.
-        if (stop.stop_requested())
-            throw CancellationError();
+    const QHash<QString, FileIdentity> before = filesIn(outputDirectory);
+    const QString path = downloader.download(
+        address, outputDirectory, requestedFormat(format, info), title, onProgress, stop);
+    const auto identity = identityOf(path);
+    const auto earlier = before.constFind(QFileInfo(path).fileName());
+    if (earlier != before.constEnd() && identity == *earlier)
+        return {path, true};
+    if (identity)
+        attempts->finished.insert(path, *identity);
+    return {path, false};
+}
+
+/// It has the very name of this download, and came while an attempt before this one ran.
+bool PromisedDownload::isLeftover(const QString &filePath) const
+{
+    return !attempts->filesBefore->contains(QFileInfo(filePath).fileName());
+}
+
+/// A conversion that was interrupted leaves a file that is only shorter.
+bool PromisedDownload::isWhole(const QString &filePath, const MediaInspection &file) const
+{
+    // Sites round, and sound may be a little longer than the picture.
+    constexpr double toleranceSeconds = 1.5;
+    if (!hasItsContainer(filePath, file))
         return false;
-    }
+    if (isFinishedByUs(filePath))
+        return true;
+    const std::optional<double> duration = info ? info->duration : std::nullopt;
+    return duration && file.duration && std::abs(*file.duration - *duration) <= toleranceSeconds;
+}
+
+/// A record is written when its file is whole, so a file that was changed later is not it.
+bool PromisedDownload::isFinishedByUs(const QString &filePath) const
+{
+    const auto identity = identityOf(filePath);
+    if (!identity)
+        return false;
+    const auto finished = attempts->finished.constFind(filePath);
+    if (finished != attempts->finished.constEnd() && *finished == *identity)
+        return true;
+    // The list's file holds whole seconds.
+    return std::any_of(records.begin(), records.end(), [&](const DownloadRecord &record) {
+        return record.filePath == filePath
+            && identity->changedMilliseconds <= record.createdAt.toMSecsSinceEpoch() + 1'000;
+    });
 }
 
 } // namespace clipwren

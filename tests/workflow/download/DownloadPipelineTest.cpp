@@ -58,6 +58,7 @@ TEST_F(DownloadPipelineTest, NamesTheFileAndTheRecordByTheTypedTitle)
         EXPECT_EQ(QFileInfo(record.filePath).fileName(), fileName);
     }
     // Without any title, the file gives the record's.
+    QDir(fake.downloadFolder()).removeRecursively();
     fake.store.clear();
     fake.history.clear();
     fake.onLookup(u"echo '{}'"_s);
@@ -252,6 +253,70 @@ TEST_F(DownloadPipelineTest, GivesEachFormatAFileOfItsOwn)
     makeReady();
     fake.tools.add(u"ffprobe"_s, u"echo what"_s);
     EXPECT_EQ(QFileInfo(download().filePath).fileName(), u"Talk 5 [id1].mp4"_s);
+}
+
+TEST_F(DownloadPipelineTest, TakesOnlyAWholeFileForTheDownload)
+{
+    const QString mp4 = u"mov,mp4,m4a"_s;
+    const QString none = u"null"_s;
+    // The format, what the look-up says of the length, whether a record names the file that is
+    // there, its container and length, and the file that is saved.
+    const std::tuple<QString, QString, bool, QString, double, QString> cases[] = {
+        {u"audioMP3"_s, u"60"_s, false, u"mp3"_s, 60.5, u"Talk [id1].mp3"_s},
+        {u"audioMP3"_s, u"60"_s, false, u"mp3"_s, 7.5, u"Talk 2 [id1].mp3"_s},
+        {u"audioMP3"_s, u"60"_s, true, u"mp3"_s, 7.5, u"Talk [id1].mp3"_s},
+        {u"audioMP3"_s, none, false, u"mp3"_s, 60, u"Talk 2 [id1].mp3"_s},
+        {u"audioMP3"_s, none, true, u"mp3"_s, 60, u"Talk [id1].mp3"_s},
+        {u"bestResolution"_s, u"60"_s, false, mp4, 61, u"Talk [id1].mp4"_s},
+        {u"bestResolution"_s, u"60"_s, true, u"mpegts"_s, 60, u"Talk 2 [id1].mp4"_s},
+        {u"proRes422"_s, u"60"_s, false, u"mpegts"_s, 60, u"Talk 2 [id1].mov"_s},
+    };
+    for (const auto &[format, length, recorded, container, seconds, fileName] : cases) {
+        SCOPED_TRACE(fileName.toStdString());
+        QDir(fake.downloadFolder()).removeRecursively();
+        fake.onLookup(u"echo '{\"title\":\"Talk\",\"duration\":%1}'"_s.arg(length));
+        makeReady();
+        view->setOutputFormatRaw(format == u"proRes422" ? u"bestResolution"_s : format);
+        download();
+        if (!recorded)
+            fake.store.clear();
+        fake.onProbe(u"h264"_s, 1080, container, seconds);
+        makeReady();
+        view->setOutputFormatRaw(format);
+        EXPECT_EQ(QFileInfo(download().filePath).fileName(), fileName);
+    }
+}
+
+TEST_F(DownloadPipelineTest, AFileChangedAfterItsRecordIsNotTheRecordedOne)
+{
+    makeReady();
+    view->setOutputFormatRaw(u"audioMP3"_s);
+    DownloadRecord record = download();
+    record.createdAt = record.createdAt.addSecs(-60);
+    fake.store.clear();
+    fake.store.add(record);
+    fake.onProbe({}, 0, u"mp3"_s, 7.5);
+    makeReady();
+    EXPECT_EQ(QFileInfo(download().filePath).fileName(), u"Talk 2 [id1].mp3"_s);
+}
+
+TEST_F(DownloadPipelineTest, WhatACancelledDownloadLeftMakesRoomForTheNext)
+{
+    fake.onProbe({}, 0, u"mp3"_s, 7.5);
+    fake.onDownload(u"echo cut off > \"$file\"; echo '10%||NA||NA'; exec sleep 60"_s);
+    makeReady();
+    view->setOutputFormatRaw(u"audioMP3"_s);
+    view->start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view->downloadProgress() > 0; }));
+    view->cancelDownload();
+    ASSERT_TRUE(reaches(*view, Phase::ready));
+
+    fake.onDownload(FakeDownloader::defaultDownload());
+    EXPECT_EQ(QFileInfo(download().filePath).fileName(), u"Talk [id1].mp3"_s);
+    EXPECT_EQ(files(), QStringList{u"Talk [id1].mp3"_s});
+    QFile saved(fake.downloadFolder() + u"/Talk [id1].mp3"_s);
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    EXPECT_EQ(saved.readAll(), "old\n");
 }
 
 } // namespace
