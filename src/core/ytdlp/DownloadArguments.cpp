@@ -1,5 +1,6 @@
 #include "core/ytdlp/DownloadArguments.h"
 
+#include "core/text/SingleLine.h"
 #include "core/ytdlp/DownloadProgress.h"
 #include "core/ytdlp/YtDlpService.h"
 
@@ -108,7 +109,10 @@ QString fileStem(const QString &customFilename)
 {
     // Cut before a "%" is doubled again: half of a pair would begin a field of the template.
     static const QRegularExpression doubled(QStringLiteral("%%?"));
-    QString stem = YtDlpService::sanitizeFilename(customFilename);
+    QString title = singleLine(customFilename);
+    // As part of a longer character, with an accent, it would part folders all the same.
+    title.replace(u'/', u'-');
+    QString stem = YtDlpService::sanitizeFilename(title);
     stem = firstBytes(stem.replace(doubled, QStringLiteral("%")), maximumStemBytes);
     return stem.isEmpty() ? QStringLiteral("Untitled") : stem;
 }

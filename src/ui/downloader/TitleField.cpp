@@ -9,6 +9,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace clipwren {
 
 TitleField::TitleField(DownloaderView &view, QWidget *parent)
@@ -44,8 +46,12 @@ void TitleField::render()
     const QString title = m_view.customTitle();
     // Setting the same text again would move the cursor.
     if (field->text() != title) {
+        // Of lines that were pasted, what follows the cursor stays behind it.
+        const qsizetype behind = field->text().size() - field->cursorPosition();
         field->setText(title);
-        field->setCursorPosition(0);
+        field->setCursorPosition(
+            field->hasFocus() ? static_cast<int>(std::max(title.size() - behind, qsizetype(0)))
+                              : 0);
     }
     const std::optional<VideoInfo> info = m_view.info();
     const bool isOriginal = title == (info ? info->title.value_or(QString()) : QString());

@@ -2,6 +2,7 @@
 
 #include "core/library/DownloadStore.h"
 #include "core/process/ToolEnvironment.h"
+#include "core/text/SingleLine.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Preferences.h"
 #include "workflow/download/FetchErrorText.h"
@@ -150,6 +151,9 @@ void DownloaderView::lookupSucceeded(const QString &address,
         return;
     m_info = lookup.info;
     m_infoAddress = address;
+    m_siteTitle = m_info->title;
+    if (m_siteTitle)
+        m_info->title = singleLine(*m_siteTitle);
     m_attempts = std::make_shared<DownloadAttempts>();
     m_fetchLog = lookup.log;
     m_fetchStatus.clear();
@@ -269,7 +273,7 @@ QString DownloaderView::metadataTitle() const
 
 void DownloaderView::setCustomTitle(const QString &title)
 {
-    m_customTitle = title;
+    m_customTitle = singleLine(title);
     Q_EMIT changed();
 }
 
@@ -367,7 +371,8 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
     job.download.address = m_infoAddress;
     job.download.outputDirectory = m_environment.downloadDirectory;
     job.download.format = outputFormat();
-    if (!typedTitle.isEmpty() && typedTitle != metadataTitle())
+    // The tool names the file by what the site says, breaks included.
+    if (!typedTitle.isEmpty() && typedTitle != m_siteTitle)
         job.download.customTitle = typedTitle;
     job.download.info = m_info;
     job.download.records = m_environment.store.records();

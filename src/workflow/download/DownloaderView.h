@@ -88,6 +88,7 @@ public:
 
     // What the user chooses before the download.
     QString customTitle() const { return m_customTitle; }
+    /// Line breaks become blanks.
     void setCustomTitle(const QString &title);
     void resetCustomTitle();
     /// The stored raw value of the output format, whatever it is.
@@ -153,8 +154,9 @@ private:
     std::function<void(QUuid)> m_onCompleted;
 
     QString m_urlText;
-    std::optional<VideoInfo> m_info;
+    std::optional<VideoInfo> m_info; ///< its title in one line
     QString m_infoAddress; ///< of the video that `m_info` tells about
+    std::optional<QString> m_siteTitle; ///< as the site has it
     std::shared_ptr<DownloadAttempts> m_attempts; ///< to download what was looked up
     Phase m_phase = Phase::input;
     std::optional<QString> m_fetchError;

@@ -199,6 +199,10 @@ TEST_F(DownloaderScreenTest, typingInTheMiddleKeepsTheCursor)
     }
     EXPECT_EQ(m_view.customTitle(), u"Taxylk");
     EXPECT_TRUE(shows(u"Final file: Taxylk [<id>].mp4"_s));
+    QGuiApplication::clipboard()->setText(u"1\r\n2"_s);
+    press(field(u"Save as"_s), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(field(u"Save as"_s)->text(), u"Taxy1 2lk");
+    EXPECT_EQ(field(u"Save as"_s)->cursorPosition(), 7);
     click(u"Reset to the video's original title"_s);
     EXPECT_EQ(field(u"Save as"_s)->text(), u"Talk");
     EXPECT_FALSE(button(u"Reset to the video's original title"_s)->isEnabled());

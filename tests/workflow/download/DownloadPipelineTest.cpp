@@ -49,6 +49,9 @@ TEST_F(DownloadPipelineTest, NamesTheFileAndTheRecordByTheTypedTitle)
         {u"Talk"_s, u"Talk"_s, u"Talk [id1].mp4"_s},
         {u" "_s, u"Talk"_s, u"Talk [id1].mp4"_s},
         {u" 100%: mine "_s, u"100%: mine"_s, u"100%- mine [id1].mp4"_s},
+        {u"one\r\ntwo\u2028\u2029three\v\u0085four\n"_s, u"one two three four"_s,
+         u"one two three four [id1].mp4"_s},
+        {u"a/\u0301b/\u200dc"_s, u"a/\u0301b/\u200dc"_s, u"a-\u0301b-\u200dc [id1].mp4"_s},
     };
     for (const auto &[typed, title, fileName] : cases) {
         makeReady();
@@ -57,6 +60,11 @@ TEST_F(DownloadPipelineTest, NamesTheFileAndTheRecordByTheTypedTitle)
         EXPECT_EQ(record.title, title);
         EXPECT_EQ(QFileInfo(record.filePath).fileName(), fileName);
     }
+    // The site's own title counts as typed where it has lines: the tool prints the path in one.
+    fake.onLookup(u"echo '{\"title\":\"Talk\\nof\\u2028it\"}'"_s);
+    makeReady();
+    EXPECT_EQ(view->customTitle(), u"Talk of it"_s);
+    EXPECT_EQ(QFileInfo(download().filePath).fileName(), u"Talk of it [id1].mp4"_s);
     // Without any title, the file gives the record's.
     QDir(fake.downloadFolder()).removeRecursively();
     fake.store.clear();
