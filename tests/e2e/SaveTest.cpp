@@ -148,6 +148,7 @@ TEST_F(SaveTest, tellsInOneSentenceWhyAVideoCannotBeSaved)
     const std::tuple<QString, QStringList, const char *> cases[] = {
         {u"nowhere"_s, {}, "HTTP Error 404"},
         {u"private"_s, {}, "This video is private or members-only."},
+        {u"no-h264"_s, {u"--format=macCompatible"_s}, "does not offer this video in H.264"},
         {u"hls"_s, {u"--trim=20-30"_s}, "The video ends before the time range starts."},
     };
     for (const auto &[page, options, sentence] : cases) {

@@ -104,6 +104,13 @@ void SaveCommand::chooseAndStart()
     const auto &trim = m_arguments.trim;
     if (trim && duration && trim->start >= *duration)
         return fail(u"The video ends before the time range starts."_s);
+    // The window shows what it saves instead; here it would come unseen.
+    const QList<VideoFormat> formats = m_view.info()->formats.value_or(QList<VideoFormat>());
+    if (m_arguments.format == OutputFormat::macCompatible
+        && m_view.outputFormat() != OutputFormat::macCompatible
+        && m_view.selectedOption().compat != CompatLevel::macNative
+        && std::any_of(formats.begin(), formats.end(), carriesVideo))
+        return fail(u"The site does not offer this video in H.264."_s);
 
     const QSignalBlocker untilAllIsChosen(m_view);
     if (trim) {

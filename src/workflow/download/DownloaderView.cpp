@@ -296,7 +296,7 @@ void DownloaderView::setOutputFormatRaw(const QString &rawValue)
 
 OutputFormat DownloaderView::outputFormat() const
 {
-    return outputFormatFrom(outputFormatRaw());
+    return selectedOption().kind;
 }
 
 QList<FormatOption> DownloaderView::formatOptions() const
@@ -307,9 +307,9 @@ QList<FormatOption> DownloaderView::formatOptions() const
 FormatOption DownloaderView::selectedOption() const
 {
     const QList<FormatOption> options = formatOptions();
-    const auto match = std::find_if(options.begin(), options.end(), [this](const auto &option) {
-        return option.kind == outputFormat();
-    });
+    const OutputFormat stored = outputFormatFrom(outputFormatRaw());
+    const auto match = std::find_if(options.begin(), options.end(),
+                                    [&](const auto &option) { return option.kind == stored; });
     return match != options.end() ? *match : options.first();
 }
 

@@ -94,9 +94,11 @@ public:
     /// The stored raw value of the output format, whatever it is.
     QString outputFormatRaw() const;
     void setOutputFormatRaw(const QString &rawValue);
+    /// Of the selected option: what the download gives.
     OutputFormat outputFormat() const;
     /// What the video can be saved as, in the order to show it.
     QList<FormatOption> formatOptions() const;
+    /// The stored format where this video offers it, else the first.
     FormatOption selectedOption() const;
     /// The name that the file will get, with a placeholder for the video's identifier.
     QString filenamePreview() const;

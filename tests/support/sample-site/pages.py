@@ -24,6 +24,7 @@ VIDEOS = {
     "tied": Video("Three ways to row the same mile", sources=("tied/manifest.mpd",), seconds=4),
     "tied-above": Video("The same mile from the pier", seconds=4,
                         sources=("tied/manifest.mpd", "tied-above/manifest.mpd")),
+    "no-h264": Video("The pier without its light", sources=("tied-above/manifest.mpd",), seconds=4),
     "slow": Video("A long way out on a slow line", slow=True),
     "silent": Video("Fog", silent=True),
     "long-title": Video(

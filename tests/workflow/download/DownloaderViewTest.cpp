@@ -235,6 +235,25 @@ TEST_F(DownloaderViewTest, PreviewsTheFileName)
     EXPECT_EQ(view->selectedOption().kind, OutputFormat::macCompatible);
 }
 
+TEST_F(DownloaderViewTest, DownloadsWhatIsShownWhereTheStoredFormatIsNotOffered)
+{
+    view->setOutputFormatRaw(u"macCompatible"_s);
+    const std::tuple<QString, QString, QString> cases[] = {
+        {u"vp9"_s, u"Best resolution — 720p VP9"_s, u"bv*+ba[ext=m4a]/bv*+ba/b"_s},
+        {u"avc1"_s, u"Best resolution — 720p H.264"_s, u"bv*+ba[ext=m4a]/bv*+ba/b"_s},
+    };
+    for (const auto &[codec, shown, selector] : cases) {
+        fake.onLookup(u"echo '{\"formats\":[{\"vcodec\":\"%1\",\"height\":720}]}'"_s.arg(codec));
+        makeReady();
+        settle();
+        EXPECT_EQ(view->selectedOption().title, shown);
+        download();
+        const QStringList arguments = fake.tools.arguments(u"yt-dlp"_s);
+        EXPECT_EQ(arguments.value(arguments.indexOf(u"-f"_s) + 1), selector);
+        EXPECT_EQ(view->outputFormatRaw(), u"macCompatible"_s);
+    }
+}
+
 TEST_F(DownloaderViewTest, CanBeDestroyedAtAnyMoment)
 {
     fake.onLookup(u"echo '[x] a' >&2; sleep 0.01; cat \"$0.json\""_s);
