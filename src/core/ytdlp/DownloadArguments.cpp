@@ -117,6 +117,27 @@ QString fileStem(const QString &customFilename)
     return stem.isEmpty() ? QStringLiteral("Untitled") : stem;
 }
 
+QString siteFileStem(const QString &title)
+{
+    // Whole code points, with no regard to what they make together.
+    QByteArray bytes = title.toUtf8().left(maximumStemBytes);
+    while (!QUtf8StringView(bytes).isValidUtf8())
+        bytes.chop(1);
+    static const QRegularExpression timeColon(QStringLiteral("(?<=[0-9]):(?=[0-9])"));
+    const QString text = QString::fromUtf8(bytes).replace(timeColon, QStringLiteral("_"));
+    QString stem;
+    for (const QChar character : text) {
+        const char16_t code = character.unicode();
+        if (code == u'/' || code == u'\\')
+            stem += code == u'/' ? u'\u29f8' : u'\u29f9';
+        else if (QStringView(u"\"*:<>?|").contains(character))
+            stem += QChar(static_cast<char16_t>(code + 0xfee0)); // its full-width form
+        else if (code >= 32 && code != 127)
+            stem += character;
+    }
+    return stem.isEmpty() ? QStringLiteral("_") : stem;
+}
+
 QString firstBytes(const QString &text, qsizetype maximum)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);

@@ -16,6 +16,9 @@ QStringList downloadArguments(const QString &url, const QString &outputDirectory
 /// What stands before " [id]" in the name of a file that gets this title, which is not empty.
 QString fileStem(const QString &customFilename);
 
+/// The same of a file that the tool names by the site's title, of one line.
+QString siteFileStem(const QString &title);
+
 /// As much of the text as has at most that many bytes, cut between characters as people see them.
 QString firstBytes(const QString &text, qsizetype maximum);
 

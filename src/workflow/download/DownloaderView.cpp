@@ -126,6 +126,7 @@ void DownloaderView::startLookup(const QString &address)
     m_previewURL.reset();
     m_phase = Phase::fetching;
     m_info.reset();
+    m_title.site.reset();
     m_lookup = BackgroundTask::start(
         [this, service = ytDlp(), address](const std::stop_token &stop,
                                            const BackgroundTask::Post &post) {
@@ -151,9 +152,10 @@ void DownloaderView::lookupSucceeded(const QString &address,
         return;
     m_info = lookup.info;
     m_infoAddress = address;
-    m_siteTitle = m_info->title;
-    if (m_siteTitle)
-        m_info->title = singleLine(*m_siteTitle);
+    m_title.site = m_info->title;
+    m_title.custom = m_title.original();
+    if (m_info->title)
+        m_info->title = m_title.original();
     m_attempts = std::make_shared<DownloadAttempts>();
     m_fetchLog = lookup.log;
     m_fetchStatus.clear();
@@ -162,7 +164,6 @@ void DownloaderView::lookupSucceeded(const QString &address,
         m_trimStart = 0;
         m_trimEnd = *m_info->duration;
     }
-    m_customTitle = metadataTitle();
     m_phase = Phase::confirming;
     loadPreview(address);
     Q_EMIT changed();
@@ -250,6 +251,7 @@ void DownloaderView::resetAll()
     m_previewURL.reset();
     m_urlText.clear();
     m_info.reset();
+    m_title.site.reset();
     m_fetchError.reset();
     m_trimEnabled = false;
     m_trimStart = 0;
@@ -266,20 +268,15 @@ void DownloaderView::setShowLogs(bool show)
 
 // What the user chooses before the download
 
-QString DownloaderView::metadataTitle() const
-{
-    return m_info ? m_info->title.value_or(QString()) : QString();
-}
-
 void DownloaderView::setCustomTitle(const QString &title)
 {
-    m_customTitle = singleLine(title);
+    m_title.custom = singleLine(title);
     Q_EMIT changed();
 }
 
 void DownloaderView::resetCustomTitle()
 {
-    setCustomTitle(metadataTitle());
+    setCustomTitle(m_title.original());
 }
 
 QString DownloaderView::outputFormatRaw() const
@@ -315,14 +312,11 @@ FormatOption DownloaderView::selectedOption() const
 
 QString DownloaderView::filenamePreview() const
 {
-    QString title = m_customTitle;
-    if (title.isEmpty())
-        title = m_info ? m_info->title.value_or(u"Untitled"_s) : u"Untitled"_s;
     const OutputFormat format = outputFormat();
     const QString extension = format == OutputFormat::audioMP3 ? u"mp3"_s
         : format == OutputFormat::proRes422                    ? u"mov"_s
                                                                : u"mp4"_s;
-    return YtDlpService::sanitizeFilename(title) + u" [<id>]."_s + extension;
+    return m_title.stem() + u" [<id>]."_s + extension;
 }
 
 void DownloaderView::setTrimEnabled(bool enabled)
@@ -360,9 +354,8 @@ void DownloaderView::start()
 DownloadPipeline::Job DownloaderView::downloadJob() const
 {
     const ToolEnvironment &tools = m_environment.tools;
-    const QString typedTitle = m_customTitle.trimmed();
     DownloadPipeline::Job job;
-    job.effectiveTitle = typedTitle.isEmpty() ? metadataTitle() : typedTitle;
+    job.effectiveTitle = m_title.effective();
     job.shownFormat = selectedOption().title;
     job.otherRecords = m_environment.otherRecords;
     job.download.downloader = ytDlp();
@@ -371,9 +364,7 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
     job.download.address = m_infoAddress;
     job.download.outputDirectory = m_environment.downloadDirectory;
     job.download.format = outputFormat();
-    // The tool names the file by what the site says, breaks included.
-    if (!typedTitle.isEmpty() && typedTitle != m_siteTitle)
-        job.download.customTitle = typedTitle;
+    job.download.customTitle = m_title.override();
     job.download.info = m_info;
     job.download.records = m_environment.store.records();
     job.download.attempts = m_attempts;

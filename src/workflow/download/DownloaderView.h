@@ -5,6 +5,7 @@
 #include "core/ytdlp/VideoInfo.h"
 #include "platform/media/MediaPlayer.h"
 #include "workflow/download/DownloadPipeline.h"
+#include "workflow/download/FileTitle.h"
 #include "workflow/download/PendingFetch.h"
 #include "workflow/download/Phase.h"
 #include "workflow/preview/PreviewPlayerController.h"
@@ -87,7 +88,7 @@ public:
     void resetAll();
 
     // What the user chooses before the download.
-    QString customTitle() const { return m_customTitle; }
+    QString customTitle() const { return m_title.custom; }
     /// Line breaks become blanks.
     void setCustomTitle(const QString &title);
     void resetCustomTitle();
@@ -146,7 +147,6 @@ private:
     void returnToInput();
     /// Both tools must be known.
     YtDlpService ytDlp() const;
-    QString metadataTitle() const;
 
     DownloadPipeline::Job downloadJob() const;
     std::optional<TrimRange> trimToApply(OutputFormat format) const;
@@ -158,14 +158,13 @@ private:
     QString m_urlText;
     std::optional<VideoInfo> m_info; ///< its title in one line
     QString m_infoAddress; ///< of the video that `m_info` tells about
-    std::optional<QString> m_siteTitle; ///< as the site has it
     std::shared_ptr<DownloadAttempts> m_attempts; ///< to download what was looked up
     Phase m_phase = Phase::input;
     std::optional<QString> m_fetchError;
     QString m_fetchStatus;
     QString m_fetchLog;
     QString m_lastAttemptedURL;
-    QString m_customTitle;
+    FileTitle m_title;
     PreviewPlayerController m_preview;
     std::optional<QUrl> m_previewURL;
     bool m_showLogs = false;

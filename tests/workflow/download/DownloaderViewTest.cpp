@@ -223,7 +223,10 @@ TEST_F(DownloaderViewTest, PreviewsTheFileName)
     const std::tuple<QString, QString, QString> cases[] = {
         {{}, u"bestResolution"_s, u"Talk [<id>].mp4"_s},
         {u"a/b"_s, u"audioMP3"_s, u"a-b [<id>].mp3"_s},
-        {u"  "_s, u"proRes422"_s, u"Untitled [<id>].mov"_s},
+        {u"  "_s, u"proRes422"_s, u"Talk [<id>].mov"_s},
+        {u"100% real"_s, {}, u"100% real [<id>].mp4"_s},
+        {u"%"_s.repeated(120), {}, u"%"_s.repeated(90) + u" [<id>].mp4"_s},
+        {u"漢"_s.repeated(150), {}, u"漢"_s.repeated(66) + u" [<id>].mp4"_s},
         {u"x"_s, u"no such format"_s, u"x [<id>].mp4"_s},
     };
     for (const auto &[title, format, name] : cases) {
@@ -233,6 +236,17 @@ TEST_F(DownloaderViewTest, PreviewsTheFileName)
     }
     view->setOutputFormatRaw(u"maxQuality"_s);
     EXPECT_EQ(view->selectedOption().kind, OutputFormat::macCompatible);
+    // The site's own title is left to the tool, which has ways of its own.
+    const std::pair<QString, QString> siteTitles[] = {
+        {u"At 1:30:00: a/b? \\\"c\\\" <d>|*"_s, u"At 1_30_00： a⧸b？ ＂c＂ ＜d＞｜＊"_s},
+        {u".5% of\\tit"_s, u".5% ofit"_s},
+        {u"漢"_s.repeated(150), u"漢"_s.repeated(66)},
+    };
+    for (const auto &[title, stem] : siteTitles) {
+        fake.tools.write(u"yt-dlp.json"_s, u"{\"title\":\"%1\"}"_s.arg(title));
+        lookUp();
+        EXPECT_EQ(view->filenamePreview(), stem + u" [<id>].mp4"_s);
+    }
 }
 
 TEST_F(DownloaderViewTest, DownloadsWhatIsShownWhereTheStoredFormatIsNotOffered)

@@ -1,0 +1,32 @@
+#include "workflow/download/FileTitle.h"
+
+#include "core/text/SingleLine.h"
+#include "core/ytdlp/DownloadArguments.h"
+
+namespace clipwren {
+
+QString FileTitle::original() const
+{
+    return singleLine(site.value_or(QString()));
+}
+
+QString FileTitle::effective() const
+{
+    const QString typed = custom.trimmed();
+    return typed.isEmpty() ? original() : typed;
+}
+
+std::optional<QString> FileTitle::override() const
+{
+    const QString title = effective();
+    // The tool would keep some of the line breaks that the site has.
+    return title.isEmpty() || title == site ? std::nullopt : std::optional(title);
+}
+
+QString FileTitle::stem() const
+{
+    const auto title = override();
+    return title ? fileStem(*title) : siteFileStem(site.value_or(QStringLiteral("Untitled")));
+}
+
+} // namespace clipwren
