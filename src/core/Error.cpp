@@ -4,13 +4,18 @@
 
 namespace clipwren {
 
-Error::Error(const QString &description)
-    : m_description(description), m_utf8(description.toStdString())
+Error::Error(const QString &description) : Error(description, description, {})
 {
 }
 
-ClipwrenError::ClipwrenError(Code code, const QString &description)
-    : Error(description), m_code(code)
+Error::Error(const QString &description, const QString &summary, const ToolLog &log)
+    : m_description(description), m_summary(summary), m_toolLog(log),
+      m_utf8(description.toStdString())
+{
+}
+
+ClipwrenError::ClipwrenError(Code code, const QString &description, const ToolLog &log)
+    : Error(description, description, log), m_code(code)
 {
 }
 
@@ -28,6 +33,19 @@ QString errorDescription(const std::exception &error)
     if (const auto *ours = dynamic_cast<const Error *>(&error))
         return ours->errorDescription();
     return QString::fromUtf8(error.what());
+}
+
+QString errorSummary(const std::exception &error)
+{
+    if (const auto *ours = dynamic_cast<const Error *>(&error))
+        return ours->summary();
+    return errorDescription(error);
+}
+
+ToolLog toolLogOf(const std::exception &error)
+{
+    const auto *ours = dynamic_cast<const Error *>(&error);
+    return ours ? ours->toolLog() : ToolLog();
 }
 
 } // namespace clipwren

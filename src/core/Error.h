@@ -7,6 +7,12 @@
 
 namespace clipwren {
 
+/// What a tool wrote before it failed.
+struct ToolLog {
+    QString tool; ///< the program's name, as in "ffmpeg"; empty when no tool was at work
+    QString text;
+};
+
 /// Base of every failure that this application raises itself.
 ///
 /// Carries one sentence for the user. Failures to start a program or to reach a file are
@@ -14,12 +20,20 @@ namespace clipwren {
 class Error : public std::exception {
 public:
     explicit Error(const QString &description);
+    Error(const QString &description, const QString &summary, const ToolLog &log);
 
+    /// The whole of it, which may hold a tool's log.
     QString errorDescription() const { return m_description; }
+    /// The description in one line.
+    QString summary() const { return m_summary; }
+    /// Its text is empty when the failure came with none.
+    ToolLog toolLog() const { return m_toolLog; }
     const char *what() const noexcept override { return m_utf8.c_str(); }
 
 private:
     QString m_description;
+    QString m_summary;
+    ToolLog m_toolLog;
     std::string m_utf8;
 };
 
@@ -31,7 +45,7 @@ public:
         EmptyProbeOutput = 5, ///< ffprobe succeeded and printed nothing
     };
 
-    ClipwrenError(Code code, const QString &description);
+    ClipwrenError(Code code, const QString &description, const ToolLog &log = {});
 
     static QString domain();
     Code code() const { return m_code; }
@@ -49,5 +63,9 @@ public:
 /// The sentence for the user of any exception: `errorDescription()` of ours, errno's text of a
 /// `std::system_error`, otherwise `what()`.
 QString errorDescription(const std::exception &error);
+/// The same in one line.
+QString errorSummary(const std::exception &error);
+/// What the tool wrote; empty when the error carries nothing.
+ToolLog toolLogOf(const std::exception &error);
 
 } // namespace clipwren

@@ -265,6 +265,7 @@ Banner *failure()
     made->setMessage(
         QStringLiteral("Process failed (exit 1): ERROR: unable to download video data"));
     made->setDismissible(true);
+    made->addButton(QStringLiteral("View Logs"), u"terminal");
     return made;
 }
 

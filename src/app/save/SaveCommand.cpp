@@ -2,7 +2,6 @@
 
 #include "core/process/ToolEnvironment.h"
 #include "core/text/Duration.h"
-#include "workflow/download/FetchErrorText.h"
 
 #include <QRegularExpression>
 
@@ -136,7 +135,7 @@ void SaveCommand::failLookup()
 {
     // A look-up that is cancelled says nothing, and a tool that a signal ends counts as cancelled.
     QString sentence =
-        withoutLog(m_view.fetchError().value_or(u"yt-dlp was stopped before it had answered."_s));
+        m_view.fetchError().value_or(u"yt-dlp was stopped before it had answered."_s);
     // Here is nothing to tap: the log follows.
     sentence.remove(u" Tap 'View logs' for details."_s);
     m_report.line(sentence);
@@ -147,7 +146,7 @@ void SaveCommand::failLookup()
 
 void SaveCommand::failDownload()
 {
-    const QString sentence = withoutLog(*m_view.errorMessage());
+    const QString sentence = m_view.errorMessage().value_or(QString());
     const bool wasCancelled = sentence == CancellationError().errorDescription();
     fail(wasCancelled ? u"The tool was stopped before it had finished."_s : sentence);
 }

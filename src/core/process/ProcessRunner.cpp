@@ -4,6 +4,7 @@
 #include "core/process/ChildProcess.h"
 #include "core/process/LineSplitter.h"
 #include "core/process/StopSignal.h"
+#include "core/text/DecisiveLine.h"
 
 #include <QFileInfo>
 #include <QThreadPool>
@@ -236,21 +237,34 @@ ChunkHandler collector(BoundedLog &collected)
     return [&collected](QByteArrayView chunk) { collected.append(chunk); };
 }
 
+QString failed(int exitCode)
+{
+    return QStringLiteral("Process failed (exit %1): ").arg(exitCode);
+}
+
+[[noreturn]] void throwError(const Command &command, const ChildProcess::Exit &exit,
+                             const QString &standardError)
+{
+    throw ProcessError(exit.status, standardError, QFileInfo(command.path).fileName());
+}
+
 /// How the end of a streamed program is reported.
-void throwUnlessSucceeded(const ChildProcess::Exit &exit, const BoundedLog &standardError)
+void throwUnlessSucceeded(const Command &command, const ChildProcess::Exit &exit,
+                          const BoundedLog &standardError)
 {
     // Programs that catch SIGTERM themselves end with its number, or with 128 more, as shells do.
     if (exit.bySignal || exit.status == SIGTERM || exit.status == 128 + SIGTERM)
         throw CancellationError();
     if (exit.status != 0)
-        throw ProcessError(exit.status, standardError.text());
+        throwError(command, exit, standardError.text());
 }
 
 } // namespace
 
-ProcessError::ProcessError(int exitCode, const QString &standardError)
-    : Error(QStringLiteral("Process failed (exit %1): ").arg(exitCode) + standardError.trimmed()),
-      m_exitCode(exitCode), m_standardError(standardError)
+ProcessError::ProcessError(int exitCode, const QString &standardError, const QString &program)
+    : Error(failed(exitCode) + standardError.trimmed(),
+            failed(exitCode) + decisiveLine(standardError), {program, standardError}),
+      m_exitCode(exitCode)
 {
 }
 
@@ -278,7 +292,7 @@ QString runCapturing(const Command &command, std::optional<std::chrono::duration
     }
     const ChildProcess::Exit exit = run.finish(stop, deadline);
     if (exit.status != 0)
-        throw ProcessError(exit.status, error.text());
+        throwError(command, exit, error.text());
     return QString::fromUtf8(output);
 }
 
@@ -291,7 +305,7 @@ void runStreaming(const Command &command, const LineHandler &onLine, std::stop_t
 {
     BoundedLog error;
     Run run(command, lineSplitter(onLine), lineSplitter(onLine, &error));
-    throwUnlessSucceeded(run.finish(stop), error);
+    throwUnlessSucceeded(command, run.finish(stop), error);
 }
 
 Output runCapturingStdoutStreamingStderr(const Command &command, const LineHandler &onStderrLine,
@@ -300,7 +314,7 @@ Output runCapturingStdoutStreamingStderr(const Command &command, const LineHandl
     QByteArray output;
     BoundedLog error;
     Run run(command, collector(output, command), lineSplitter(onStderrLine, &error));
-    throwUnlessSucceeded(run.finish(stop), error);
+    throwUnlessSucceeded(command, run.finish(stop), error);
     return {QString::fromUtf8(output), error.text()};
 }
 

@@ -40,19 +40,19 @@ struct Command {
     qsizetype outputLimit = 64 * 1024 * 1024; ///< bytes of standard output that are kept at most
 };
 
-/// The program ended with a status other than 0.
+/// The program ended with a status other than 0. The summary holds only the decisive line of what
+/// it wrote.
 class ProcessError : public Error {
 public:
-    ProcessError(int exitCode, const QString &standardError);
+    ProcessError(int exitCode, const QString &standardError, const QString &program = {});
 
     /// The exit status, or the number of the signal that ended the program.
     int exitCode() const { return m_exitCode; }
     /// What the program wrote to its standard error; of more than 2 MB the beginning and the end.
-    QString standardError() const { return m_standardError; }
+    QString standardError() const { return toolLog().text; }
 
 private:
     int m_exitCode;
-    QString m_standardError;
 };
 
 /// The time limit passed.

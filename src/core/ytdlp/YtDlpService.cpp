@@ -107,10 +107,15 @@ QString firstCharacters(const QString &text, int count)
     return finder.position() < 0 ? text : text.first(finder.position());
 }
 
+QString toolName()
+{
+    return QStringLiteral("yt-dlp");
+}
+
 } // namespace
 
 YtDlpService::FetchError::FetchError(Kind kind, const QString &description, const QString &log)
-    : Error(description), m_kind(kind), m_log(log)
+    : Error(description, description, {toolName(), log}), m_kind(kind)
 {
 }
 
@@ -176,10 +181,12 @@ QString YtDlpService::download(const QString &url, const QString &outputDirector
                                OutputFormat format, const std::optional<QString> &customFilename,
                                const ProgressHandler &onProgress, std::stop_token stop) const
 {
+    constexpr qsizetype maximumLog = 100'000;
     createDirectory(outputDirectory);
     const QStringList arguments =
         downloadArguments(url, outputDirectory, format, customFilename, ffmpegPath);
     QString finalPath;
+    QString log;
     ProcessRunner::runStreaming(
         {binaryPath, arguments},
         [&](QStringView line) {
@@ -187,11 +194,14 @@ QString YtDlpService::download(const QString &url, const QString &outputDirector
                 finalPath = *path;
             else if (const auto progress = DownloadProgress::fromLine(line); progress && onProgress)
                 onProgress(progress->fraction, progress->status);
+            else if (log.size() < maximumLog)
+                log += line.toString() + u'\n';
         },
         stop);
     if (finalPath.isEmpty()) {
         throw ClipwrenError(ClipwrenError::Code::NoOutputPath,
-                            QStringLiteral("yt-dlp finished without reporting an output path"));
+                            QStringLiteral("yt-dlp finished without reporting an output path"),
+                            {toolName(), log});
     }
     return finalPath;
 }

@@ -33,7 +33,7 @@ struct YtDlpService {
 
         Kind kind() const { return m_kind; }
         /// All that the tool wrote to its standard error.
-        QString log() const { return m_log; }
+        QString log() const { return toolLog().text; }
         /// What was wrong with the document; only with `malformedJSON`.
         std::optional<DecodingError> underlying() const { return m_underlying; }
 
@@ -41,7 +41,6 @@ struct YtDlpService {
         FetchError(Kind kind, const QString &description, const QString &log);
 
         Kind m_kind;
-        QString m_log;
         std::optional<DecodingError> m_underlying;
     };
 

@@ -10,7 +10,7 @@ namespace clipwren {
 
 Banner::Banner(QWidget *parent)
     : Card(Theme::Color::OrangeFill, 10, parent), m_title(new Label(Theme::TextStyle::Strong)),
-      m_message(new Label(Theme::TextStyle::Callout)),
+      m_message(new Label(Theme::TextStyle::Callout)), m_row(new QHBoxLayout(this)),
       m_dismiss(Button::iconOnly(u"xmark", tr("Dismiss")))
 {
     auto *texts = new QVBoxLayout;
@@ -24,16 +24,15 @@ Banner::Banner(QWidget *parent)
     m_dismiss->setSize(Button::Size::Small);
     m_dismiss->hide();
 
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(11, 8, 12, 8);
-    row->setSpacing(9);
+    m_row->setContentsMargins(11, 8, 12, 8);
+    m_row->setSpacing(9);
     auto *symbol = new QVBoxLayout;
     symbol->setContentsMargins(0, 2, 0, 2);
     symbol->addWidget(new IconView(u"exclamationmark.triangle.fill", 18, Theme::Color::OrangeIcon),
                       0, Qt::AlignTop);
-    row->addLayout(symbol);
-    row->addLayout(texts, 1);
-    row->addWidget(m_dismiss, 0, Qt::AlignTop);
+    m_row->addLayout(symbol);
+    m_row->addLayout(texts, 1);
+    m_row->addWidget(m_dismiss, 0, Qt::AlignTop);
     connect(m_dismiss, &Button::clicked, this, &Banner::dismissed);
 }
 
@@ -55,6 +54,15 @@ void Banner::setMarkdown(const QString &message)
     m_message->setMarkdown(message);
     m_message->setColor(Theme::Color::Secondary);
     m_message->setSelectable(false);
+}
+
+Button *Banner::addButton(const QString &text, const Icon &icon)
+{
+    auto *button = new Button(Button::Style::Bordered, text, icon);
+    button->setSize(Button::Size::Small);
+    m_row->insertWidget(m_row->count() - 1, button, 0, Qt::AlignTop);
+    setTabOrder(button, m_dismiss);
+    return button;
 }
 
 void Banner::setDismissible(bool dismissible)

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "ui/components/Card.h"
+#include "ui/components/Icon.h"
+
+class QHBoxLayout;
 
 namespace clipwren {
 
@@ -20,6 +23,8 @@ public:
     /// A text of ours with `**bold**` and `*italic*`, in the secondary colour.
     void setMarkdown(const QString &message);
     void setDismissible(bool dismissible);
+    /// A small button beside the message.
+    Button *addButton(const QString &text, const Icon &icon);
 
 Q_SIGNALS:
     void dismissed();
@@ -27,6 +32,7 @@ Q_SIGNALS:
 private:
     Label *m_title;
     Label *m_message;
+    QHBoxLayout *m_row;
     Button *m_dismiss;
 };
 

@@ -6,7 +6,6 @@
 #include "ui/components/IconView.h"
 #include "ui/components/WrappedLabel.h"
 #include "workflow/download/DownloaderView.h"
-#include "workflow/download/FetchErrorText.h"
 
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -115,7 +114,7 @@ void AddressField::renderFailure()
         m_failure->setVisible(failure.has_value());
         m_viewLogs->setVisible(!m_view.fetchLog().isEmpty());
         if (failure)
-            m_failureText->setText(withoutLog(*failure));
+            m_failureText->setText(*failure);
     };
     if (appearsOrGoes)
         m_failureGlide->change(failureSpring, apply);

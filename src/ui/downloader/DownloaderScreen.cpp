@@ -19,7 +19,6 @@
 #include "ui/downloader/TrimSection.h"
 #include "ui/downloader/VideoSummary.h"
 #include "workflow/download/DownloaderView.h"
-#include "workflow/download/FetchErrorText.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -159,6 +158,8 @@ QWidget *DownloaderScreen::makeError()
 {
     m_error = new Banner;
     m_error->setDismissible(true);
+    m_errorLogs = m_error->addButton(tr("View Logs"), u"terminal");
+    connect(m_errorLogs, &Button::clicked, &m_view, &DownloaderView::showErrorLog);
     connect(m_error, &Banner::dismissed, &m_view, &DownloaderView::dismissErrorMessage);
     m_errorRow = new QWidget;
     auto *rows = new QVBoxLayout(m_errorRow);
@@ -302,7 +303,8 @@ void DownloaderScreen::renderError()
         return;
     const std::optional<QString> message = m_view.errorMessage();
     if (message)
-        m_error->setMessage(withoutLog(*message));
+        m_error->setMessage(*message);
+    m_errorLogs->setVisible(m_view.errorLog().has_value());
     const bool appears = message && m_errorRow->isHidden();
     m_errorRow->setVisible(message.has_value());
     // Once the layout has placed it, which may be below what is in view.
@@ -342,9 +344,10 @@ void DownloaderScreen::scrollToTrim()
 void DownloaderScreen::renderLogs()
 {
     if (m_view.showLogs() && !m_logs) {
+        const ToolLog &log = m_view.shownLog();
         m_logs = new LogSheet(
-            tr("yt-dlp output"), m_view.fetchLog(), [this] { m_view.setShowLogs(false); },
-            window());
+            log.tool.isEmpty() ? tr("Details") : tr("%1 output").arg(log.tool), log.text,
+            [this] { m_view.setShowLogs(false); }, window());
         m_logs->open();
     } else if (!m_view.showLogs() && m_logs) {
         m_logs->hide();

@@ -96,6 +96,7 @@ private:
     SuccessCard *m_success = nullptr;
     QWidget *m_errorRow = nullptr;
     Banner *m_error = nullptr;
+    Button *m_errorLogs = nullptr;
     QShortcut *m_pasteShortcut;
     QList<QShortcut *> m_downloadShortcuts;
     QPointer<LogSheet> m_logs;

@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
 
 #include <algorithm>
 #include <utility>
@@ -34,6 +35,17 @@ void checkReported(const QString &path, const QString &folder)
         refuse(u"yt-dlp saved an empty file: “%1”."_s);
 }
 
+/// yt-dlp leaves out why its ffmpeg failed. Where the disk is full, that is why.
+QString sentenceFor(const std::exception &failure, const QString &folder)
+{
+    constexpr qint64 nothingToSpeakOf = 1'000'000;
+    const QString summary = errorSummary(failure);
+    const qint64 bytesFree = QStorageInfo(folder).bytesAvailable();
+    if (summary.endsWith("Conversion failed!"_L1) && bytesFree >= 0 && bytesFree < nothingToSpeakOf)
+        return summary + u" No space is left on the disk."_s;
+    return summary;
+}
+
 } // namespace
 
 DownloadPipeline::DownloadPipeline(DownloadStore &store, HistoryStore &history)
@@ -45,7 +57,7 @@ void DownloadPipeline::start(const Job &job)
 {
     m_job = job;
     m_cancelled = false;
-    m_errorMessage.reset();
+    dismissErrorMessage();
     m_progress = 0;
     m_status = starting;
     m_heading = downloading;
@@ -105,10 +117,16 @@ void DownloadPipeline::drop()
     m_lock.reset();
 }
 
+void DownloadPipeline::dismissErrorMessage()
+{
+    m_errorMessage.reset();
+    m_errorLog.reset();
+}
+
 void DownloadPipeline::clear()
 {
     m_lock.reset();
-    m_errorMessage.reset();
+    dismissErrorMessage();
     m_progress = 0;
     m_status.clear();
 }
@@ -202,9 +220,13 @@ void DownloadPipeline::fail(const std::exception_ptr &error)
     m_lock.reset();
     try {
         std::rethrow_exception(error);
+    } catch (const CancellationError &cancellation) {
+        m_errorMessage = cancellation.errorDescription();
     } catch (const std::exception &failure) {
-        // A cancellation describes itself in a word, too.
-        m_errorMessage = errorDescription(failure);
+        m_errorMessage = sentenceFor(failure, m_job.download.outputDirectory);
+        m_errorLog = toolLogOf(failure);
+        if (m_errorLog->text.isEmpty())
+            m_errorLog->text = errorDescription(failure);
     }
     Q_EMIT failed();
 }

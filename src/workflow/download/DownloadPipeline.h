@@ -57,7 +57,10 @@ public:
     QString heading() const { return m_heading; }
     /// One sentence for the user when the latest job failed, also when it was cancelled.
     std::optional<QString> errorMessage() const { return m_errorMessage; }
-    void dismissErrorMessage() { m_errorMessage.reset(); }
+    /// What the tool wrote when the latest job failed; absent when it was cancelled. Without a tool
+    /// its text is the failure's own.
+    std::optional<ToolLog> errorLog() const { return m_errorLog; }
+    void dismissErrorMessage();
     /// Forgets how far the latest job came and how it failed.
     void clear();
 
@@ -97,6 +100,7 @@ private:
     QString m_status;
     QString m_heading;
     std::optional<QString> m_errorMessage;
+    std::optional<ToolLog> m_errorLog;
     bool m_cancelled = false;
     std::shared_ptr<VideoLock> m_lock; ///< until the record is where it belongs
     BackgroundTask m_step;

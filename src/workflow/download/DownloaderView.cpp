@@ -180,7 +180,7 @@ void DownloaderView::lookupFailed(const std::exception_ptr &error)
     } catch (const std::exception &failure) {
         if (m_phase == Phase::fetching) {
             m_fetchError = friendlyFetchError(failure);
-            m_fetchLog = logOf(failure);
+            m_fetchLog = toolLogOf(failure).text;
             m_phase = Phase::input;
         }
     }
@@ -263,6 +263,7 @@ void DownloaderView::resetAll()
 void DownloaderView::setShowLogs(bool show)
 {
     m_showLogs = show;
+    m_shownLog = {u"yt-dlp"_s, m_fetchLog};
     Q_EMIT changed();
 }
 
@@ -393,6 +394,15 @@ void DownloaderView::downloadRecorded(const QUuid &recordId)
 void DownloaderView::cancelDownload()
 {
     m_pipeline.cancel();
+}
+
+void DownloaderView::showErrorLog()
+{
+    if (!errorLog())
+        return;
+    m_showLogs = true;
+    m_shownLog = *errorLog();
+    Q_EMIT changed();
 }
 
 void DownloaderView::dismissErrorMessage()

@@ -75,7 +75,10 @@ public:
     QString fetchLog() const { return m_fetchLog; }
     QString lastAttemptedURL() const { return m_lastAttemptedURL; }
     bool showLogs() const { return m_showLogs; }
+    /// Shows what the look-up wrote.
     void setShowLogs(bool show);
+    /// What is shown while `showLogs()`.
+    const ToolLog &shownLog() const { return m_shownLog; }
 
     /// Looks up the address field's text, or again the last address that was valid.
     void fetchInfo(bool retryingLast);
@@ -133,6 +136,9 @@ public:
     QString phaseLabel() const { return m_pipeline.heading(); }
     std::optional<QString> errorMessage() const { return m_pipeline.errorMessage(); }
     void dismissErrorMessage();
+    /// Present with every message but that of a cancellation.
+    std::optional<ToolLog> errorLog() const { return m_pipeline.errorLog(); }
+    void showErrorLog();
 
 Q_SIGNALS:
     void changed();
@@ -168,6 +174,7 @@ private:
     PreviewPlayerController m_preview;
     std::optional<QUrl> m_previewURL;
     bool m_showLogs = false;
+    ToolLog m_shownLog;
     bool m_trimEnabled = false;
     double m_trimStart = 0;
     double m_trimEnd = 0;

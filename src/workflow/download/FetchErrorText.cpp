@@ -1,9 +1,6 @@
 #include "workflow/download/FetchErrorText.h"
 
 #include "core/process/ProcessRunner.h"
-#include "core/ytdlp/YtDlpService.h"
-
-#include <QRegularExpression>
 
 #include <array>
 
@@ -39,33 +36,7 @@ QString friendlyFetchError(const std::exception &error)
                 return sentence.text;
         }
     }
-    return u"Couldn't fetch video info: "_s + description;
-}
-
-QString withoutLog(const QString &sentence)
-{
-    const qsizetype firstLineEnd = sentence.indexOf(u'\n');
-    if (firstLineEnd < 0)
-        return sentence;
-    QString lastLine;
-    QString lastError;
-    for (const QString &line : sentence.split(u'\n', Qt::SkipEmptyParts)) {
-        lastLine = line.trimmed();
-        if (lastLine.startsWith("ERROR:"_L1))
-            lastError = lastLine;
-    }
-    // The log begins behind the exit status: "… Process failed (exit 1): [debug] …".
-    static const QRegularExpression status(u"^.*?\\(exit \\d+\\): "_s);
-    return status.match(sentence).captured() + (lastError.isEmpty() ? lastLine : lastError);
-}
-
-QString logOf(const std::exception &error)
-{
-    if (const auto *fetchError = dynamic_cast<const YtDlpService::FetchError *>(&error))
-        return fetchError->log();
-    if (const auto *processError = dynamic_cast<const ProcessRunner::ProcessError *>(&error))
-        return processError->standardError();
-    return {};
+    return u"Couldn't fetch video info: "_s + errorSummary(error);
 }
 
 } // namespace clipwren

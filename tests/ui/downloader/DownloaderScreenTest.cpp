@@ -1,5 +1,6 @@
 #include "ScreenTest.h"
 #include "ui/components/Button.h"
+#include "ui/components/LogText.h"
 #include "ui/components/Picker.h"
 #include "ui/downloader/AddressField.h"
 #include "ui/downloader/LogSheet.h"
@@ -267,6 +268,13 @@ TEST_F(DownloaderScreenTest, nothingIsCutOffInTheSmallestWindowNorWhyADownloadFa
     EXPECT_FALSE(button(u"Dismiss"_s)->visibleRegion().isEmpty());
     EXPECT_TRUE(texts().contains(u"ERROR: /"));
     EXPECT_FALSE(texts().contains(u"[debug]"));
+    click(u"View Logs"_s);
+    auto *sheet = m_screen.findChild<LogSheet *>();
+    ASSERT_TRUE(sheet);
+    EXPECT_EQ(sheet->windowTitle(), u"yt-dlp output");
+    EXPECT_TRUE(sheet->findChild<LogText *>()->toPlainText().startsWith(u"[debug] much"));
+    m_view.setShowLogs(false);
+    settle();
     click(u"Dismiss"_s);
     EXPECT_FALSE(texts().contains(u"ERROR"));
 }

@@ -84,6 +84,7 @@ TEST_F(DownloadPipelineTest, CancelsADownloadAndStartsItAgain)
     view->cancelDownload();
     ASSERT_TRUE(reaches(*view, Phase::ready));
     EXPECT_EQ(view->errorMessage(), u"Cancelled"_s);
+    EXPECT_FALSE(view->errorLog());
     EXPECT_EQ(files(), QStringList{u"Talk [id1].mp4.part"_s});
     EXPECT_TRUE(fake.store.records().isEmpty());
 
@@ -214,14 +215,45 @@ TEST_F(DownloadPipelineTest, SavesAVideoOneAfterTheOther)
 
 TEST_F(DownloadPipelineTest, KeepsTheDownloadWhenProcessingFails)
 {
-    fake.onConvert(u"echo partly > \"$output\"; echo broken >&2; exit 1"_s);
+    fake.onConvert(u"echo partly > \"$output\"; echo 'No space left on device' >&2;"
+                   " echo 'Conversion failed!' >&2; exit 1"_s);
     makeReady();
     view->setTrimEnabled(true);
     view->start();
     ASSERT_TRUE(reaches(*view, Phase::ready));
-    EXPECT_EQ(view->errorMessage(), u"Process failed (exit 1): broken"_s);
+    EXPECT_EQ(view->errorMessage(), u"Process failed (exit 1): No space left on device"_s);
+    EXPECT_EQ(view->errorLog()->tool, u"ffmpeg"_s);
+    EXPECT_EQ(view->errorLog()->text, u"No space left on device\nConversion failed!\n"_s);
     EXPECT_EQ(files(), QStringList{u"Talk [id1].mp4"_s});
     EXPECT_TRUE(fake.store.records().isEmpty());
+}
+
+TEST_F(DownloadPipelineTest, KeepsALogOfEveryFailure)
+{
+    const std::tuple<QString, QString, QString, QString> cases[] = {
+        {u"echo '[debug] a' >&2; echo 'ERROR: gone' >&2; exit 1"_s,
+         u"Process failed (exit 1): ERROR: gone"_s, u"yt-dlp"_s, u"[debug] a\nERROR: gone\n"_s},
+        {u"echo nothing done"_s, u"yt-dlp finished without reporting an output path"_s, u"yt-dlp"_s,
+         u"nothing done\n"_s},
+    };
+    for (const auto &[script, message, tool, log] : cases) {
+        fake.onDownload(script);
+        makeReady();
+        view->start();
+        ASSERT_TRUE(reaches(*view, Phase::ready));
+        EXPECT_EQ(view->errorMessage(), message);
+        view->showErrorLog();
+        EXPECT_EQ(view->shownLog().tool, tool);
+        EXPECT_EQ(view->shownLog().text, log);
+    }
+    // No tool was at work.
+    QDir(fake.downloadFolder()).removeRecursively();
+    QFile folder(fake.downloadFolder());
+    ASSERT_TRUE(folder.open(QIODevice::WriteOnly));
+    view->start();
+    ASSERT_TRUE(reaches(*view, Phase::ready));
+    EXPECT_EQ(view->errorLog()->tool, QString());
+    EXPECT_EQ(view->errorLog()->text, view->errorMessage());
 }
 
 TEST_F(DownloadPipelineTest, NeverRemovesAFileThatWasThereBefore)

@@ -29,13 +29,11 @@ TEST(FetchErrorText, ChoosesTheFirstSentenceThatFits)
         u"Timed out after 60 s. YouTube may be rate-limiting — wait a minute and try again."_s);
 }
 
-TEST(FetchErrorText, KeepsOnlyTheDecisiveLineOfALog)
+TEST(FetchErrorText, NamesOnlyTheDecisiveLineOfALog)
 {
-    const QString head = u"Couldn't fetch video info: Process failed (exit 1): "_s;
-    EXPECT_EQ(withoutLog(head + u"[debug] a\nERROR: gone\n  File \"x\", line 1"_s),
-              head + u"ERROR: gone"_s);
-    EXPECT_EQ(withoutLog(head + u"one\ntwo"_s), head + u"two"_s);
-    EXPECT_EQ(withoutLog(u"Cancelled"_s), u"Cancelled"_s);
+    EXPECT_EQ(friendlyFetchError(
+                  ProcessError(1, u"[debug] a\nERROR: gone\n  File \"x\", line 1"_s, u"yt-dlp"_s)),
+              u"Couldn't fetch video info: Process failed (exit 1): ERROR: gone"_s);
 }
 
 } // namespace
