@@ -90,6 +90,9 @@ void DownloaderView::fetchInfo(bool retryingLast)
     m_pipeline.cancel();
     m_fetchError.reset();
     m_fetchStatus.clear();
+    // What was said of another download, and a log that stands open, are none of this one's.
+    m_pipeline.dismissErrorMessage();
+    m_showLogs = false;
     const QString address = (retryingLast ? m_lastAttemptedURL : m_urlText).trimmed();
     if (address.isEmpty() || !isWebAddress(address)) {
         if (!address.isEmpty()) {

@@ -279,5 +279,21 @@ TEST_F(DownloaderScreenTest, nothingIsCutOffInTheSmallestWindowNorWhyADownloadFa
     EXPECT_FALSE(texts().contains(u"ERROR"));
 }
 
+TEST_F(DownloaderScreenTest, aNewLookupTakesAwayWhatWasSaidOfAnotherVideo)
+{
+    m_fake.onDownload(u"echo 'ERROR: gone' >&2; exit 1"_s);
+    getReady();
+    m_view.start();
+    EXPECT_TRUE(reaches(m_view, Phase::ready));
+    settle();
+    click(u"View Logs"_s);
+    EXPECT_TRUE(m_screen.findChild<LogSheet *>()->isVisible());
+    m_fake.onLookup(waitForever);
+    lookUp(Phase::fetching);
+    EXPECT_FALSE(texts().contains(u"ERROR"));
+    for (const LogSheet *sheet : m_screen.findChildren<LogSheet *>())
+        EXPECT_FALSE(sheet->isVisible());
+}
+
 } // namespace
 } // namespace clipwren::test
