@@ -1,5 +1,7 @@
 #include "core/text/DecisiveLine.h"
 
+#include "core/text/BoundedText.h"
+
 #include <algorithm>
 #include <array>
 #include <initializer_list>
@@ -53,10 +55,7 @@ QString decisiveLine(QStringView log)
             bestRank = rank;
         }
     }
-    best = best.first(std::min(best.size(), maximumLength));
-    if (!best.isEmpty() && best.back().isHighSurrogate())
-        best.chop(1);
-    return best.toString();
+    return boundedText(best.toString(), maximumLength);
 }
 
 } // namespace clipwren

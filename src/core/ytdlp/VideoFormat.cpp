@@ -2,18 +2,31 @@
 
 #include "core/OptionalHash.h"
 #include "core/json/JsonObjectReader.h"
+#include "core/text/BoundedText.h"
 
 namespace clipwren {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The codec's name is shown.
+std::optional<QString> name(const JsonObjectReader &json, QLatin1StringView key)
+{
+    constexpr qsizetype longestName = 100;
+    const auto text = json.text(key);
+    return text ? std::optional(boundedText(*text, longestName)) : std::nullopt;
+}
+
+} // namespace
+
 VideoFormat VideoFormat::fromJson(const JsonObjectReader &json)
 {
     return {
-        .format_id = json.text("format_id"_L1),
-        .vcodec = json.text("vcodec"_L1),
-        .acodec = json.text("acodec"_L1),
-        .ext = json.text("ext"_L1),
+        .format_id = name(json, "format_id"_L1),
+        .vcodec = name(json, "vcodec"_L1),
+        .acodec = name(json, "acodec"_L1),
+        .ext = name(json, "ext"_L1),
         .height = json.integer("height"_L1),
         .width = json.integer("width"_L1),
         .fps = json.number("fps"_L1),

@@ -8,7 +8,8 @@ namespace clipwren {
 
 class JsonObjectReader;
 
-/// One format of a video that the site offers. Fields are named as the tool's keys.
+/// One format of a video that the site offers. Fields are named as the tool's keys; of a text, the
+/// first 100 characters are kept.
 struct VideoFormat {
     std::optional<QString> format_id = std::nullopt;
     std::optional<QString> vcodec = std::nullopt; ///< "none" for a format without video

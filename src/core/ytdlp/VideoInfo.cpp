@@ -1,11 +1,24 @@
 #include "core/ytdlp/VideoInfo.h"
 
 #include "core/json/JsonObjectReader.h"
+#include "core/text/BoundedText.h"
 
 namespace clipwren {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+std::optional<QString> bounded(const std::optional<QString> &text)
+{
+    return text ? std::optional(boundedText(*text, longestTitle)) : std::nullopt;
+}
+
+/// The beginning of an address leads somewhere else.
+std::optional<QString> addressIfBounded(const std::optional<QString> &text)
+{
+    constexpr qsizetype longestAddress = 100'000;
+    return text && text->size() <= longestAddress ? text : std::nullopt;
+}
 
 std::optional<QList<VideoFormat>> readFormats(const JsonObjectReader &json)
 {
@@ -25,11 +38,11 @@ VideoInfo VideoInfo::fromJson(const QByteArray &utf8)
 {
     const auto json = JsonObjectReader::fromDocument(utf8);
     return {
-        .title = json.text("title"_L1),
+        .title = bounded(json.text("title"_L1)),
         .duration = json.number("duration"_L1),
-        .thumbnail = json.text("thumbnail"_L1),
-        .uploader = json.text("uploader"_L1),
-        .webpage_url = json.text("webpage_url"_L1),
+        .thumbnail = addressIfBounded(json.text("thumbnail"_L1)),
+        .uploader = bounded(json.text("uploader"_L1)),
+        .webpage_url = addressIfBounded(json.text("webpage_url"_L1)),
         .formats = readFormats(json),
     };
 }

@@ -7,7 +7,8 @@
 namespace clipwren {
 
 /// What the tool says about one video. Fields are named as its keys; any of them may be absent.
-/// Cheap to copy.
+/// Cheap to copy. Of titles and names the beginning is kept, of no more than `longestTitle`; an
+/// address of more than 100,000 characters is absent.
 struct VideoInfo {
     std::optional<QString> title = std::nullopt;
     std::optional<double> duration = std::nullopt; ///< seconds

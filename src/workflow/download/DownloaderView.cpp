@@ -2,6 +2,7 @@
 
 #include "core/library/DownloadStore.h"
 #include "core/process/ToolEnvironment.h"
+#include "core/text/BoundedText.h"
 #include "core/text/SingleLine.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Preferences.h"
@@ -130,11 +131,12 @@ void DownloaderView::startLookup(const QString &address)
     m_phase = Phase::fetching;
     m_info.reset();
     m_title.site.reset();
+    constexpr qsizetype longestStatus = 1'000;
     m_lookup = BackgroundTask::start(
         [this, service = ytDlp(), address](const std::stop_token &stop,
                                            const BackgroundTask::Post &post) {
             const auto onStatus = [this, &post](const QString &line) {
-                post([this, status = line.left(longestStatus)] {
+                post([this, status = boundedText(line, longestStatus)] {
                     m_fetchStatus = status;
                     Q_EMIT changed();
                 });
@@ -274,7 +276,7 @@ void DownloaderView::setShowLogs(bool show)
 
 void DownloaderView::setCustomTitle(const QString &title)
 {
-    m_title.custom = singleLine(title);
+    m_title.custom = boundedText(singleLine(title), longestTitle);
     Q_EMIT changed();
 }
 

@@ -92,7 +92,7 @@ public:
 
     // What the user chooses before the download.
     QString customTitle() const { return m_title.custom; }
-    /// Line breaks become blanks.
+    /// Line breaks become blanks; at most `longestTitle` of it is kept.
     void setCustomTitle(const QString &title);
     void resetCustomTitle();
     /// The stored raw value of the output format, whatever it is.

@@ -1,6 +1,7 @@
 #include "core/ytdlp/VideoInfo.h"
 
 #include "core/json/JsonObjectReader.h"
+#include "support/Printing.h"
 
 #include <gtest/gtest.h>
 
@@ -48,6 +49,34 @@ TEST(VideoInfo, keepsAbsentApartFromEmpty)
     EXPECT_EQ(empty.title, QString());
     EXPECT_EQ(empty.duration, 212.0);
     EXPECT_EQ(empty.formats, QList<VideoFormat>());
+}
+
+TEST(VideoInfo, keepsOnlyAsMuchOfATextAsAWindowCanShow)
+{
+    const QString family = u"👨‍👩‍👧"_s; // of 8 UTF-16 units
+    const auto decoded = [](const QString &fields) {
+        return VideoInfo::fromJson((u"{%1}"_s.arg(fields)).toUtf8());
+    };
+    const std::pair<QString, QString> titles[] = {
+        {u"x"_s.repeated(2'000), u"x"_s.repeated(2'000)},
+        {u"x"_s.repeated(1'000'000), u"x"_s.repeated(2'000)},
+        {family.repeated(250), family.repeated(250)},
+        {u"abc"_s + family.repeated(250), u"abc"_s + family.repeated(249)},
+        {u"x"_s + u"\u0301"_s.repeated(5'000), u"x"_s + u"\u0301"_s.repeated(1'999)},
+        {u"x"_s + u"\U000e0061"_s.repeated(5'000), u"x"_s + u"\U000e0061"_s.repeated(999)},
+    };
+    for (const auto &[title, kept] : titles) {
+        const auto info = decoded(u"\"title\":\"%1\",\"uploader\":\"%1\""_s.arg(title));
+        EXPECT_EQ(info.title, kept);
+        EXPECT_EQ(info.uploader, kept);
+    }
+    // Half an address leads somewhere else.
+    const auto info = decoded(u"\"thumbnail\":\"http://%1\",\"webpage_url\":\"http://%2\","
+                              "\"formats\":[{\"vcodec\":\"%2\"}]"_s.arg(u"x"_s.repeated(50'000),
+                                                                        u"x"_s.repeated(100'000)));
+    EXPECT_EQ(info.thumbnail->size(), 50'007);
+    EXPECT_FALSE(info.webpage_url);
+    EXPECT_EQ(info.formats->first().vcodec->size(), 100);
 }
 
 TEST(VideoInfo, failsOnAnyWrongTypeAndNamesThePlace)

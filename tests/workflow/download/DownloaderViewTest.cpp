@@ -234,6 +234,8 @@ TEST_F(DownloaderViewTest, PreviewsTheFileName)
         view->setOutputFormatRaw(format);
         EXPECT_EQ(view->filenamePreview(), name);
     }
+    view->setCustomTitle(u"x"_s.repeated(1'000'000));
+    EXPECT_EQ(view->customTitle().size(), 2'000);
     view->setOutputFormatRaw(u"maxQuality"_s);
     EXPECT_EQ(view->selectedOption().kind, OutputFormat::macCompatible);
     // The site's own title is left to the tool, which has ways of its own.
