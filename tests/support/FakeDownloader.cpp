@@ -9,7 +9,8 @@ using namespace Qt::StringLiterals;
 FakeDownloader::FakeDownloader()
 {
     tools.add(u"yt-dlp"_s,
-              u"case \"$1\" in\n-J) . \"$0.lookup\" ;;\n-g) . \"$0.preview\" ;;\n*)\n"
+              u"case \"$1\" in\n-J) . \"$0.lookup\" ;;\n-g) . \"$0.preview\" ;;\n--version) echo "
+              u"2024.08.06 ;;\n*)\n"
               "ext=mp4; template=\n"
               "while [ $# -gt 0 ]; do\n"
               "  case \"$1\" in -o) template=$2; shift ;; mp3) ext=mp3 ;; esac; shift\n"
@@ -63,8 +64,11 @@ DownloaderView::Environment FakeDownloader::environment()
         lastPlayer = player.get();
         return player;
     };
-    return {store,       history,    *toolEnvironment, pendingFetch,    desktop,
-            preferences, makePlayer, nullptr,          downloadFolder()};
+    DownloaderView::Environment environment{store,        history, *toolEnvironment,
+                                            pendingFetch, desktop, preferences,
+                                            makePlayer,   nullptr, downloadFolder()};
+    environment.today = [this] { return today; };
+    return environment;
 }
 
 bool reaches(DownloaderView &view, Phase phase)

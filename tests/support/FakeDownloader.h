@@ -43,6 +43,7 @@ public:
     QString libraryFolder() const { return m_folder.filePath(QStringLiteral("library")); }
 
     FakeTools tools;
+    QDate today{2024, 8, 16}; ///< ten days after the downloader's version
     QStringList playerLog;
     ScriptedPlayer *lastPlayer = nullptr; ///< valid while the view has it
     RecordingDesktop desktop;

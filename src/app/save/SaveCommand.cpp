@@ -4,6 +4,7 @@
 #include "core/text/Duration.h"
 
 #include <QRegularExpression>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -46,7 +47,8 @@ SaveCommand::SaveCommand(const SaveArguments &arguments,
                                 .desktop = environment.desktop,
                                 .preferences = m_format,
                                 .downloadDirectory = environment.downloadDirectory,
-                                .otherRecords = environment.otherRecords},
+                                .otherRecords = environment.otherRecords,
+                                .today = environment.today},
                                [this](QUuid) { finish(Saved); })
 {
     connect(&m_view, &DownloaderView::changed, this, &SaveCommand::follow);
@@ -66,6 +68,11 @@ void SaveCommand::follow()
 {
     if (m_isFinished)
         return;
+    if (m_isEnding) {
+        if (m_tools.ytDlpVersion() || !m_tools.isReadingVersions() || m_interrupted)
+            endWithHint();
+        return;
+    }
     switch (m_view.phase()) {
     case Phase::input:
         if (m_interrupted)
@@ -141,14 +148,34 @@ void SaveCommand::failLookup()
     m_report.line(sentence);
     for (const QString &line : decisiveLines(m_view.fetchLog(), sentence))
         m_report.line(line);
-    finish(Failed);
+    readVersion();
 }
 
 void SaveCommand::failDownload()
 {
     const QString sentence = m_view.errorMessage().value_or(QString());
     const bool wasCancelled = sentence == CancellationError().errorDescription();
-    fail(wasCancelled ? u"The tool was stopped before it had finished."_s : sentence);
+    m_report.line(wasCancelled ? u"The tool was stopped before it had finished."_s : sentence);
+    readVersion();
+}
+
+void SaveCommand::readVersion()
+{
+    if (!m_view.downloaderFailed())
+        return finish(Failed);
+    // Only now, since it costs a run of the tool, which may hang.
+    m_isEnding = true;
+    m_tools.readVersions();
+    QTimer::singleShot(std::chrono::seconds(5), this, &SaveCommand::endWithHint);
+}
+
+void SaveCommand::endWithHint()
+{
+    if (m_isFinished)
+        return;
+    if (const auto hint = m_view.outdatedHint())
+        m_report.line(*hint);
+    finish(Failed);
 }
 
 void SaveCommand::fail(const QString &sentence, ExitStatus status)

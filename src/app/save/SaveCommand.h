@@ -46,16 +46,19 @@ private:
     void chooseAndStart();
     void failLookup();
     void failDownload();
+    void readVersion();
+    void endWithHint();
     void fail(const QString &sentence, ExitStatus status = Failed);
     void finish(ExitStatus status);
 
     SaveArguments m_arguments;
-    const ToolEnvironment &m_tools;
+    ToolEnvironment &m_tools;
     ChosenFormat m_format;
     ProgressReport m_report;
     QString m_lastStatus;
     bool m_isLookingUp = false;
     bool m_interrupted = false;
+    bool m_isEnding = false; // and waits for the version of the tool that failed
     bool m_isFinished = false;
     DownloaderView m_view;
 };

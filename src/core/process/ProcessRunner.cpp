@@ -227,7 +227,7 @@ ChunkHandler collector(QByteArray &collected, const Command &command)
 {
     return [&collected, &command](QByteArrayView chunk) {
         if (chunk.size() > command.outputLimit - collected.size())
-            throw OutputLimitError(command);
+            throw OutputLimitError(QFileInfo(command.path).fileName(), command.outputLimit);
         collected.append(chunk);
     };
 }
@@ -272,10 +272,16 @@ TimeoutError::TimeoutError() : Error(QStringLiteral("Operation timed out"))
 {
 }
 
-OutputLimitError::OutputLimitError(const Command &command)
-    : Error(QStringLiteral("%1 wrote more than %2 MB and was stopped")
-                .arg(QFileInfo(command.path).fileName())
-                .arg(command.outputLimit / 1024 / 1024))
+OutputLimitError::OutputLimitError(const QString &tool, qsizetype limit)
+    : OutputLimitError(tool,
+                       QStringLiteral("%1 wrote more than %2 MB and was stopped")
+                           .arg(tool)
+                           .arg(limit / 1024 / 1024))
+{
+}
+
+OutputLimitError::OutputLimitError(const QString &tool, const QString &sentence)
+    : Error(sentence, sentence, {tool, {}})
 {
 }
 

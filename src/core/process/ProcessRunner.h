@@ -64,7 +64,10 @@ public:
 /// The program wrote more than `Command::outputLimit` where its output is wanted whole.
 class OutputLimitError : public Error {
 public:
-    explicit OutputLimitError(const Command &command);
+    OutputLimitError(const QString &tool, qsizetype limit);
+
+private:
+    OutputLimitError(const QString &tool, const QString &sentence);
 };
 
 struct Output {

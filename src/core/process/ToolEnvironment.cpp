@@ -4,6 +4,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace clipwren {
 namespace {
 
@@ -62,6 +64,11 @@ void ToolEnvironment::readVersions()
             m_ffmpegVersion = ffmpegVersionIn(output.value_or(QString()));
         });
     }
+}
+
+bool ToolEnvironment::isReadingVersions() const
+{
+    return std::ranges::any_of(m_versionQueries, &BackgroundTask::isRunning);
 }
 
 void ToolEnvironment::readVersion(const QString &path, const QString &argument,

@@ -41,6 +41,9 @@ public:
     std::optional<QString> ytDlpVersion() const { return m_ytDlpVersion; }
     std::optional<QString> ffmpegVersion() const { return m_ffmpegVersion; }
 
+    /// While a version may still come.
+    bool isReadingVersions() const;
+
     bool allFound() const { return m_ytDlpPath && m_ffmpegPath && m_ffprobePath; }
 
 Q_SIGNALS:

@@ -114,7 +114,7 @@ void AddressField::renderFailure()
         m_failure->setVisible(failure.has_value());
         m_viewLogs->setVisible(!m_view.fetchLog().isEmpty());
         if (failure)
-            m_failureText->setText(*failure);
+            m_failureText->setText(m_view.withOutdatedHint(*failure));
     };
     if (appearsOrGoes)
         m_failureGlide->change(failureSpring, apply);

@@ -303,7 +303,7 @@ void DownloaderScreen::renderError()
         return;
     const std::optional<QString> message = m_view.errorMessage();
     if (message)
-        m_error->setMessage(*message);
+        m_error->setMessage(m_view.withOutdatedHint(*message));
     m_errorLogs->setVisible(m_view.errorLog().has_value());
     const bool appears = message && m_errorRow->isHidden();
     m_errorRow->setVisible(message.has_value());

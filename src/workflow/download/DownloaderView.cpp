@@ -4,6 +4,7 @@
 #include "core/process/ToolEnvironment.h"
 #include "core/text/BoundedText.h"
 #include "core/text/SingleLine.h"
+#include "core/ytdlp/DownloaderAge.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Preferences.h"
 #include "workflow/download/FetchErrorText.h"
@@ -35,6 +36,8 @@ DownloaderView::DownloaderView(const Environment &environment,
     : QObject(parent), m_environment(environment), m_onCompleted(std::move(onCompleted)),
       m_preview(environment.makePlayer), m_pipeline(environment.store, environment.history)
 {
+    // A version that is read later may explain a failure.
+    connect(&environment.tools, &ToolEnvironment::changed, this, &DownloaderView::changed);
     connect(&m_pipeline, &DownloadPipeline::progressed, this, &DownloaderView::changed);
     connect(&m_pipeline, &DownloadPipeline::processing, this, [this] {
         m_phase = Phase::processing;
@@ -90,6 +93,7 @@ void DownloaderView::fetchInfo(bool retryingLast)
     m_lookup.cancel();
     m_pipeline.cancel();
     m_fetchError.reset();
+    m_lookupFailed = false;
     m_fetchStatus.clear();
     // What was said of another download, and a log that stands open, are none of this one's.
     m_pipeline.dismissErrorMessage();
@@ -185,11 +189,32 @@ void DownloaderView::lookupFailed(const std::exception_ptr &error)
     } catch (const std::exception &failure) {
         if (m_phase == Phase::fetching) {
             m_fetchError = friendlyFetchError(failure);
+            m_lookupFailed = true;
             m_fetchLog = toolLogOf(failure).text;
             m_phase = Phase::input;
         }
     }
     Q_EMIT changed();
+}
+
+bool DownloaderView::downloaderFailed() const
+{
+    const std::optional<ToolLog> downloadLog = m_pipeline.errorLog();
+    return (m_fetchError && m_lookupFailed) || (downloadLog && downloadLog->tool == "yt-dlp"_L1);
+}
+
+std::optional<QString> DownloaderView::outdatedHint() const
+{
+    const ToolEnvironment &tools = m_environment.tools;
+    if (!downloaderFailed() || !tools.ytDlpPath() || !tools.ytDlpVersion())
+        return std::nullopt;
+    return clipwren::outdatedHint(*tools.ytDlpPath(), *tools.ytDlpVersion(), m_environment.today());
+}
+
+QString DownloaderView::withOutdatedHint(const QString &failure) const
+{
+    const std::optional<QString> hint = outdatedHint();
+    return hint ? failure + u'\n' + *hint : failure;
 }
 
 void DownloaderView::loadPreview(const QString &address)

@@ -10,6 +10,7 @@
 #include "workflow/download/Phase.h"
 #include "workflow/preview/PreviewPlayerController.h"
 
+#include <QDate>
 #include <QObject>
 #include <QString>
 #include <QUrl>
@@ -52,6 +53,7 @@ public:
         /// Records that the store does not hold, where it is not the user's library; absent else.
         std::function<QList<DownloadRecord>()> otherRecords = {};
         std::chrono::milliseconds infoTimeout = std::chrono::seconds(60);
+        std::function<QDate()> today = &QDate::currentDate;
     };
 
     /// `onCompleted` gets the new record's id, as the last thing that a download does; it may
@@ -72,6 +74,13 @@ public:
     std::optional<VideoInfo> info() const { return m_info; }
     std::optional<QString> fetchError() const { return m_fetchError; }
     QString fetchStatus() const { return m_fetchStatus; }
+    /// Whether the failure that is shown, of a look-up or a download, is one of yt-dlp.
+    bool downloaderFailed() const;
+    /// What goes with such a failure when yt-dlp is old; absent also while its version is not
+    /// known.
+    std::optional<QString> outdatedHint() const;
+    /// The sentence, with that as a second line.
+    QString withOutdatedHint(const QString &failure) const;
     QString fetchLog() const { return m_fetchLog; }
     QString lastAttemptedURL() const { return m_lastAttemptedURL; }
     bool showLogs() const { return m_showLogs; }
@@ -167,6 +176,7 @@ private:
     std::shared_ptr<DownloadAttempts> m_attempts; ///< to download what was looked up
     Phase m_phase = Phase::input;
     std::optional<QString> m_fetchError;
+    bool m_lookupFailed = false; // after it had begun
     QString m_fetchStatus;
     QString m_fetchLog;
     QString m_lastAttemptedURL;

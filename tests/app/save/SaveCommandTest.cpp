@@ -74,6 +74,30 @@ TEST_F(SaveCommandTest, ShowsWhatDecidedInTheLogOfALookUpThatFailed)
     }
 }
 
+TEST_F(SaveCommandTest, TellsLastThatTheDownloaderIsOld)
+{
+    const char *const hint = "\nyt-dlp 2024.08.06 is over a year old. A newer one may help. Put it "
+                             "into /usr/local/bin, which is searched first.\n";
+    fake.today = QDate(2025, 9, 1);
+    const std::tuple<QString, QString, bool> cases[] = {
+        {u"exit 1"_s, {}, true},
+        {u"cat \"$0.json\""_s, u"echo 'ERROR: gone' >&2; exit 1"_s, true},
+        // What came then has nothing to do with the site.
+        {u"cat \"$0.json\""_s, u"echo filepath:/nowhere"_s, false},
+    };
+    for (const auto &[lookup, download, isTold] : cases) {
+        SCOPED_TRACE(lookup.toStdString());
+        fake.onLookup(lookup);
+        fake.onDownload(download);
+        EXPECT_EQ(run(), SaveCommand::Failed);
+        EXPECT_EQ(standardError.ends_with(hint), isTold) << standardError;
+    }
+    fake.today = QDate(2024, 11, 4);
+    fake.onLookup(u"exit 1"_s);
+    EXPECT_EQ(run(), SaveCommand::Failed);
+    EXPECT_THAT(standardError, Not(HasSubstr("A newer one")));
+}
+
 TEST_F(SaveCommandTest, LetsNoControlCharacterReachTheTerminal)
 {
     fake.tools.write(u"yt-dlp.json"_s, u"{\"title\":\"Ta\\u001b[31mlk\\u202e\\n\\u009b2Jx\"}"_s);

@@ -108,6 +108,13 @@ TEST_F(DownloaderScreenTest, offersTheLogOnlyWhereThereIsOne)
     settle();
     EXPECT_FALSE(texts().contains(u"[debug]"));
     EXPECT_TRUE(texts().contains(u"ERROR: gone"));
+    // What the version tells, which is read later than the window opens.
+    EXPECT_FALSE(texts().contains(u"yt-dlp 2024"));
+    m_fake.today = QDate(2024, 12, 1);
+    m_fake.toolEnvironment->readVersions();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return texts().contains(u"\nyt-dlp 2024.08.06 is 4 months old. A newer one"); },
+        10'000));
 
     const auto openLog = [this] {
         click(u"View Logs"_s);
@@ -127,6 +134,7 @@ TEST_F(DownloaderScreenTest, offersTheLogOnlyWhereThereIsOne)
     m_view.fetchInfo(false);
     settle();
     EXPECT_FALSE(button(u"View Logs"_s)) << "that log is of another look-up";
+    EXPECT_FALSE(texts().contains(u"yt-dlp 2024"));
 
     m_fake.onLookup(waitForever);
     click(u"Try Again"_s);
@@ -286,6 +294,9 @@ TEST_F(DownloaderScreenTest, aNewLookupTakesAwayWhatWasSaidOfAnotherVideo)
     m_view.start();
     EXPECT_TRUE(reaches(m_view, Phase::ready));
     settle();
+    m_fake.today = QDate(2024, 12, 1);
+    m_fake.toolEnvironment->readVersions();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return texts().contains(u"4 months old"); }, 10'000));
     click(u"View Logs"_s);
     EXPECT_TRUE(m_screen.findChild<LogSheet *>()->isVisible());
     m_fake.onLookup(waitForever);
