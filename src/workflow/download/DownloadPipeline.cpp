@@ -155,8 +155,12 @@ void DownloadPipeline::process(const QString &downloaded, const EncodeProfile &p
                                const std::optional<TrimRange> &trim)
 {
     const PromisedDownload &download = m_job.download;
-    const Conversion conversion{download.inspector, downloaded,  profile, trim,
-                                download.address,   allRecords()};
+    const Conversion conversion{download.inspector,
+                                downloaded,
+                                profile,
+                                trim,
+                                download.address,
+                                m_store.records() + otherRecords()};
     m_step = BackgroundTask::start(
         [this, conversion, lock = m_lock](const std::stop_token &stop,
                                           const BackgroundTask::Post &post) mutable {
@@ -171,20 +175,24 @@ void DownloadPipeline::process(const QString &downloaded, const EncodeProfile &p
         [this](const std::exception_ptr &error) { fail(error); });
 }
 
-QList<DownloadRecord> DownloadPipeline::allRecords() const
+QList<DownloadRecord> DownloadPipeline::otherRecords() const
 {
-    return m_job.otherRecords ? m_store.records() + m_job.otherRecords() : m_store.records();
+    return m_job.otherRecords ? m_job.otherRecords() : QList<DownloadRecord>();
+}
+
+bool DownloadPipeline::isRecorded(const QString &filePath) const
+{
+    const auto namesIt = [&](const DownloadRecord &record) { return record.filePath == filePath; };
+    // A whole library is only read where it matters.
+    return std::ranges::any_of(m_store.records(), namesIt)
+        || std::ranges::any_of(otherRecords(), namesIt);
 }
 
 /// The download, and what earlier attempts left of the video.
 void DownloadPipeline::removeIntermediates()
 {
-    const QList<DownloadRecord> records = allRecords();
     for (const QString &path : m_lock->downloads()) {
-        const bool isRecorded =
-            std::any_of(records.begin(), records.end(),
-                        [&](const auto &record) { return record.filePath == path; });
-        if (isRecorded || QFile::remove(path))
+        if (isRecorded(path) || QFile::remove(path))
             m_lock->forgetDownload(path);
     }
 }

@@ -86,7 +86,8 @@ private:
     void decide(const QString &downloaded);
     void process(const QString &downloaded, const EncodeProfile &profile,
                  const std::optional<TrimRange> &trim);
-    QList<DownloadRecord> allRecords() const;
+    QList<DownloadRecord> otherRecords() const;
+    bool isRecorded(const QString &filePath) const;
     void removeIntermediates();
     void record(const QString &filePath, const std::optional<TrimRange> &trim);
     void fail(const std::exception_ptr &error);

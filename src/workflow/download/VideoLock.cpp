@@ -119,7 +119,7 @@ QStringList VideoLock::downloads() const
 {
     QStringList paths;
     for (const Download &download : m_downloads) {
-        if (identityOf(download.path) == download.identity)
+        if (!download.identity.isEmpty() && identityOf(download.path) == download.identity)
             paths.append(download.path);
     }
     return paths;
