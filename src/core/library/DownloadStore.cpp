@@ -65,9 +65,15 @@ QString DownloadStore::defaultDownloadDirectory()
     return QDir(movies).filePath(QStringLiteral("Clipwren"));
 }
 
+void DownloadStore::saveAgain()
+{
+    if (m_saveError)
+        save();
+}
+
 void DownloadStore::save()
 {
-    m_file.save(m_records);
+    m_saveError = m_file.save(m_records);
     Q_EMIT changed();
 }
 

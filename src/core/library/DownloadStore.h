@@ -7,17 +7,21 @@
 #include <QList>
 #include <QObject>
 
+#include <optional>
+
 namespace clipwren {
 
 /// The list of saved files, newest first, kept in "downloads.json".
 ///
 /// Lives on the user-interface thread. Every operation saves before it returns; a save that fails
-/// leaves the change in memory. The media files themselves are never touched.
+/// leaves the change in memory and says why in `saveError`. The media files themselves are never
+/// touched.
 class DownloadStore : public QObject {
     Q_OBJECT
 
 public:
-    /// Loads the list. A missing or bad file gives an empty one and is not changed.
+    /// Loads the list. A missing or bad file gives an empty one and is not changed. An empty
+    /// `folder` keeps the list in memory only.
     explicit DownloadStore(const QString &folder = defaultLibraryFolder(),
                            QObject *parent = nullptr);
 
@@ -32,6 +36,11 @@ public:
     void remove(const DownloadRecord &record);
     void clear();
 
+    /// Why the file is not what the list is; nothing when it is.
+    std::optional<QString> saveError() const { return m_saveError; }
+    /// Saves if the last save failed.
+    void saveAgain();
+
     /// The folder "Clipwren" in the user's folder for videos. Does not create it.
     static QString defaultDownloadDirectory();
 
@@ -42,6 +51,7 @@ private:
     void save();
 
     JsonArrayFile m_file;
+    std::optional<QString> m_saveError;
     QList<DownloadRecord> m_records;
 };
 

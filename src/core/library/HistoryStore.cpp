@@ -147,9 +147,15 @@ void HistoryStore::moveToFront(qsizetype index)
     std::rotate(m_keys.begin(), m_keys.begin() + index, m_keys.begin() + index + 1);
 }
 
+void HistoryStore::saveAgain()
+{
+    if (m_saveError)
+        save();
+}
+
 void HistoryStore::save()
 {
-    m_file.save(m_entries);
+    m_saveError = m_file.save(m_entries);
     Q_EMIT changed();
 }
 

@@ -7,17 +7,20 @@
 #include <QList>
 #include <QObject>
 
+#include <optional>
+
 namespace clipwren {
 
 /// Every video that was ever downloaded, latest download first, kept in "history.json".
 ///
 /// Lives on the user-interface thread. Every operation saves before it returns; a save that fails
-/// leaves the change in memory.
+/// leaves the change in memory and says why in `saveError`.
 class HistoryStore : public QObject {
     Q_OBJECT
 
 public:
-    /// Loads the list. A missing or bad file gives an empty one and is not changed.
+    /// Loads the list. A missing or bad file gives an empty one and is not changed. An empty
+    /// `folder` keeps the list in memory only.
     explicit HistoryStore(const QString &folder = defaultLibraryFolder(),
                           QObject *parent = nullptr);
 
@@ -34,6 +37,11 @@ public:
     void remove(const HistoryEntry &entry);
     void clear();
 
+    /// Why the file is not what the list is; nothing when it is.
+    std::optional<QString> saveError() const { return m_saveError; }
+    /// Saves if the last save failed.
+    void saveAgain();
+
 Q_SIGNALS:
     void changed();
 
@@ -44,6 +52,7 @@ private:
     void save();
 
     JsonArrayFile m_file;
+    std::optional<QString> m_saveError;
     QList<HistoryEntry> m_entries;
     /// Keys of the first entries, as many as a search has come across: parsing an address takes
     /// far longer than comparing two keys.

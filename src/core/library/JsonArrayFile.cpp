@@ -1,16 +1,16 @@
 #include "core/library/JsonArrayFile.h"
 
-#include "core/process/FileDescriptor.h"
+#include "core/library/ReplaceFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 #include <cerrno>
 #include <fcntl.h>
-#include <optional>
+#include <filesystem>
+#include <system_error>
 #include <unistd.h>
 
 namespace clipwren {
@@ -28,41 +28,12 @@ std::optional<QByteArray> readFile(const QString &path)
     return bytes;
 }
 
-bool flushToDisk(int descriptor)
+void createFolder(const QString &path)
 {
-    // Some network and user-space file systems cannot say; that is no failed write.
-    return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
-}
-
-// A renamed or linked file is only safe once its folder is on the disk too.
-void flushFolderOf(const QString &path)
-{
-    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
-    const FileDescriptor descriptor(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (descriptor.isOpen())
-        flushToDisk(descriptor.get());
-}
-
-// QSaveFile refuses to replace a read-only file, and gives the new file the old one's permissions:
-// without this, a file that lost them would never be saved or read again.
-void allowReadingAndWriting(const QString &path)
-{
-    constexpr auto needed = QFile::ReadOwner | QFile::WriteOwner;
-    const auto permissions = QFile::permissions(path);
-    if ((permissions & needed) != needed)
-        QFile::setPermissions(path, permissions | needed);
-}
-
-bool replaceFile(const QString &path, const QByteArray &bytes)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
-        return false;
-    // commit() flushes as well but takes no notice of a failure.
-    if (!flushToDisk(file.handle()) || !file.commit())
-        return false;
-    flushFolderOf(path);
-    return true;
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
+    if (error)
+        throw std::system_error(error);
 }
 
 QString rejectedPath(const QString &path, int number)
@@ -84,8 +55,10 @@ QString resolved(const QString &path)
 } // namespace
 
 JsonArrayFile::JsonArrayFile(const QString &folder, const QString &name)
-    : m_path(QDir(folder).absoluteFilePath(name))
 {
+    if (folder.isEmpty())
+        return;
+    m_path = QDir(folder).absoluteFilePath(name);
     QDir().mkpath(folder);
 }
 
@@ -117,39 +90,50 @@ void JsonArrayFile::appendElement(QByteArray &elements, const QJsonObject &eleme
     }
 }
 
-void JsonArrayFile::write(QByteArray elements)
+std::optional<QString> JsonArrayFile::write(QByteArray elements)
 {
-    const QString target = resolved(m_path);
-    QDir().mkpath(QFileInfo(m_path).path());
-    if (QFileInfo::exists(target)) {
-        allowReadingAndWriting(target);
-        if (!m_isFileKnown && !keepUnreadFile())
-            return;
-        m_isFileKnown = true;
-    }
+    if (m_path.isEmpty())
+        return std::nullopt;
     elements += elements.isEmpty() ? "[\n]\n" : "\n]\n";
-    if (replaceFile(target, elements))
+    try {
+        createFolder(QFileInfo(m_path).path());
+        const QString target = resolved(m_path);
+        if (!m_isFileKnown)
+            m_isFileKnown = keepUnreadFile(target);
+        replaceFile(target, elements);
         m_isFileKnown = true;
+    } catch (const std::exception &error) {
+        return errorDescription(error);
+    }
+    return std::nullopt;
 }
 
-bool JsonArrayFile::keepUnreadFile() const
+bool JsonArrayFile::keepUnreadFile(const QString &target) const
 {
+    // Whoever looks for what was lost must be able to read it, and nobody else.
+    if (QFileInfo(target).isFile())
+        QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
     for (int number = 1;; ++number) {
         const QString kept = rejectedPath(m_path, number);
         // A second name for the same bytes needs no space, and is taken by nobody else meanwhile.
-        if (::linkat(AT_FDCWD, QFile::encodeName(m_path).constData(), AT_FDCWD,
-                     QFile::encodeName(kept).constData(), AT_SYMLINK_FOLLOW)
+        if (::linkat(AT_FDCWD, QFile::encodeName(target).constData(), AT_FDCWD,
+                     QFile::encodeName(kept).constData(), 0)
             == 0) {
             flushFolderOf(kept);
             return true;
         }
+        if (errno == ENOENT)
+            return false;
         if (errno == EEXIST)
             continue;
         // The file system has no hard links, or the file lies on another one.
         if (QFileInfo::exists(kept) || QFileInfo(kept).isSymLink())
             continue;
-        const auto bytes = readFile(m_path);
-        return bytes && replaceFile(kept, *bytes);
+        const auto bytes = readFile(target);
+        if (!bytes)
+            throw Error(QStringLiteral("%1 can neither be read nor kept").arg(target));
+        replaceFile(kept, *bytes);
+        return true;
     }
 }
 

@@ -1,15 +1,20 @@
 #include "core/library/DownloadStore.h"
 #include "core/process/FileDescriptor.h"
+#include "support/FileFault.h"
 #include "support/LibraryFixture.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QRandomGenerator>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -71,6 +76,8 @@ TEST_F(JsonArrayFileTest, isWholeWheneverTheProcessIsKilled)
         known = found;
     }
     EXPECT_GT(known, countAtStart);
+    DownloadStore(folder()).clear();
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList{fileName}) << "of all those kills";
 }
 
 TEST_F(JsonArrayFileTest, keepsTheOldFileWhenTheDiskIsFull)
@@ -93,9 +100,75 @@ TEST_F(JsonArrayFileTest, keepsTheOldFileWhenTheDiskIsFull)
     EXPECT_EQ(store.records().size(), 2);
     EXPECT_EQ(readFile(fileName), before);
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files), filesBefore);
+    EXPECT_EQ(store.saveError(), u"File too large"_s);
 
-    store.add(bareRecord(u"C"_s));
+    store.saveAgain();
+    EXPECT_EQ(store.saveError(), std::nullopt);
     EXPECT_EQ(DownloadStore(folder()).records(), store.records());
+}
+
+TEST_F(JsonArrayFileTest, losesNothingWhicheverCallFails)
+{
+    const QByteArray contents[] = {
+        QJsonDocument(QJsonArray{fullRecord(u"old"_s).toJson()}).toJson(), "not JSON"};
+    for (const QByteArray &content : contents) {
+        for (const int error : {ENOSPC, EACCES, EIO}) {
+            int failures = 0;
+            bool isFault = true;
+            for (int call = 1; isFault; ++call) {
+                SCOPED_TRACE(std::to_string(call) + ": " + std::strerror(error));
+                for (const QString &name : QDir(folder()).entryList(QDir::Files))
+                    QFile::remove(path(name));
+                writeFile(fileName, content);
+                DownloadStore store(folder());
+                const DownloadRecord added = bareRecord(u"added"_s);
+                {
+                    const test::FileFault fault(call, error);
+                    store.add(added);
+                    isFault = test::FileFault::happened();
+                }
+                failures += store.saveError() ? 1 : 0;
+                EXPECT_TRUE(store.saveError()
+                                ? readFile(fileName) == content
+                                : DownloadStore(folder()).records() == store.records())
+                    << "what is said is true";
+                store.saveAgain();
+                EXPECT_EQ(store.saveError(), std::nullopt);
+                EXPECT_EQ(DownloadStore(folder()).records(), store.records());
+                EXPECT_EQ(store.records().first(), added);
+                const bool isKept = readFile(rejected) == content;
+                EXPECT_EQ(isKept, content == "not JSON");
+                EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), isKept ? 2 : 1);
+            }
+            EXPECT_GE(failures, 4) << "make, write, flush and rename the new file";
+        }
+    }
+}
+
+TEST_F(JsonArrayFileTest, isForTheUserAlone)
+{
+    const auto mode = [this](const QString &name) {
+        constexpr auto all = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup
+            | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        return QFile::permissions(path(name)) & all;
+    };
+    for (const char *content : {"[]", "not JSON"}) {
+        writeFile(fileName, content);
+        QFile::setPermissions(path(fileName),
+                              QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+        DownloadStore(folder()).add(bareRecord(u"A"_s));
+        EXPECT_EQ(mode(fileName), QFile::ReadOwner | QFile::WriteOwner);
+    }
+    EXPECT_EQ(mode(rejected), QFile::ReadOwner | QFile::WriteOwner);
+}
+
+TEST_F(JsonArrayFileTest, livesInMemoryWithoutAFolder)
+{
+    DownloadStore store{QString()};
+    store.add(bareRecord(u"A"_s));
+    EXPECT_EQ(store.records().size(), 1);
+    EXPECT_EQ(store.saveError(), std::nullopt);
+    EXPECT_TRUE(DownloadStore(QString()).records().isEmpty());
 }
 
 TEST_F(JsonArrayFileTest, keepsARejectedFileBesideTheNewOne)
@@ -187,6 +260,7 @@ TEST_F(JsonArrayFileTest, leavesARejectedFileAloneThatItCannotKeep)
     DownloadStore store(folder());
     store.add(bareRecord(u"A"_s));
     EXPECT_EQ(readFile(fileName), "bad");
+    EXPECT_TRUE(store.saveError());
 
     QFile::setPermissions(folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     store.add(bareRecord(u"B"_s));
