@@ -40,10 +40,10 @@ protected:
     /// The command lines, arguments parted by blanks, of running processes that name this home.
     /// Fails the test when a tool among them has what the desktop gave to the window alone.
     QStringList processes() const;
-
-private:
+    /// What the program is run with.
     QProcessEnvironment environment() const;
 
+private:
     QTemporaryDir m_folder;
     QString m_home;
     QString m_display;

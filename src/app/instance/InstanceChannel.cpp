@@ -1,18 +1,18 @@
 #include "app/instance/InstanceChannel.h"
 
 #include "core/json/JsonObjectReader.h"
-#include "core/library/LibraryFolder.h"
 
 #include <QDeadlineTimer>
 #include <QDebug>
 #include <QFile>
 #include <QSocketNotifier>
-#include <QStandardPaths>
-#include <QThread>
+#include <QTimer>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -26,23 +26,30 @@
 namespace clipwren {
 namespace {
 
-using namespace Qt::StringLiterals;
-
+constexpr const char *socketName = "socket";
 // Each message is one line, answered by one.
-const QByteArray acknowledgement = QByteArrayLiteral("ok\n");
+const QByteArray doneAnswer = QByteArrayLiteral("ok\n");
+const QByteArray failedAnswer = QByteArrayLiteral("failed\n");
 // A record is a few hundred bytes; nothing longer than this is read.
 constexpr qsizetype longestMessage = 1024 * 1024;
+// Others wait until one of these is done.
+constexpr int mostConnections = 16;
 
-/// Calls `call`, which is bind() or connect(), with a new socket and the address of the path.
-/// Throws `std::system_error`.
-template <typename Call> FileDescriptor openSocket(const QString &path, const Call &call)
+FileDescriptor openFolder(const QString &path)
 {
-    const QByteArray name = QFile::encodeName(path);
+    return FileDescriptor(
+        ::open(QFile::encodeName(path).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+}
+
+/// Calls `call`, which is bind() or connect(), with a new socket and the address of the socket in
+/// the folder. Throws `std::system_error`.
+template <typename Call> FileDescriptor openSocket(const FileDescriptor &folder, const Call &call)
+{
+    // A socket's address has room for 107 bytes, too few for some folders' own names.
+    const QByteArray path = "/proc/self/fd/" + QByteArray::number(folder.get()) + '/' + socketName;
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
-    if (name.size() >= static_cast<qsizetype>(sizeof address.sun_path))
-        throw std::system_error(ENAMETOOLONG, std::generic_category());
-    std::memcpy(address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
+    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
     FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!socket.isOpen()
         || call(socket.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0)
@@ -51,32 +58,23 @@ template <typename Call> FileDescriptor openSocket(const QString &path, const Ca
 }
 
 /// Waits until the socket takes or has something to read; false when the time is over.
-bool waitFor(short events, const FileDescriptor &socket, const QDeadlineTimer &deadline)
+bool waitFor(short events, const FileDescriptor &socket, const QDeadlineTimer &deadline,
+             const std::stop_token &stop)
 {
-    pollfd waiting{socket.get(), events, 0};
-    return ::poll(&waiting, 1, static_cast<int>(deadline.remainingTime())) > 0;
+    constexpr qint64 untilNextLook = 100; // for a stop
+    while (!deadline.hasExpired() && !stop.stop_requested()) {
+        pollfd waiting{socket.get(), events, 0};
+        const auto time = static_cast<int>(std::min(deadline.remainingTime(), untilNextLook));
+        if (::poll(&waiting, 1, time) > 0)
+            return true;
+    }
+    return false;
 }
 
-bool deliver(const FileDescriptor &socket, const InstanceMessage &message,
-             const QDeadlineTimer &deadline)
+/// True when a call on a socket is worth another try.
+bool isTemporary(int error)
 {
-    QByteArray rest = message.toJson() + '\n';
-    while (!rest.isEmpty() && waitFor(POLLOUT, socket, deadline)) {
-        const ssize_t sent = ::send(socket.get(), rest.constData(),
-                                    static_cast<std::size_t>(rest.size()), MSG_NOSIGNAL);
-        if (sent < 0 && errno != EAGAIN && errno != EINTR)
-            return false;
-        rest.remove(0, std::max<ssize_t>(sent, 0));
-    }
-    QByteArray answer;
-    std::array<char, 16> bytes{};
-    while (answer.size() < acknowledgement.size() && waitFor(POLLIN, socket, deadline)) {
-        const ssize_t count = ::recv(socket.get(), bytes.data(), bytes.size(), 0);
-        if (count == 0 || (count < 0 && errno != EAGAIN && errno != EINTR))
-            return false;
-        answer.append(bytes.data(), std::max<ssize_t>(count, 0));
-    }
-    return answer == acknowledgement;
+    return error == EAGAIN || error == EINTR;
 }
 
 } // namespace
@@ -89,6 +87,7 @@ public:
           m_socket(std::move(socket))
     {
         connect(this, &QSocketNotifier::activated, this, &Connection::receive);
+        QTimer::singleShot(server.m_patience, this, &Connection::end);
     }
 
 private:
@@ -96,24 +95,34 @@ private:
     {
         std::array<char, 4096> bytes{};
         const ssize_t count = ::recv(m_socket.get(), bytes.data(), bytes.size(), 0);
-        if (count < 0 && (errno == EAGAIN || errno == EINTR))
+        if (count < 0 && isTemporary(errno))
             return;
         m_message.append(bytes.data(), std::max<ssize_t>(count, 0));
-        const bool isOver = count <= 0 || m_message.size() > longestMessage;
-        if (!isOver && !m_message.contains('\n'))
-            return;
-        setEnabled(false);
-        deleteLater();
-        if (isOver)
-            return;
+        if (count <= 0 || m_message.size() > longestMessage) {
+            end();
+        } else if (m_message.contains('\n')) {
+            end();
+            answer();
+        }
+    }
+
+    void answer()
+    {
         try {
-            Q_EMIT m_server.received(InstanceMessage::fromJson(m_message));
+            const InstanceMessage message = InstanceMessage::fromJson(m_message);
+            const QByteArray &text = m_server.m_handler(message) ? doneAnswer : failedAnswer;
             [[maybe_unused]] const ssize_t sent =
-                ::send(m_socket.get(), acknowledgement.constData(),
-                       static_cast<std::size_t>(acknowledgement.size()), MSG_NOSIGNAL);
+                ::send(m_socket.get(), text.constData(), static_cast<std::size_t>(text.size()),
+                       MSG_NOSIGNAL);
         } catch (const DecodingError &) {
             // No answer tells it.
         }
+    }
+
+    void end()
+    {
+        setEnabled(false);
+        deleteLater();
     }
 
     InstanceServer &m_server;
@@ -121,57 +130,75 @@ private:
     QByteArray m_message;
 };
 
-InstanceServer::InstanceServer(const QString &socketPath) : m_path(QFile::encodeName(socketPath))
+InstanceServer::InstanceServer(const QString &libraryFolder, Handler handler,
+                               std::chrono::milliseconds patience)
+    : m_handler(std::move(handler)), m_patience(patience), m_folder(openFolder(libraryFolder))
 {
     try {
-        ::unlink(m_path.constData());
-        m_socket = openSocket(socketPath, ::bind);
+        ::unlinkat(m_folder.get(), socketName, 0);
+        m_socket = openSocket(m_folder, ::bind);
         // Nobody connects before it listens.
-        if (::chmod(m_path.constData(), S_IRUSR | S_IWUSR) != 0
+        if (::fchmodat(m_folder.get(), socketName, S_IRUSR | S_IWUSR, 0) != 0
             || ::listen(m_socket.get(), SOMAXCONN) != 0)
             throw std::system_error(errno, std::generic_category());
     } catch (const std::system_error &error) {
         qWarning().noquote() << "Later starts will not reach this one:" << error.what();
         return;
     }
-    const auto *notifier = new QSocketNotifier(m_socket.get(), QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, &InstanceServer::accept);
+    m_callers = new QSocketNotifier(m_socket.get(), QSocketNotifier::Read, this);
+    connect(m_callers, &QSocketNotifier::activated, this, &InstanceServer::accept);
 }
 
 InstanceServer::~InstanceServer()
 {
-    ::unlink(m_path.constData());
-}
-
-QString InstanceServer::defaultSocketPath()
-{
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (folder.isEmpty())
-        folder = defaultLibraryFolder();
-    return folder + u"/clipwren.socket"_s;
+    ::unlinkat(m_folder.get(), socketName, 0);
 }
 
 void InstanceServer::accept()
 {
     FileDescriptor socket(
         ::accept4(m_socket.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-    if (socket.isOpen())
-        new Connection(std::move(socket), *this);
+    if (socket.isOpen()) {
+        ++m_connectionCount;
+        connect(new Connection(std::move(socket), *this), &QObject::destroyed, this, [this] {
+            --m_connectionCount;
+            m_callers->setEnabled(true);
+        });
+        m_callers->setEnabled(m_connectionCount < mostConnections);
+    } else if (!isTemporary(errno)) {
+        // Such as for want of descriptors: trying again at once would keep a core busy.
+        m_callers->setEnabled(false);
+        QTimer::singleShot(std::chrono::seconds(1), this, [this] { m_callers->setEnabled(true); });
+    }
 }
 
-bool sendToRunningInstance(const InstanceMessage &message, const QString &socketPath,
-                           std::chrono::milliseconds patience)
-{
+InstanceAnswer sendToRunningInstance(const InstanceMessage &message, const QString &libraryFolder,
+                                     std::chrono::milliseconds patience,
+                                     const std::stop_token &stop)
+try {
     const QDeadlineTimer deadline(patience);
-    do {
-        try {
-            return deliver(openSocket(socketPath, ::connect), message, deadline);
-        } catch (const std::system_error &) {
-            // It holds the lock but does not listen yet.
-            QThread::msleep(20);
-        }
-    } while (!deadline.hasExpired());
-    return false;
+    const FileDescriptor socket = openSocket(openFolder(libraryFolder), ::connect);
+    QByteArray rest = message.toJson() + '\n';
+    while (!rest.isEmpty() && waitFor(POLLOUT, socket, deadline, stop)) {
+        const ssize_t sent = ::send(socket.get(), rest.constData(),
+                                    static_cast<std::size_t>(rest.size()), MSG_NOSIGNAL);
+        if (sent < 0 && !isTemporary(errno))
+            return InstanceAnswer::None;
+        rest.remove(0, std::max<ssize_t>(sent, 0));
+    }
+    QByteArray answer;
+    std::array<char, 16> bytes{};
+    while (!answer.endsWith('\n') && waitFor(POLLIN, socket, deadline, stop)) {
+        const ssize_t count = ::recv(socket.get(), bytes.data(), bytes.size(), 0);
+        if (count == 0 || (count < 0 && !isTemporary(errno)))
+            return InstanceAnswer::None;
+        answer.append(bytes.data(), std::max<ssize_t>(count, 0));
+    }
+    return answer == doneAnswer  ? InstanceAnswer::Done
+        : answer == failedAnswer ? InstanceAnswer::Failed
+                                 : InstanceAnswer::None;
+} catch (const std::system_error &) {
+    return InstanceAnswer::None;
 }
 
 } // namespace clipwren

@@ -1,7 +1,6 @@
 #include "app/save/SaveProgram.h"
 
 #include "app/InterruptSignal.h"
-#include "app/instance/InstanceChannel.h"
 #include "app/instance/LibraryHandOver.h"
 #include "app/save/SaveCommand.h"
 #include "app/save/TerminalText.h"
@@ -13,7 +12,6 @@
 #include "platform/desktop/SilentDesktop.h"
 
 #include <QCoreApplication>
-#include <QTemporaryDir>
 
 #include <cstdio>
 #include <unistd.h>
@@ -28,22 +26,35 @@ void print(std::FILE *output, const QString &text)
     std::fputs(text.toUtf8().constData(), output);
 }
 
-/// Takes what the downloader recorded over into the user's lists. False when they were not reached.
-bool recordInLibrary(const DownloadStore &store, const HistoryStore &history)
-{
-    InstanceMessage::Saved saved{store.records().first(), history.entries().first().title};
-    // Without a title the entry is called by its address, which is no news to the user's history.
-    if (saved.historyTitle == saved.record.sourceURL)
-        saved.historyTitle.clear();
-    return handOverSaved(saved, defaultLibraryFolder(), InstanceServer::defaultSocketPath());
-}
-
 /// Exactly as it is where a program reads it.
 void printPath(const QString &path)
 {
     const bool isTerminal = ::isatty(::fileno(stdout)) == 1;
     print(stdout, (isTerminal ? forTerminal(path) : path) + u'\n');
     std::fflush(stdout);
+}
+
+/// Takes what the downloader recorded over into the user's lists, and prints the file's path when
+/// that went well. Returns the exit status.
+int recordInLibrary(const DownloadStore &store, const HistoryStore &history)
+{
+    const DownloadRecord &record = store.records().first();
+    InstanceMessage::Saved saved{record, history.entries().first().title};
+    // Without a title the entry is called by its address, which is no news to the user's history.
+    if (saved.historyTitle == record.sourceURL)
+        saved.historyTitle.clear();
+    ProgressReport report(stderr);
+    const HandOver handOver = handOverSaved(saved, defaultLibraryFolder());
+    if (handOver.failure) {
+        report.line(u"The file is saved as “%1”, but it is not in the list of files: %2.%3"_s.arg(
+            record.filePath, *handOver.failure,
+            handOver.isPending ? u" The next start of Clipwren tries again."_s : u""_s));
+        return SaveCommand::Failed;
+    }
+    if (handOver.isPending)
+        report.line(u"The list of files is in use. The next start of Clipwren adds this one."_s);
+    printPath(record.filePath);
+    return SaveCommand::Saved;
 }
 
 } // namespace
@@ -63,13 +74,9 @@ int runSave(const QStringList &arguments)
     }
     // Another process may have the user's lists open, now or before this ends. The downloader gets
     // lists of its own, and what it recorded is handed over at the end.
-    const QTemporaryDir folder;
-    if (!folder.isValid()) {
-        print(stderr, u"No temporary folder can be made: %1\n"_s.arg(folder.errorString()));
-        return SaveCommand::Failed;
-    }
-    DownloadStore store(folder.path());
-    HistoryStore history(folder.path());
+    const QString inMemory;
+    DownloadStore store(inMemory);
+    HistoryStore history(inMemory);
     ToolEnvironment tools(ToolEnvironment::defaultSearchDirectories(),
                           ToolEnvironment::Versions::Skip);
     PendingFetchBox noRequests;
@@ -89,16 +96,7 @@ int runSave(const QStringList &arguments)
     QObject::connect(&command, &SaveCommand::finished, &QCoreApplication::exit);
     QMetaObject::invokeMethod(&command, &SaveCommand::start, Qt::QueuedConnection);
     const int status = QCoreApplication::exec();
-    if (status != SaveCommand::Saved)
-        return status;
-    const QString path = store.records().first().filePath;
-    if (!recordInLibrary(store, history)) {
-        ProgressReport(stderr).line(
-            u"The file is saved as “%1”, but the list of files could not be reached."_s.arg(path));
-        return SaveCommand::Failed;
-    }
-    printPath(path);
-    return SaveCommand::Saved;
+    return store.records().isEmpty() ? status : recordInLibrary(store, history);
 }
 
 } // namespace clipwren

@@ -2,8 +2,8 @@
 
 #include "app/InterruptSignal.h"
 #include "app/instance/InstanceChannel.h"
+#include "app/instance/LibraryClaim.h"
 #include "app/instance/LibraryHandOver.h"
-#include "app/instance/LibraryLock.h"
 #include "app/window/MainWindow.h"
 #include "core/library/DownloadStore.h"
 #include "core/library/HistoryStore.h"
@@ -17,46 +17,60 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QMessageBox>
 #include <QTimer>
 
 #include <cstdio>
+#include <optional>
 
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds afterFirstFrame = 400ms;
 
-/// True when the application that runs already has taken the address.
-bool handOverToRunning(const QString &address)
+constexpr std::chrono::milliseconds patienceWithOthers = 10s;
+
+LibraryClaim claimLibraryFor(const QString &address)
 {
     InstanceMessage message;
     message.show = InstanceMessage::Show{address, qEnvironmentVariable("XDG_ACTIVATION_TOKEN")};
-    return sendToRunningInstance(message);
+    return claimLibrary(defaultLibraryFolder(), message, patienceWithOthers);
+}
+
+/// Somebody who started from the desktop reads no standard error.
+void tellThatNobodyAnswers()
+{
+    const QString sentence = u"Clipwren is running already, but does not answer."_s;
+    std::fputs((sentence + u'\n').toUtf8().constData(), stderr);
+    QMessageBox::critical(nullptr, u"Clipwren"_s, sentence);
 }
 
 } // namespace
 
 int runWindow(const QString &address)
 {
-    // A save from the command line holds the lists for a moment at its end.
-    const LibraryLock lock(defaultLibraryFolder(), 100ms);
-    // Without a folder to write to, the lists live in memory.
-    if (lock.isHeldElsewhere()) {
-        if (handOverToRunning(address))
-            return 0;
-        std::fputs("Clipwren is running already, but does not answer.\n", stderr);
+    using Outcome = LibraryClaim::Outcome;
+    // Ties the window to its entry among the desktop's applications, and so to its symbol.
+    QGuiApplication::setDesktopFileName(u"clipwren"_s);
+    const LibraryClaim claim = claimLibraryFor(address);
+    if (claim.outcome == Outcome::Delivered || claim.outcome == Outcome::Refused)
+        return 0;
+    if (claim.outcome == Outcome::Silent) {
+        tellThatNobodyAnswers();
         return 1;
     }
-    // Ties the window to its entry among the desktop's applications, and so to its symbol.
-    QGuiApplication::setDesktopFileName(QStringLiteral("clipwren"));
+    // Without a folder to write to, the lists live in memory, and the window says so.
     Theme theme;
     DesktopAppearance appearance;
     theme.follow(appearance);
 
     DownloadStore store;
     HistoryStore history;
+    if (claim.outcome == Outcome::Held)
+        takeUpPending(defaultLibraryFolder(), store, history);
     ToolEnvironment tools(ToolEnvironment::defaultSearchDirectories(),
                           ToolEnvironment::Versions::Skip);
     PendingFetchBox pendingFetch;
@@ -68,23 +82,24 @@ int runWindow(const QString &address)
                        [&players] { return players.makePlayer(PlayerModule::Purpose::Pictures); },
                        DownloadStore::defaultDownloadDirectory()},
                       players);
-    InstanceServer server;
-    QObject::connect(
-        &server, &InstanceServer::received, &window, [&](const InstanceMessage &message) {
-            if (message.saved)
-                applySaved(*message.saved, store, history);
+    std::optional<InstanceServer> server;
+    if (claim.outcome == Outcome::Held) {
+        server.emplace(defaultLibraryFolder(), [&](const InstanceMessage &message) {
             if (message.show)
                 window.comeToFront(message.show->address, message.show->activationToken);
+            // Somebody may have met with no answer before.
+            takeUpPending(defaultLibraryFolder(), store, history);
+            return !message.saved || !applySaved(*message.saved, store, history);
         });
+    }
     InterruptSignal interrupt;
     QObject::connect(&interrupt, &InterruptSignal::interrupted, &window, &MainWindow::close);
     window.show();
     // The tools take longer to start than the window, and would do so at its expense.
     QTimer::singleShot(afterFirstFrame, &tools, &ToolEnvironment::readVersions);
     // Where no entry of the desktop brings a symbol. Drawing it takes time, too.
-    QTimer::singleShot(afterFirstFrame, &window, [] {
-        QApplication::setWindowIcon(QIcon(QStringLiteral(":/desktop/clipwren.svg")));
-    });
+    QTimer::singleShot(afterFirstFrame, &window,
+                       [] { QApplication::setWindowIcon(QIcon(u":/desktop/clipwren.svg"_s)); });
     if (!address.isEmpty())
         window.content().lookUp(address);
     return QApplication::exec();

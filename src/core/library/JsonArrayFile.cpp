@@ -1,5 +1,6 @@
 #include "core/library/JsonArrayFile.h"
 
+#include "core/library/LibraryFolder.h"
 #include "core/library/ReplaceFile.h"
 
 #include <QDir>
@@ -9,8 +10,6 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <filesystem>
-#include <system_error>
 #include <unistd.h>
 
 namespace clipwren {
@@ -26,14 +25,6 @@ std::optional<QByteArray> readFile(const QString &path)
     if (file.error() != QFile::NoError)
         return std::nullopt;
     return bytes;
-}
-
-void createFolder(const QString &path)
-{
-    std::error_code error;
-    std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
-    if (error)
-        throw std::system_error(error);
 }
 
 QString rejectedPath(const QString &path, int number)

@@ -1,7 +1,11 @@
 #include "core/library/LibraryFolder.h"
 
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
+
+#include <filesystem>
+#include <system_error>
 
 namespace clipwren {
 
@@ -11,6 +15,15 @@ QString defaultLibraryFolder()
     if (data.isEmpty())
         data = QDir::home().filePath(QStringLiteral(".local/share"));
     return QDir(data).filePath(QStringLiteral("Clipwren"));
+}
+
+void createFolder(const QString &path)
+{
+    // QDir does not tell why it fails.
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
+    if (error)
+        throw std::system_error(error);
 }
 
 } // namespace clipwren

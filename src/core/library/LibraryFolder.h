@@ -10,4 +10,7 @@ namespace clipwren {
 /// see one library.
 QString defaultLibraryFolder();
 
+/// Creates a folder, and those it lies in, unless it is there. Throws `std::system_error`.
+void createFolder(const QString &path);
+
 } // namespace clipwren
