@@ -102,7 +102,10 @@ int runWindow(const QString &address)
                        [] { QApplication::setWindowIcon(QIcon(u":/desktop/clipwren.svg"_s)); });
     if (!address.isEmpty())
         window.content().lookUp(address);
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    store.saveAgain();
+    history.saveAgain();
+    return status;
 }
 
 } // namespace clipwren

@@ -9,6 +9,7 @@
 #include "ui/shell/HistoryList.h"
 #include "ui/shell/LibraryListView.h"
 #include "ui/shell/RecentList.h"
+#include "ui/shell/UnsavedBanner.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -28,7 +29,7 @@ SidebarView::SidebarView(DownloadStore &store, HistoryStore &history, const Tool
                          Desktop &desktop, QWidget *parent)
     : QWidget(parent), m_tabs(new SegmentedControl({tr("Recent"), tr("History")})),
       m_recentList(new RecentList(store, tools, desktop)),
-      m_historyList(new HistoryList(history, desktop))
+      m_historyList(new HistoryList(history, desktop)), m_unsaved(new UnsavedBanner(store, history))
 {
     auto *tabs = new QHBoxLayout;
     tabs->setContentsMargins(10, 10, 10, 6);
@@ -42,6 +43,7 @@ SidebarView::SidebarView(DownloadStore &store, HistoryStore &history, const Tool
     column->addWidget(new Divider(0, dividerOpacity));
     column->addWidget(m_recentList, 1);
     column->addWidget(m_historyList, 1);
+    column->addWidget(m_unsaved);
 
     connect(m_tabs, &SegmentedControl::chosen, this,
             [this](int index) { choose(static_cast<Tab>(index)); });
@@ -118,8 +120,10 @@ void SidebarView::refreshFiles()
 
 bool SidebarView::event(QEvent *event)
 {
-    if (event->type() == QEvent::WindowActivate)
+    if (event->type() == QEvent::WindowActivate) {
         refreshFiles();
+        m_unsaved->tryAgain();
+    }
     return QWidget::event(event);
 }
 

@@ -16,6 +16,7 @@ class HistoryStore;
 class RecentList;
 class SegmentedControl;
 class ToolEnvironment;
+class UnsavedBanner;
 
 /// The left column of the window: the saved files and the history, one at a time.
 ///
@@ -67,6 +68,7 @@ private:
     SegmentedControl *m_tabs;
     RecentList *m_recentList;
     HistoryList *m_historyList;
+    UnsavedBanner *m_unsaved;
 };
 
 } // namespace clipwren

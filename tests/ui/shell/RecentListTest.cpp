@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -88,6 +89,23 @@ TEST_F(RecentListTest, offersWhatCanBeDoneWithARecord)
     EXPECT_TRUE(store.records().isEmpty());
     EXPECT_TRUE(QFile::exists(record.filePath));
     EXPECT_TRUE(selections.isEmpty());
+}
+
+TEST_F(RecentListTest, saysThatTheListsCannotBeSaved)
+{
+    ASSERT_TRUE(QDir(folder()).mkdir(u"downloads.json"_s));
+    showWindow(sidebar);
+    EXPECT_FALSE(buttonIn(sidebar, u"Try Again"_s));
+    addRecord(u"A"_s);
+    sidebar.setTab(SidebarView::Tab::history);
+    EXPECT_TRUE(shows(sidebar, u"The lists could not be saved"_s));
+    EXPECT_FALSE(shownTexts(sidebar).filter(u"can neither be read nor kept"_s).isEmpty());
+    buttonIn(sidebar, u"Try Again"_s)->click();
+    EXPECT_TRUE(buttonIn(sidebar, u"Try Again"_s));
+    QDir(folder()).rmdir(u"downloads.json"_s);
+    buttonIn(sidebar, u"Try Again"_s)->click();
+    EXPECT_FALSE(buttonIn(sidebar, u"Try Again"_s));
+    EXPECT_EQ(DownloadStore(folder()).records(), store.records());
 }
 
 TEST_F(RecentListTest, opensTheMenuByKey)
