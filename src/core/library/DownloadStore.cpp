@@ -35,6 +35,12 @@ void DownloadStore::add(DownloadRecord record)
     save();
 }
 
+void DownloadStore::restore(const DownloadRecord &record, const QUuid &next)
+{
+    m_records.insert(std::ranges::find(m_records, next, &DownloadRecord::id), record);
+    save();
+}
+
 void DownloadStore::update(DownloadRecord record)
 {
     const auto place = std::ranges::find(m_records, record.id, &DownloadRecord::id);

@@ -30,6 +30,8 @@ public:
     /// Puts the record at the front. Its times are cut to whole seconds, and a number that is not
     /// finite becomes absent, so that the list is what the file gives back.
     void add(DownloadRecord record);
+    /// Puts back a record that was removed, before the one of that id or at the end.
+    void restore(const DownloadRecord &record, const QUuid &next);
     /// Replaces the record of the same id in its place. Does nothing when there is none.
     void update(DownloadRecord record);
     /// Removes every record of that id.

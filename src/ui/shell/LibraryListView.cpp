@@ -74,7 +74,6 @@ void LibraryListView::keyPressEvent(QKeyEvent *event)
             Q_EMIT returnPressed(index);
         return;
     case Qt::Key_Delete:
-    case Qt::Key_Backspace:
         // Held down a moment too long, it would empty the list.
         if (index.isValid() && !event->isAutoRepeat())
             Q_EMIT deletePressed(index);

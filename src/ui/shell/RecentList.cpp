@@ -9,17 +9,21 @@
 #include "ui/shell/ListLead.h"
 #include "ui/shell/RecentDelegate.h"
 #include "ui/shell/RowSpinner.h"
+#include "ui/shell/UndoLine.h"
 #include "workflow/library/Reencoder.h"
 
 #include <QFileInfo>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
 
 namespace clipwren {
 
 RecentList::RecentList(DownloadStore &store, const ToolEnvironment &tools, Desktop &desktop,
                        QWidget *parent)
     : QWidget(parent), m_store(store), m_desktop(desktop), m_model(store),
-      m_reencoder(new Reencoder(store, tools, this)),
+      m_reencoder(new Reencoder(store, tools, this)), m_undoLine(new UndoLine),
       m_footer(new ListFooter(u"tray", tr("Clear Recents")))
 {
     auto *lead = new ListLead(tr("Recent"), tr("No downloads yet"));
@@ -38,13 +42,19 @@ RecentList::RecentList(DownloadStore &store, const ToolEnvironment &tools, Deskt
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_view, 1);
+    column->addWidget(m_undoLine);
     column->addWidget(m_footer);
 
     connect(lead->newDownload(), &Button::clicked, this, &RecentList::newDownloadRequested);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &RecentList::takeSelection);
     connect(m_view, &LibraryListView::menuRequested, this, &RecentList::showMenu);
-    connect(m_view, &LibraryListView::deletePressed, this, &RecentList::removeRow);
+    connect(m_view, &LibraryListView::deletePressed, this, [this](const QModelIndex &index) {
+        if (const DownloadRecord *record = m_model.record(index))
+            remove(record->id);
+    });
+    connect(m_undoLine, &UndoLine::undone, this, &RecentList::undoRemoval);
+    connect(m_undoLine, &UndoLine::expired, this, &RecentList::forgetRemovals);
     connect(m_view, &LibraryListView::returnPressed, m_view->selectionModel(),
             [this](const QModelIndex &index) {
                 m_view->selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
@@ -146,22 +156,53 @@ Menu *RecentList::makeMenu(const DownloadRecord &shown)
         [this, record] { m_desktop.setClipboardText(record.sourceURL); });
     menu->addSeparator();
     connect(menu->addDestructiveAction(tr("Remove from List")), &QAction::triggered, this,
-            [this, record] { m_store.remove(record); });
+            [this, id = record.id] { remove(id); });
     return menu;
 }
 
-void RecentList::removeRow(const QModelIndex &index)
+void RecentList::remove(const QUuid &id)
 {
-    if (const DownloadRecord *record = m_model.record(index))
-        m_store.remove(DownloadRecord(*record));
+    const QList<DownloadRecord> &records = m_store.records();
+    const auto place = std::ranges::find(records, id, &DownloadRecord::id);
+    if (place == records.end())
+        return;
+    const auto next = std::next(place);
+    m_removed.append({*place, next == records.end() ? QUuid() : next->id});
+    m_undoLine->offer(place->title);
+    m_store.remove(m_removed.last().record);
+}
+
+void RecentList::undoRemoval()
+{
+    const Removed last = m_removed.takeLast();
+    m_store.restore(last.record, last.next);
+    if (m_removed.isEmpty())
+        forgetRemovals();
+    else
+        m_undoLine->offer(m_removed.last().record.title);
+}
+
+void RecentList::forgetRemovals()
+{
+    m_removed.clear();
+    // Not to whatever comes next in the window.
+    if (m_undoLine->isAncestorOf(window()->focusWidget()))
+        m_view->setFocus(Qt::OtherFocusReason);
+    m_undoLine->hide();
 }
 
 void RecentList::confirmClear()
 {
     m_clearDialog = new ConfirmationDialog(tr("Clear Recents?"), tr("Clear Recents"), this);
     m_clearDialog->setMessage(clearMessage());
-    connect(m_clearDialog, &ConfirmationDialog::accepted, &m_store, &DownloadStore::clear);
+    connect(m_clearDialog, &ConfirmationDialog::accepted, this, &RecentList::clear);
     m_clearDialog->open();
+}
+
+void RecentList::clear()
+{
+    forgetRemovals();
+    m_store.clear();
 }
 
 QString RecentList::clearMessage() const

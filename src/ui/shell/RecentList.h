@@ -15,6 +15,7 @@ class Menu;
 class Reencoder;
 class RowSpinner;
 class ToolEnvironment;
+class UndoLine;
 
 /// The saved files: a row for each, its menu, and the bar that clears the list.
 class RecentList : public QWidget {
@@ -46,9 +47,17 @@ private:
     void askForFiles();
     void showMenu(const QModelIndex &index, const QPoint &place);
     Menu *makeMenu(const DownloadRecord &record);
-    void removeRow(const QModelIndex &index);
+    void remove(const QUuid &id);
+    void undoRemoval();
+    void forgetRemovals();
     void confirmClear();
+    void clear();
     QString clearMessage() const;
+
+    struct Removed {
+        DownloadRecord record;
+        QUuid next; ///< of the record below it; null at the end
+    };
 
     DownloadStore &m_store;
     Desktop &m_desktop;
@@ -56,8 +65,10 @@ private:
     Reencoder *m_reencoder;
     LibraryListView *m_view;
     RowSpinner *m_spinner;
+    UndoLine *m_undoLine;
     ListFooter *m_footer;
     QPointer<ConfirmationDialog> m_clearDialog; // there while it is shown
+    QList<Removed> m_removed; // while they can be brought back, the latest last
     std::optional<QUuid> m_selection;
     bool m_showingSelection = false;
 };

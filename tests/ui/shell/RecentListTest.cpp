@@ -2,6 +2,7 @@
 #include "ui/components/Menu.h"
 #include "ui/shell/RowSpinner.h"
 #include "ui/shell/SidebarFixture.h"
+#include "ui/shell/UndoLine.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -89,6 +90,49 @@ TEST_F(RecentListTest, offersWhatCanBeDoneWithARecord)
     EXPECT_TRUE(store.records().isEmpty());
     EXPECT_TRUE(QFile::exists(record.filePath));
     EXPECT_TRUE(selections.isEmpty());
+}
+
+TEST_F(RecentListTest, bringsBackWhatWasRemoved)
+{
+    for (const QString &title : {u"C"_s, u"B"_s, u"A"_s})
+        addRecord(title);
+    const QList<DownloadRecord> before = store.records();
+    showWindow(sidebar);
+    click(1);
+    QTest::keyClick(&list(), Qt::Key_Backspace);
+    EXPECT_EQ(store.records(), before) << "meant for something else";
+    QTest::keyClick(&list(), Qt::Key_Delete);
+    EXPECT_TRUE(shows(sidebar, u"Removed “B”"_s));
+    choose(1, u"Remove from List"_s);
+    EXPECT_TRUE(shows(sidebar, u"Removed “C”"_s));
+    EXPECT_EQ(store.records().size(), 1);
+    const DownloadRecord added = addRecord(u"Meanwhile"_s);
+    QTest::keyClick(&list(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(shows(sidebar, u"Removed “B”"_s));
+    buttonIn(sidebar, u"Undo"_s)->click();
+    EXPECT_EQ(store.records(), QList{added} + before);
+    EXPECT_EQ(DownloadStore(folder()).records(), store.records());
+    EXPECT_FALSE(buttonIn(sidebar, u"Undo"_s));
+    QTest::keyClick(&list(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(store.records().size(), 4);
+
+    // What was cleared stays so.
+    choose(1, u"Remove from List"_s);
+    buttonIn(*clear(), u"Clear Recents"_s)->click();
+    EXPECT_FALSE(buttonIn(sidebar, u"Undo"_s));
+}
+
+TEST_F(RecentListTest, offersToUndoForAWhile)
+{
+    UndoLine line(std::chrono::milliseconds(50));
+    const QSignalSpy expired(&line, &UndoLine::expired);
+    line.offer(u"A"_s);
+    showWindow(line);
+    buttonIn(line, u"Undo"_s)->setFocus();
+    QTest::qWait(150);
+    EXPECT_EQ(expired.size(), 0) << "somebody is about to press it";
+    buttonIn(line, u"Undo"_s)->clearFocus();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !expired.isEmpty(); }));
 }
 
 TEST_F(RecentListTest, saysThatTheListsCannotBeSaved)
