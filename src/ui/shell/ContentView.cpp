@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace clipwren {
 namespace {
@@ -105,8 +106,8 @@ ContentView::ContentView(const DownloaderView::Environment &environment, QWidget
     whole->addWidget(columns);
 
     connect(m_bar, &TopBar::sidebarToggled, this, &ContentView::toggleSidebar);
-    connect(m_sidebar, &SidebarView::selectionChanged, m_detail, &DetailContainer::setSelectedID);
-    connect(m_sidebar, &SidebarView::redownloadRequested, this, &ContentView::redownload);
+    connect(m_sidebar, &SidebarView::selectionChanged, this, &ContentView::show);
+    connect(m_sidebar, &SidebarView::redownloadRequested, this, &ContentView::lookUp);
     connect(m_detail, &DetailContainer::completed, this, &ContentView::select);
     connect(m_detail, &DetailContainer::screenChanged, this, &ContentView::showScreen);
     showScreen();
@@ -114,6 +115,9 @@ ContentView::ContentView(const DownloaderView::Environment &environment, QWidget
 
 void ContentView::showScreen()
 {
+    // The download has ended, so there is nothing to ask.
+    if (m_question)
+        m_question->reject();
     DetailScreen *screen = m_detail->screen();
     m_bar->setScreen(screen);
     const auto showTitle = [this, screen] { setWindowTitle(screen->barTitle()); };
@@ -127,6 +131,15 @@ void ContentView::select(std::optional<QUuid> id)
     m_detail->setSelectedID(id);
 }
 
+void ContentView::show(std::optional<QUuid> id)
+{
+    // Until the answer, and after "Cancel", the list shows what the pane does.
+    if (m_detail->isDownloading())
+        m_sidebar->setSelection(m_detail->selectedID());
+    askToStop(tr("Stop and Show"), tr("A download is running. Showing a saved file stops it."),
+              [this, id] { select(id); });
+}
+
 void ContentView::redownload(const QString &address)
 {
     select(std::nullopt);
@@ -135,17 +148,24 @@ void ContentView::redownload(const QString &address)
 
 void ContentView::lookUp(const QString &address)
 {
-    // The newest address is the one that is meant.
+    askToStop(tr("Stop and Look Up"),
+              tr("A download is running. Looking up another video stops it."),
+              [this, address] { redownload(address); });
+}
+
+void ContentView::askToStop(const QString &confirm, const QString &message,
+                            std::function<void()> action)
+{
+    // What was asked for last is what is meant.
     if (m_question)
         m_question->reject();
     if (!m_detail->isDownloading()) {
-        redownload(address);
+        action();
         return;
     }
-    m_question = new ConfirmationDialog(tr("Stop the Download?"), tr("Stop and Look Up"), this);
-    m_question->setMessage(tr("A download is running. Looking up another video stops it."));
-    connect(m_question, &ConfirmationDialog::accepted, this,
-            [this, address] { redownload(address); });
+    m_question = new ConfirmationDialog(tr("Stop the Download?"), confirm, this);
+    m_question->setMessage(message);
+    connect(m_question, &ConfirmationDialog::accepted, this, std::move(action));
     m_question->open();
 }
 

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 class QMenu;
@@ -42,7 +43,10 @@ protected:
 
 private:
     void select(std::optional<QUuid> id);
+    /// As `select`, but asks first while a download runs, which that would stop.
+    void show(std::optional<QUuid> id);
     void redownload(const QString &address);
+    void askToStop(const QString &confirm, const QString &message, std::function<void()> action);
     void showScreen();
 
     DownloaderView::Environment m_environment;

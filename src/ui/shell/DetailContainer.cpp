@@ -19,7 +19,11 @@ DetailContainer::DetailContainer(DownloaderView::Environment environment, QWidge
     : QWidget(parent), m_environment(std::move(environment)), m_layout(new QStackedLayout(this))
 {
     connect(&m_environment.tools, &ToolEnvironment::changed, this, &DetailContainer::render);
-    connect(&m_environment.store, &DownloadStore::changed, this, &DetailContainer::render);
+    connect(&m_environment.store, &DownloadStore::changed, this, [this] {
+        // A selected record that was removed and is brought back ends no download.
+        if (!isDownloading())
+            render();
+    });
     render();
 }
 

@@ -29,6 +29,8 @@ public:
     DetailContainer(const DetailContainer &) = delete;
     DetailContainer &operator=(const DetailContainer &) = delete;
 
+    std::optional<QUuid> selectedID() const { return m_selectedID; }
+    /// Ends a download that runs when that leads to another screen.
     void setSelectedID(std::optional<QUuid> id);
     /// Null before the first screen is there.
     DetailScreen *screen() const { return m_screen; }

@@ -198,6 +198,50 @@ TEST_F(WindowTest, ALinkStopsADownloadOnlyWhenThatIsWanted)
     EXPECT_EQ(content.detail().downloader()->urlText(), u"https://site.example/3");
 }
 
+TEST_F(WindowTest, TheSidebarStopsADownloadOnlyWhenThatIsWanted)
+{
+    FakeDownloader fake;
+    fake.onDownload(u"test -z \"$template\" || exec sleep 60"_s);
+    addRecord(u"Older"_s);
+    const DownloadRecord record = addRecord(u"Talk"_s);
+    history.recordDownload(record.sourceURL, record.title, {}, {});
+    open({fake.tools.directory()});
+    ContentView &content = window().content();
+    content.lookUp(u"https://site.example/1"_s);
+    QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
+    QTest::keyClick(await(u"Download"_s), Qt::Key_Space);
+    await(u"Downloading"_s);
+
+    const auto clickRecord = [&] {
+        QTest::mouseClick(recents()->viewport(), Qt::LeftButton, {},
+                          recents()->visualRect(recents()->model()->index(1, 0)).center());
+    };
+    const auto expectNothingChanged = [&] {
+        EXPECT_TRUE(content.detail().isDownloading());
+        EXPECT_EQ(content.sidebar().selection(), std::nullopt);
+        EXPECT_TRUE(recents()->selectionModel()->selectedIndexes().isEmpty());
+    };
+    clickRecord();
+    await(u"Stop and Show"_s);
+    expectNothingChanged();
+    click(u"Cancel"_s);
+    recents()->setFocus();
+    QTest::keyClick(recents(), Qt::Key_Down);
+    await(u"Stop and Show"_s);
+    click(u"Cancel"_s);
+    click(u"History"_s);
+    chooseForLastRow(historyRows(), u"Re-download"_s);
+    await(u"Stop and Look Up"_s);
+    click(u"Cancel"_s);
+    expectNothingChanged();
+
+    click(u"Recent"_s);
+    clickRecord();
+    click(u"Stop and Show"_s);
+    EXPECT_EQ(content.sidebar().selection(), record.id);
+    EXPECT_TRUE(awaitText(u"File no longer at expected location"_s));
+}
+
 TEST_F(WindowTest, TabGoesThroughThePaneInTheOrderInWhichItIsRead)
 {
     FakeDownloader fake;
