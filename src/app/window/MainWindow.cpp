@@ -1,6 +1,7 @@
 #include "app/window/MainWindow.h"
 
 #include "app/window/AboutDialog.h"
+#include "app/window/WindowPlacement.h"
 #include "platform/media/PlayerModule.h"
 #include "platform/system/MemoryPages.h"
 
@@ -13,20 +14,16 @@
 #include <utility>
 
 namespace clipwren {
-namespace {
-
-constexpr QSize firstSize(1120, 900);
-
-} // namespace
 
 MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerModule &players)
-    : m_tools(environment.tools), m_content(new ContentView(environment))
+    : m_tools(environment.tools), m_preferences(environment.preferences),
+      m_content(new ContentView(environment))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_content);
-    resize(firstSize);
+    restorePlacement(*this, *m_content, m_preferences);
     fillMenu();
     // A look-up is followed by a preview: the player loads while the tool is at it.
     const auto warmUpWithLookups = [this, &players] {
@@ -44,6 +41,12 @@ MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerMod
     // Not at the sidebar's first button, nor in the address field, whose cursor would blink for
     // ever and which would keep a pasted address to itself.
     m_content->detail().setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    rememberPlacement(*this, *m_content, m_preferences);
+    QWidget::closeEvent(event);
 }
 
 void MainWindow::resizeEvent(QResizeEvent *event)

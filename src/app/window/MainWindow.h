@@ -22,6 +22,7 @@ public:
     void comeToFront(const QString &address, const QString &activationToken);
 
 protected:
+    void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
@@ -30,6 +31,7 @@ private:
     void showAbout();
 
     const ToolEnvironment &m_tools;
+    Preferences &m_preferences;
     ContentView *m_content;
     bool m_hasNewPixels = true; // which nobody has written to
 };

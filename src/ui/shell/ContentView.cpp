@@ -76,7 +76,8 @@ ContentView::ContentView(const DownloaderView::Environment &environment, QWidget
     : QWidget(parent), m_environment(environment), m_menu(new QMenu(this)),
       m_sidebar(new SidebarView(environment.store, environment.history, environment.tools,
                                 environment.desktop)),
-      m_detail(new DetailContainer(environment)), m_bar(new TopBar(*m_menu))
+      m_detail(new DetailContainer(environment)), m_bar(new TopBar(*m_menu)),
+      m_columns(new Columns(Qt::Horizontal)), m_sidebarWidth(idealSidebarWidth)
 {
     setMinimumSize(minimumWindowSize);
     setAcceptDrops(true);
@@ -94,17 +95,18 @@ ContentView::ContentView(const DownloaderView::Environment &environment, QWidget
 
     m_sidebar->setMinimumWidth(minimumSidebarWidth);
     m_sidebar->setMaximumWidth(maximumSidebarWidth);
-    auto *columns = new Columns(Qt::Horizontal);
-    columns->setHandleWidth(1);
-    columns->setChildrenCollapsible(false);
-    columns->addWidget(m_sidebar);
-    columns->addWidget(pane);
-    columns->setStretchFactor(1, 1);
-    columns->setSizes({idealSidebarWidth, minimumWindowSize.width() - idealSidebarWidth});
+    m_columns->setHandleWidth(1);
+    m_columns->setChildrenCollapsible(false);
+    m_columns->addWidget(m_sidebar);
+    m_columns->addWidget(pane);
+    m_columns->setStretchFactor(1, 1);
+    setSidebarWidth(idealSidebarWidth);
     auto *whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(columns);
+    whole->addWidget(m_columns);
 
+    connect(m_columns, &QSplitter::splitterMoved, this,
+            [this] { m_sidebarWidth = m_sidebar->width(); });
     connect(m_bar, &TopBar::sidebarToggled, this, &ContentView::toggleSidebar);
     connect(m_sidebar, &SidebarView::selectionChanged, this, &ContentView::show);
     connect(m_sidebar, &SidebarView::redownloadRequested, this, &ContentView::lookUp);
@@ -172,6 +174,18 @@ void ContentView::askToStop(const QString &confirm, const QString &message,
 void ContentView::toggleSidebar()
 {
     m_sidebar->setVisible(m_sidebar->isHidden());
+}
+
+bool ContentView::isSidebarHidden() const
+{
+    return m_sidebar->isHidden();
+}
+
+void ContentView::setSidebarWidth(int width)
+{
+    m_sidebarWidth = std::clamp(width, minimumSidebarWidth, maximumSidebarWidth);
+    m_columns->setSizes(
+        {m_sidebarWidth, std::max(m_columns->width(), minimumWindowSize.width()) - m_sidebarWidth});
 }
 
 void ContentView::keyPressEvent(QKeyEvent *event)

@@ -30,6 +30,11 @@ public:
     /// while a download runs, which that would stop.
     void lookUp(const QString &address);
     void toggleSidebar();
+    bool isSidebarHidden() const;
+    /// In logical pixels; also while it is hidden.
+    int sidebarWidth() const { return m_sidebarWidth; }
+    /// Bounded to what the sidebar can have.
+    void setSidebarWidth(int width);
 
     /// The application's menu. Comes with the item for the sidebar.
     QMenu &menu() { return *m_menu; }
@@ -54,6 +59,8 @@ private:
     SidebarView *m_sidebar;
     DetailContainer *m_detail;
     TopBar *m_bar;
+    QSplitter *m_columns;
+    int m_sidebarWidth;
     QPointer<ConfirmationDialog> m_question; // there while it is shown
 };
 

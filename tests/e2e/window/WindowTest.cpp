@@ -1,4 +1,5 @@
 #include "app/window/AboutDialog.h"
+#include "app/window/WindowPlacement.h"
 #include "core/media/FfmpegService.h"
 #include "e2e/window/WindowFixture.h"
 #include "support/FakeDownloader.h"
@@ -15,6 +16,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QScreen>
+#include <QSplitter>
 #include <QTest>
 
 namespace clipwren::test {
@@ -240,6 +243,46 @@ TEST_F(WindowTest, TheSidebarStopsADownloadOnlyWhenThatIsWanted)
     click(u"Stop and Show"_s);
     EXPECT_EQ(content.sidebar().selection(), record.id);
     EXPECT_TRUE(awaitText(u"File no longer at expected location"_s));
+}
+
+TEST_F(WindowTest, OpensAsItWasClosedWithinTheScreen)
+{
+    FakeDownloader fake;
+    const QStringList folders{fake.tools.directory()};
+    open(folders);
+    EXPECT_EQ(window().size(), QSize(1120, 900));
+    EXPECT_EQ(window().content().sidebar().width(), 280);
+    window().resize(900, 700);
+    auto *columns = window().findChild<QSplitter *>();
+    QTest::mousePress(columns->handle(1), Qt::LeftButton);
+    QTest::mouseMove(columns->handle(1), QPoint(40, 5));
+    QTest::mouseRelease(columns->handle(1), Qt::LeftButton, {}, QPoint(40, 5));
+    const int width = window().content().sidebar().width();
+    EXPECT_GT(width, 300);
+    window().content().toggleSidebar();
+    window().close();
+
+    open(folders);
+    EXPECT_EQ(window().size(), QSize(900, 700));
+    EXPECT_TRUE(window().content().isSidebarHidden());
+    window().content().toggleSidebar();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window().content().sidebar().width(), width);
+    window().showMaximized();
+    window().close();
+
+    open(folders);
+    EXPECT_TRUE(window().isMaximized());
+    for (const QString &size : {u"90000x90000"_s, u"-5x1"_s, u"x"_s, u"900"_s}) {
+        preferences.setText(u"windowMaximized"_s, u"false"_s);
+        preferences.setText(u"windowSize"_s, size);
+        preferences.setText(u"sidebarWidth"_s, size);
+        open(folders);
+        const QSize screen = window().screen()->availableGeometry().size();
+        EXPECT_TRUE(QRect({}, screen).contains(QRect({}, window().frameGeometry().size())));
+        EXPECT_GE(window().height(), 900);
+    }
+    EXPECT_EQ(boundedWindowSize({1120, 900}, {1024, 768}), QSize(1022, 728));
 }
 
 TEST_F(WindowTest, TabGoesThroughThePaneInTheOrderInWhichItIsRead)
