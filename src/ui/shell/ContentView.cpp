@@ -83,6 +83,7 @@ ContentView::ContentView(const DownloaderView::Environment &environment, QWidget
     setAcceptDrops(true);
     QAction *sidebarItem = m_menu->addAction(tr("Show or Hide Sidebar"), QKeySequence(tr("F9")),
                                              this, &ContentView::toggleSidebar);
+    sidebarItem->setAutoRepeat(false);
     // Shortcuts of a menu that is not in a menu bar work only through the window.
     addAction(sidebarItem);
 

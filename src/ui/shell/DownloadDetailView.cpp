@@ -14,6 +14,7 @@
 
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QScrollBar>
 #include <QShowEvent>
 
 #include <utility>
@@ -52,7 +53,8 @@ DownloadDetailView::DownloadDetailView(const DownloadRecord &record, const ToolE
       m_error(new Label(Theme::TextStyle::Caption, Theme::Color::OrangeText))
 {
     auto *all = blocks(0);
-    all->addWidget(new ScrollPane(makeColumn(), columnWidth));
+    m_pane = new ScrollPane(makeColumn(), columnWidth);
+    all->addWidget(m_pane);
     setLayout(all);
 
     for (Button *button : {m_reveal.data(), m_revealFolder})
@@ -72,6 +74,8 @@ void DownloadDetailView::setRecord(const DownloadRecord &record)
 {
     if (record == m_record)
         return;
+    if (record.id != m_record.id)
+        m_pane->verticalScrollBar()->setValue(0);
     const bool isOtherFile = record.filePath != m_record.filePath;
     const bool isOtherTitle = record.title != m_record.title;
     m_record = record;

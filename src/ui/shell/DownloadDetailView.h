@@ -18,6 +18,7 @@ class InformationBox;
 class Label;
 class MissingFilePlaceholder;
 class Pill;
+class ScrollPane;
 class SafeVideoPlayer;
 class ToolEnvironment;
 
@@ -71,6 +72,7 @@ private:
     // The bar above the pane takes these two.
     QPointer<Button> m_reveal;
     QPointer<Button> m_open;
+    ScrollPane *m_pane;
     Label *m_title;
     ElidedLabel *m_address;
     QVBoxLayout *m_media; // holds the player and the placeholder

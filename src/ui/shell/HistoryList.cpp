@@ -4,6 +4,7 @@
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
 #include "ui/components/Menu.h"
+#include "ui/components/PassFocus.h"
 #include "ui/shell/HistoryDelegate.h"
 #include "ui/shell/LibraryListView.h"
 #include "ui/shell/ListFooter.h"
@@ -34,7 +35,12 @@ HistoryList::HistoryList(HistoryStore &history, Desktop &desktop, QWidget *paren
     connect(m_view, &LibraryListView::returnPressed, this, &HistoryList::redownload);
     connect(m_view, &LibraryListView::menuRequested, this, &HistoryList::showMenu);
     connect(m_footer, &ListFooter::clearRequested, &m_history, &HistoryStore::clear);
-    const auto takeCount = [this] { m_footer->setCount(m_history.entries().size()); };
+    const auto takeCount = [this] {
+        const qsizetype count = m_history.entries().size();
+        if (count == 0)
+            passFocus(*m_footer, m_view->newDownload());
+        m_footer->setCount(count);
+    };
     connect(&m_history, &HistoryStore::changed, this, takeCount);
     takeCount();
 }

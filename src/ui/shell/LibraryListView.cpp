@@ -44,6 +44,11 @@ int LibraryListView::leadHeight() const
     return m_lead->sizeHint().height();
 }
 
+QWidget &LibraryListView::newDownload() const
+{
+    return *m_lead->newDownload();
+}
+
 bool LibraryListView::hasRing(const QModelIndex &index) const
 {
     return index == m_menuRow || (m_byKeyboard && hasFocus() && index == currentIndex());

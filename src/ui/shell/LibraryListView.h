@@ -20,6 +20,8 @@ public:
                     QWidget *parent = nullptr);
 
     int leadHeight() const;
+    /// The button above the items.
+    QWidget &newDownload() const;
     /// Whether a row is to be drawn with a ring: the keyboard is at it, or its menu is open.
     bool hasRing(const QModelIndex &index) const;
     /// The ring that the row keeps while its menu is open.

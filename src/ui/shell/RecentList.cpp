@@ -4,6 +4,7 @@
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
 #include "ui/components/Menu.h"
+#include "ui/components/PassFocus.h"
 #include "ui/shell/LibraryListView.h"
 #include "ui/shell/ListFooter.h"
 #include "ui/shell/ListLead.h"
@@ -74,7 +75,10 @@ QSet<QUuid> RecentList::reencodingIDs() const
 
 void RecentList::takeStore()
 {
-    m_footer->setCount(m_store.records().size());
+    const qsizetype count = m_store.records().size();
+    if (count == 0)
+        passFocus(*m_footer, m_view->newDownload());
+    m_footer->setCount(count);
     if (m_clearDialog)
         m_clearDialog->setMessage(clearMessage());
     showSelection();
@@ -185,9 +189,7 @@ void RecentList::undoRemoval()
 void RecentList::forgetRemovals()
 {
     m_removed.clear();
-    // Not to whatever comes next in the window.
-    if (m_undoLine->isAncestorOf(window()->focusWidget()))
-        m_view->setFocus(Qt::OtherFocusReason);
+    passFocus(*m_undoLine, *m_view);
     m_undoLine->hide();
 }
 

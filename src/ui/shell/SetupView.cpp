@@ -45,6 +45,8 @@ SetupView::SetupView(ToolEnvironment &tools, Desktop &desktop, QWidget *parent)
     all->addWidget(new ScrollPane(makeStack(), blockWidth + 2 * sideMargin));
     // As a key of the window, whatever has the keyboard.
     auto *recheck = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_R), this);
+    // Each asks the tools for their versions.
+    recheck->setAutoRepeat(false);
     connect(recheck, &QShortcut::activated, &m_tools, &ToolEnvironment::refresh);
     connect(&m_tools, &ToolEnvironment::changed, this, &SetupView::render);
     render();

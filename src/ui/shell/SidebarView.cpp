@@ -5,6 +5,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/Divider.h"
 #include "ui/components/Label.h"
+#include "ui/components/PassFocus.h"
 #include "ui/components/SegmentedControl.h"
 #include "ui/shell/HistoryList.h"
 #include "ui/shell/LibraryListView.h"
@@ -58,6 +59,8 @@ SidebarView::SidebarView(DownloadStore &store, HistoryStore &history, const Tool
             &SidebarView::redownloadRequested);
     connect(m_historyList, &HistoryList::redownloadRequested, this,
             &SidebarView::redownloadRequested);
+    connect(m_unsaved, &UnsavedBanner::aboutToHide, this,
+            [this] { passFocus(*m_unsaved, shownList().newDownload()); });
     setTab(Tab::recent);
 }
 
@@ -87,8 +90,17 @@ void SidebarView::setTab(Tab tab)
 {
     m_tab = tab;
     m_tabs->setCurrentIndex(static_cast<int>(tab));
-    m_recentList->setVisible(tab == Tab::recent);
-    m_historyList->setVisible(tab == Tab::history);
+    const bool isRecent = tab == Tab::recent;
+    QWidget *const left = isRecent ? static_cast<QWidget *>(m_historyList) : m_recentList;
+    QWidget *const shown = isRecent ? static_cast<QWidget *>(m_recentList) : m_historyList;
+    shown->show();
+    passFocus(*left, shownList().newDownload());
+    left->hide();
+}
+
+LibraryListView &SidebarView::shownList() const
+{
+    return m_tab == Tab::recent ? m_recentList->view() : m_historyList->view();
 }
 
 void SidebarView::select(const std::optional<QUuid> &id)

@@ -13,6 +13,7 @@ class Desktop;
 class DownloadStore;
 class HistoryList;
 class HistoryStore;
+class LibraryListView;
 class RecentList;
 class SegmentedControl;
 class ToolEnvironment;
@@ -60,6 +61,7 @@ protected:
 
 private:
     QLayout *makeHeader(Desktop &desktop);
+    LibraryListView &shownList() const;
     void select(const std::optional<QUuid> &id);
     void choose(Tab tab);
 

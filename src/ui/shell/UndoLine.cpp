@@ -17,7 +17,8 @@ UndoLine::UndoLine(std::chrono::milliseconds duration, QWidget *parent)
     m_undo->setSize(Button::Size::Small);
     connect(m_undo, &Button::clicked, this, &UndoLine::undone);
     // That of the button itself would take as long as a press is shown.
-    new QShortcut(QKeySequence::Undo, this, this, &UndoLine::undone);
+    auto *undo = new QShortcut(QKeySequence::Undo, this, this, &UndoLine::undone);
+    undo->setAutoRepeat(false);
 
     auto *row = new QHBoxLayout;
     row->setContentsMargins(12, 4, 12, 4);

@@ -41,6 +41,8 @@ void UnsavedBanner::render()
         m_banner->setMessage(tr("%1. What is new in them is lost when Clipwren is closed before "
                                 "they can be saved.")
                                  .arg(*error));
+    } else {
+        Q_EMIT aboutToHide();
     }
     setVisible(error.has_value());
 }

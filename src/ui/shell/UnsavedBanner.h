@@ -20,6 +20,9 @@ public:
     /// Saves what could not be saved, if anything.
     void tryAgain();
 
+Q_SIGNALS:
+    void aboutToHide();
+
 private:
     void render();
 

@@ -5,6 +5,7 @@
 #include "support/FakeDownloader.h"
 #include "support/LibraryFixture.h"
 #include "support/Widgets.h"
+#include "ui/components/ConfirmationDialog.h"
 #include "ui/player/SafeVideoPlayer.h"
 #include "ui/shell/HistoryList.h"
 #include "ui/shell/LibraryListView.h"
@@ -14,6 +15,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QLabel>
+#include <QFocusFrame>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QScreen>
@@ -178,6 +180,33 @@ TEST_F(WindowTest, TheKeyboardStaysInTheListThatItWalksThrough)
 
     click(u"New Download"_s);
     EXPECT_EQ(window().focusWidget(), await(u"Video address"_s));
+}
+
+TEST_F(WindowTest, ClicksLeaveNoFocusRingWhereNobodyWas)
+{
+    const DownloadRecord record = addRecord(u"Talk"_s);
+    history.recordDownload(record.sourceURL, record.title, {}, {});
+    FakeDownloader fake;
+    open({fake.tools.directory()});
+    const auto expectNoRing = [&] {
+        for (const QFocusFrame *frame : window().findChildren<QFocusFrame *>())
+            EXPECT_FALSE(frame->isVisible()) << nameOf(*window().focusWidget()).toStdString();
+        EXPECT_EQ(nameOf(*window().focusWidget()), u"New Download"_s);
+    };
+    click(u"History"_s);
+    // Not the pane's title, which says the same.
+    QTest::mouseClick(&historyRows()->newDownload(), Qt::LeftButton);
+    expectNoRing();
+    click(u"History"_s);
+    click(u"Clear History"_s);
+    expectNoRing();
+    click(u"Recent"_s);
+    click(u"Clear Recents"_s);
+    QTest::mouseClick(
+        shown<QWidget>(*window().findChild<ConfirmationDialog *>(), u"Clear Recents"_s),
+        Qt::LeftButton);
+    EXPECT_TRUE(awaitText(u"No downloads yet"_s));
+    expectNoRing();
 }
 
 TEST_F(WindowTest, ALinkStopsADownloadOnlyWhenThatIsWanted)

@@ -7,6 +7,8 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 
 namespace clipwren::test {
@@ -133,6 +135,22 @@ TEST_F(DownloadDetailViewTest, neverShowsAnInspectionOfAnotherFile)
     QCoreApplication::processEvents();
     EXPECT_TRUE(shows(view, u"H.264"_s));
     EXPECT_EQ(loaded().constLast(), loadOf(next));
+}
+
+TEST_F(DownloadDetailViewTest, showsAnotherRecordFromItsTop)
+{
+    const DownloadRecord other = addRecord(u"Other"_s, false);
+    DownloadRecord record = addRecord(u"Talk"_s, false);
+    DownloadDetailView &view = show(record);
+    view.resize(500, 300);
+    auto *bar = view.findChild<QScrollArea *>()->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() > 50; }));
+    bar->setValue(50);
+    record.filePath += u"2";
+    view.setRecord(record);
+    EXPECT_EQ(bar->value(), 50);
+    view.setRecord(other);
+    EXPECT_EQ(bar->value(), 0);
 }
 
 TEST_F(DownloadDetailViewTest, followsAReencodedRecord)

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QVBoxLayout>
 
 namespace clipwren::test {
@@ -34,8 +35,13 @@ TEST_F(SetupViewTest, checksAgainByKeyWhereverTheFocusIs)
     showWindow(window);
     field->setFocus();
     tools.add(u"yt-dlp"_s, {});
-    QTest::keyClick(field, Qt::Key_R, Qt::ControlModifier);
+    const QSignalSpy checks(&environment, &ToolEnvironment::changed);
+    QTest::keyPress(field, Qt::Key_R, Qt::ControlModifier);
     EXPECT_TRUE(environment.allFound());
+    for (int time = 0; time < 3; ++time)
+        QTest::simulateEvent(field, true, Qt::Key_R, Qt::ControlModifier, {}, true);
+    EXPECT_EQ(checks.size(), 1) << "held down";
+    QTest::keyRelease(field, Qt::Key_R, Qt::ControlModifier);
 
     remove(u"ffprobe"_s);
     tools.add(u"ffprobe"_s, {});
