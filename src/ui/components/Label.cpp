@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QRegularExpression>
 #include <QStyle>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <cmath>
@@ -21,6 +22,28 @@ namespace {
 constexpr QChar breakPoint(0x200B); // zero width space
 constexpr int unbrokenLetters = 24;
 constexpr QChar firstOfOtherScripts(0x0370);
+
+/// Lets a line end behind each letter, as people see letters, of a run that has gone on for long
+/// without a place where it could end.
+QString withBreakPoints(const QString &text)
+{
+    QString result;
+    QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text);
+    QTextBoundaryFinder lineEnds(QTextBoundaryFinder::Line, text);
+    qsizetype runEnd = 0;
+    int lettersInRun = 0;
+    for (qsizetype from = 0, to = letters.toNextBoundary(); to > 0;
+         from = to, to = letters.toNextBoundary()) {
+        while (runEnd >= 0 && from >= runEnd) {
+            runEnd = lineEnds.toNextBoundary();
+            lettersInRun = 0;
+        }
+        if (++lettersInRun > unbrokenLetters && !text[from].isSpace())
+            result += breakPoint;
+        result += QStringView(text).sliced(from, to - from);
+    }
+    return result;
+}
 
 } // namespace
 
@@ -65,17 +88,8 @@ void Label::setMarkdown(const QString &text)
 
 void Label::setBreakableText(const QString &text)
 {
-    QString broken;
-    int letters = 0;
-    for (const QChar c : text) {
-        letters = c.isSpace() ? 0 : letters + 1;
-        // Not between the halves of one letter.
-        if (letters > unbrokenLetters && !c.isLowSurrogate() && !c.isMark())
-            broken += breakPoint;
-        broken += c;
-    }
     setTextFormat(Qt::PlainText);
-    setText(broken);
+    setText(withBreakPoints(text));
 }
 
 void Label::setSelectable(bool selectable)

@@ -18,8 +18,8 @@ public:
     void setStyle(Theme::TextStyle style);
     /// Shows `**bold**` and `*italic*` of a text of ours.
     void setMarkdown(const QString &text);
-    /// Plain text of which a line may end within a word that is longer than most, such as an
-    /// address or a path. Copying takes it as it was given.
+    /// Plain text of which a line may end within a word that is longer than most, behind whole
+    /// letters as people see them. Copying takes it as it was given.
     void setBreakableText(const QString &text);
     /// Lets the user mark and copy the text with mouse and keyboard.
     void setSelectable(bool selectable);

@@ -101,6 +101,32 @@ TEST(LabelTest, breaksLongWordsButCopiesThemWhole)
     EXPECT_EQ(copied(label, 0, label.text().size()), word);
 }
 
+TEST(LabelTest, breaksNoLetterAndNothingThatBreaksByItself)
+{
+    const auto broken = [](const QString &text) {
+        Label label(Theme::TextStyle::Callout);
+        label.setBreakableText(text);
+        return label.text().replace(QChar(0x200B), u'|');
+    };
+    const QString start(24, u'w');
+    const QString family = u"\U0001F468\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466"_s;
+    const QString flag = u"\U0001F1EF\U0001F1F5"_s;
+    const QString khmer = u"\u1781\u17D2\u1798\u17C2"_s; // one cluster of a letter below another
+    const QString hindi = u"\u0915\u094D\u0937"_s;
+    const QString accent = u"e\u0301"_s;
+    for (const QString &letter : {family, flag, khmer, hindi, accent})
+        EXPECT_EQ(broken(start + letter + letter).remove(letter).remove(u'|'), start);
+    EXPECT_EQ(broken(start + accent + accent), start + u'|' + accent + u'|' + accent);
+    EXPECT_EQ(broken(start.chopped(4) + khmer.repeated(6)),
+              start.chopped(4) + khmer.repeated(4) + u'|' + khmer + u'|' + khmer);
+
+    for (const QString &whole :
+         {flag.repeated(40), family.repeated(40), QString(60, QChar(0x65E5)),
+          u"\u1019\u103C\u1014\u103A\u1019\u102C\u1005\u102C"_s.repeated(10),
+          u"https://example.org/watch/"_s.repeated(6), start + u' ' + start + u' '})
+        EXPECT_EQ(broken(whole), whole);
+}
+
 TEST(LabelTest, markdownShowsEmphasisAndNoMarkup)
 {
     Label label(Theme::TextStyle::Callout);
