@@ -15,6 +15,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerModule &players)
     : m_tools(environment.tools), m_preferences(environment.preferences),
       m_content(new ContentView(environment))
@@ -36,11 +38,17 @@ MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerMod
     };
     connect(&m_content->detail(), &DetailContainer::screenChanged, this, warmUpWithLookups);
     warmUpWithLookups();
-    connect(m_content, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
-    setWindowTitle(m_content->windowTitle());
+    connect(m_content, &QWidget::windowTitleChanged, this, &MainWindow::showTitle);
+    showTitle();
     // Not at the sidebar's first button, nor in the address field, whose cursor would blink for
     // ever and which would keep a pasted address to itself.
     m_content->detail().setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::showTitle()
+{
+    // By itself, it would stand for a mark of unsaved changes and not be shown.
+    setWindowTitle(m_content->windowTitle().replace(u"[*]"_s, u"[*][*]"_s));
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

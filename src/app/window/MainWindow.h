@@ -28,6 +28,7 @@ protected:
 
 private:
     void fillMenu();
+    void showTitle();
     void showAbout();
 
     const ToolEnvironment &m_tools;

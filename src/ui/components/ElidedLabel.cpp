@@ -1,6 +1,7 @@
 #include "ui/components/ElidedLabel.h"
 
 #include "ui/components/DigitText.h"
+#include "ui/components/PlainText.h"
 
 #include <QEvent>
 
@@ -27,7 +28,7 @@ void ElidedLabel::setFullText(const QString &text)
     if (m_fullText == text && !m_line.isNull())
         return;
     m_fullText = text;
-    m_line = text.simplified();
+    m_line = inOneLine(text);
     setAccessibleName(m_line);
     // Where the texts around it start; a label by itself would go by its letters.
     setAlignment(Qt::AlignAbsolute | Qt::AlignVCenter
@@ -56,8 +57,7 @@ void ElidedLabel::cut()
     if (shown == text())
         return;
     setText(shown);
-    // As markup, or a title that looks like some would be shown as one.
-    setToolTip(isCut() ? QStringLiteral("<span>%1</span>").arg(m_line.toHtmlEscaped()) : QString());
+    setToolTip(isCut() ? plainToolTip(m_line) : QString());
 }
 
 QSize ElidedLabel::sizeHint() const
@@ -88,7 +88,8 @@ void ElidedLabel::changeEvent(QEvent *event)
 
 QString ElidedLabel::copyText() const
 {
-    return isCut() || !hasSelectedText() ? m_fullText : selectedText();
+    const bool isPart = hasSelectedText() && selectedText() != text();
+    return isPart && !isCut() ? selectedText() : m_fullText;
 }
 
 } // namespace clipwren

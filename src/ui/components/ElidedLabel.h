@@ -7,7 +7,7 @@ namespace clipwren {
 /// One line of text that is shortened with an ellipsis where room is short.
 ///
 /// The whole text shows in a tool tip while it is cut, is what assistive tools read, and is what
-/// copying takes. Line breaks become spaces.
+/// copying takes. Line breaks and tabs show as blanks.
 class ElidedLabel : public Label {
     Q_OBJECT
 public:
@@ -35,7 +35,7 @@ private:
     void cut();
 
     QString m_fullText;
-    QString m_line; // the full text without line breaks
+    QString m_line; // the full text as it shows where there is room
     Qt::TextElideMode m_mode = Qt::ElideRight;
 };
 

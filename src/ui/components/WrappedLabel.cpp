@@ -1,5 +1,7 @@
 #include "ui/components/WrappedLabel.h"
 
+#include "ui/components/PlainText.h"
+
 #include <QEvent>
 #include <QPainter>
 #include <QTextLayout>
@@ -128,10 +130,7 @@ void WrappedLabel::changeEvent(QEvent *event)
 
 void WrappedLabel::updateToolTip()
 {
-    // As markup, or a title that looks like some would be shown as one.
-    setToolTip(linesAt(width()).areCut
-                   ? QStringLiteral("<span>%1</span>").arg(text().toHtmlEscaped())
-                   : QString());
+    setToolTip(linesAt(width()).areCut ? plainToolTip(text()) : QString());
 }
 
 } // namespace clipwren

@@ -1,6 +1,7 @@
 #include "ui/shell/LibraryRow.h"
 
 #include "ui/components/Painting.h"
+#include "ui/components/PlainText.h"
 #include "ui/components/Theme.h"
 #include "ui/shell/LibraryListModel.h"
 #include "ui/shell/LibraryListView.h"
@@ -71,13 +72,11 @@ QRect LibraryRow::textPlace(const QStyleOptionViewItem &option) const
 
 bool LibraryRow::showToolTip(const QHelpEvent &event, const QStyleOptionViewItem &option) const
 {
+    const QString line = inOneLine(title);
     if (event.type() != QEvent::ToolTip
-        || QFontMetrics(titleFont()).horizontalAdvance(title) <= textPlace(option).width())
+        || QFontMetrics(titleFont()).horizontalAdvance(line) <= textPlace(option).width())
         return false;
-    // As markup, or a title that looks like some would be shown as one.
-    QToolTip::showText(event.globalPos(),
-                       QStringLiteral("<span>%1</span>").arg(title.toHtmlEscaped()), nullptr,
-                       option.rect);
+    QToolTip::showText(event.globalPos(), plainToolTip(line), nullptr, option.rect);
     return true;
 }
 
@@ -130,7 +129,7 @@ void LibraryRow::paintTexts(QPainter &painter, const QRect &place,
     const int top = place.top() + (place.height() - titleHeight - lineGap - detailHeight) / 2;
     painter.setFont(titleFont());
     painter.setPen(theme.color(selected ? Theme::Color::OnAccent : Theme::Color::Text));
-    drawLine(painter, {place.left(), top, place.width(), titleHeight}, direction, title);
+    drawLine(painter, {place.left(), top, place.width(), titleHeight}, direction, inOneLine(title));
 
     painter.setFont(detailFont());
     painter.setPen(

@@ -61,6 +61,18 @@ TEST_F(ElidedLabelTest, takesNothingForMarkupAndLineBreaksForSpaces)
     EXPECT_EQ(label.text(), u"<img src='file:///etc/passwd'> second line");
 }
 
+TEST_F(ElidedLabelTest, keepsTheBlanksOfANameAndItsBreaksForCopies)
+{
+    const auto name = u" A  talk\t(part   1)\r\nend\u2028.mp4 "_s;
+    label.setFullText(name);
+    EXPECT_TRUE(label.toolTip().contains(u" A  talk (part   1) end .mp4 "_s));
+    EXPECT_TRUE(label.toolTip().contains(u"pre-wrap"_s));
+    label.resize(label.sizeHint());
+    EXPECT_EQ(label.text(), u" A  talk (part   1) end .mp4 "_s);
+    EXPECT_EQ(copied(label, 0, label.text().size()), name);
+    EXPECT_EQ(copied(label, 2, 6), u"  talk"_s);
+}
+
 TEST_F(ElidedLabelTest, givesOtherScriptsTheirSideAndTheirHeight)
 {
     const auto hebrew = u"\u05E9\u05E2\u05D5\u05DF"_s;

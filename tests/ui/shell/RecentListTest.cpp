@@ -194,6 +194,21 @@ TEST_F(RecentListTest, noticesThatAFileHasGone)
     EXPECT_EQ(row(0).data(Qt::AccessibleTextRole), u"Other, now, file missing"_s);
 }
 
+TEST_F(RecentListTest, drawsATitleWithTabsAndBreaksInOneLine)
+{
+    const auto picture = [this](const QString &title) {
+        store.clear();
+        DownloadRecord record = bareRecord(title);
+        store.add(record);
+        QCoreApplication::processEvents();
+        return list().viewport()->grab(place(0)).toImage();
+    };
+    showWindow(sidebar);
+    const QImage plain = picture(u"A title  in one line"_s);
+    EXPECT_EQ(picture(u"A\ttitle\n\nin one\u2028line"_s), plain);
+    EXPECT_NE(picture(u"A title"_s), plain);
+}
+
 TEST_F(RecentListTest, asksBeforeItClears)
 {
     const DownloadRecord record = addRecord(u"One"_s);
