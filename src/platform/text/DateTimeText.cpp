@@ -7,6 +7,7 @@
 #include <unicode/dtptngen.h>
 #include <unicode/simpleformatter.h>
 #include <unicode/smpdtfmt.h>
+#include <unicode/timezone.h>
 
 namespace clipwren {
 namespace {
@@ -53,10 +54,15 @@ QString dateTimeText(const QDateTime &time, const QLocale &locale)
         return {};
     const icu::Locale icu = icuLocale(locale);
     UErrorCode status = U_ZERO_ERROR;
-    const icu::SimpleDateFormat format(dateTimePattern(icu, status), icu, status);
+    icu::SimpleDateFormat format(dateTimePattern(icu, status), icu, status);
     icu::UnicodeString text;
-    if (U_SUCCESS(status))
-        format.format(static_cast<UDate>(time.toMSecsSinceEpoch()), text);
+    if (U_FAILURE(status))
+        return {};
+    // ICU knows fewer kinds of time zone, and the days of other texts are Qt's.
+    const QDateTime local = time.toLocalTime();
+    const QDateTime asIfThere(local.date(), local.time(), Qt::UTC);
+    format.setTimeZone(*icu::TimeZone::getGMT());
+    format.format(static_cast<UDate>(asIfThere.toMSecsSinceEpoch()), text);
     return toQString(text);
 }
 

@@ -8,11 +8,13 @@
 
 namespace clipwren {
 
-/// ICU's locale of the same language and country. ICU has no words for the "C" locale.
+/// ICU's locale of the same language, script and country. ICU has no words for the "C" locale.
 inline icu::Locale icuLocale(const QLocale &locale)
 {
-    return locale.language() == QLocale::C ? icu::Locale::getEnglish()
-                                           : icu::Locale(locale.name().toLatin1().constData());
+    UErrorCode status = U_ZERO_ERROR;
+    return locale.language() == QLocale::C
+        ? icu::Locale::getEnglish()
+        : icu::Locale::forLanguageTag(locale.bcp47Name().toStdString(), status);
 }
 
 inline QString toQString(const icu::UnicodeString &text)

@@ -2,7 +2,9 @@
 #include "platform/text/RelativeDate.h"
 #include "support/Printing.h"
 
+#include <ctime>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace clipwren {
 namespace {
@@ -41,6 +43,8 @@ TEST(RelativeDate, takesTheLargestUnitAndItsName)
     const QDateTime twoDaysBefore = now.addDays(-2);
     EXPECT_EQ(RelativeDate(german).text(twoDaysBefore, now), u"vorgestern"_s);
     EXPECT_EQ(RelativeDate(QLocale::c()).text(twoDaysBefore, now), u"2 days ago"_s);
+    EXPECT_EQ(RelativeDate(QLocale(u"sr_Latn_RS"_s)).text(twoDaysBefore, now), u"prekjuče"_s);
+    EXPECT_EQ(RelativeDate(QLocale(u"zh_TW"_s)).text(twoDaysBefore, now), u"前天"_s);
 }
 
 TEST(DateTimeText, isShortAndInTheUsersForm)
@@ -51,6 +55,22 @@ TEST(DateTimeText, isShortAndInTheUsersForm)
     EXPECT_EQ(dateTimeText(time, german), u"22.11.2026 um 14:05"_s);
     EXPECT_EQ(dateTimeText(time.toUTC(), english), dateTimeText(time, english));
     EXPECT_EQ(dateTimeText({}, english), QString());
+}
+
+TEST(DateTimeText, isInTheTimeZoneOfTheRows)
+{
+    const QByteArray before = qgetenv("TZ");
+    // Rules that ICU does not know.
+    for (const auto &[zone, hour] :
+         {std::pair("XYZ5XYD,M3.2.0,M11.1.0", "7:05"), std::pair("<+0330>-3:30", "3:35")}) {
+        qputenv("TZ", zone);
+        tzset();
+        const QDateTime time(QDate(2026, 11, 22), QTime(12, 5), Qt::UTC);
+        EXPECT_TRUE(dateTimeText(time, english).contains(QString::fromLatin1(hour)))
+            << zone << dateTimeText(time, english).toStdString();
+    }
+    before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
+    tzset();
 }
 
 } // namespace
