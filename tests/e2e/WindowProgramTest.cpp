@@ -9,7 +9,8 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-#include <csignal>
+#include <algorithm>
+#include <array>
 #include <gmock/gmock.h>
 #include <memory>
 
@@ -62,6 +63,13 @@ protected:
             20'000);
     }
     bool answers() const { return answers(dataFolder()); }
+    static bool opens(const Process &process, const QString &path)
+    {
+        const QDir descriptors(u"/proc/%1/fd"_s.arg(process->processId()));
+        return std::ranges::any_of(
+            descriptors.entryInfoList(QDir::NoDotAndDotDot | QDir::AllEntries),
+            [&](const QFileInfo &each) { return each.symLinkTarget() == path; });
+    }
     static int exitStatus(const Process &process)
     {
         EXPECT_TRUE(process->state() == QProcess::NotRunning || process->waitForFinished(60'000));
@@ -174,11 +182,30 @@ TEST_F(WindowProgramTest, waitsForALibraryThatIsLockedForAMoment)
     EXPECT_EQ(closed(window), 0);
 }
 
+TEST_F(WindowProgramTest, anInterruptKeepsARecordThatNobodyTakesForTheNextStart)
+{
+    std::optional<LibraryLock> silent(libraryFolder());
+    const Process saving = save();
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return opens(saving, libraryFolder() + u"/lock"_s); }, 60'000));
+    saving->terminate();
+    EXPECT_EQ(exitStatus(saving), 0) << saving->readAllStandardError().toStdString();
+    EXPECT_TRUE(saving->readAllStandardOutput().endsWith(".mp4\n"));
+    EXPECT_EQ(recordCount(), 0);
+    silent.reset();
+    const Process window = open();
+    ASSERT_TRUE(answers());
+    EXPECT_EQ(recordCount(), 1);
+    EXPECT_EQ(closed(window), 0);
+}
+
 TEST_F(WindowProgramTest, aKillAtAnyMomentLosesNoRecordAndPilesUpNothing)
 {
     ASSERT_EQ(exitStatus(save()), 0);
     qsizetype known = 1;
-    for (int round = 0; round < 4; ++round) {
+    // Such as CLIPWREN_KILLS=100 for a long run.
+    const int kills = std::max(4, qEnvironmentVariableIntValue("CLIPWREN_KILLS"));
+    for (int round = 0; round < kills; ++round) {
         const Process window = open();
         const Process saving = save();
         // A save takes two seconds or so.

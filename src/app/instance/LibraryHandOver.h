@@ -28,8 +28,7 @@ struct HandOver {
 /// has them open. Where neither can be reached in time, keeps the record for the next start.
 /// Blocks; a stop makes the time be over.
 HandOver handOverSaved(const InstanceMessage::Saved &saved, const QString &libraryFolder,
-                       std::chrono::milliseconds patience = std::chrono::seconds(30),
-                       const std::stop_token &stop = {});
+                       std::chrono::milliseconds patience, const std::stop_token &stop = {});
 
 /// Puts the records that wait in files beside the lists into them, and removes the files when the
 /// lists are saved. Call as the holder of the folder's `LibraryLock`.

@@ -13,13 +13,18 @@
 
 #include <QCoreApplication>
 
+#include <chrono>
 #include <cstdio>
+#include <stop_token>
+#include <thread>
 #include <unistd.h>
 
 namespace clipwren {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+constexpr std::chrono::seconds patienceWithOthers(30);
 
 void print(std::FILE *output, const QString &text)
 {
@@ -34,9 +39,24 @@ void printPath(const QString &path)
     std::fflush(stdout);
 }
 
+/// Blocks, but serves an interrupt, which keeps the record for the next start at once.
+HandOver handOver(const InstanceMessage::Saved &saved, InterruptSignal &interrupt)
+{
+    std::stop_source stop;
+    QObject::connect(&interrupt, &InterruptSignal::interrupted, [&stop] { stop.request_stop(); });
+    HandOver result;
+    const std::jthread worker([&] {
+        result = handOverSaved(saved, defaultLibraryFolder(), patienceWithOthers, stop.get_token());
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    });
+    QCoreApplication::exec();
+    return result;
+}
+
 /// Takes what the downloader recorded over into the user's lists, and prints the file's path when
 /// that went well. Returns the exit status.
-int recordInLibrary(const DownloadStore &store, const HistoryStore &history)
+int recordInLibrary(const DownloadStore &store, const HistoryStore &history,
+                    InterruptSignal &interrupt)
 {
     const DownloadRecord &record = store.records().first();
     InstanceMessage::Saved saved{record, history.entries().first().title};
@@ -44,14 +64,14 @@ int recordInLibrary(const DownloadStore &store, const HistoryStore &history)
     if (saved.historyTitle == record.sourceURL)
         saved.historyTitle.clear();
     ProgressReport report(stderr);
-    const HandOver handOver = handOverSaved(saved, defaultLibraryFolder());
-    if (handOver.failure) {
+    const HandOver result = handOver(saved, interrupt);
+    if (result.failure) {
         report.line(u"The file is saved as “%1”, but it is not in the list of files: %2.%3"_s.arg(
-            record.filePath, *handOver.failure,
-            handOver.isPending ? u" The next start of Clipwren tries again."_s : u""_s));
+            record.filePath, *result.failure,
+            result.isPending ? u" The next start of Clipwren tries again."_s : u""_s));
         return SaveCommand::Failed;
     }
-    if (handOver.isPending)
+    if (result.isPending)
         report.line(u"The list of files is in use. The next start of Clipwren adds this one."_s);
     printPath(record.filePath);
     return SaveCommand::Saved;
@@ -96,7 +116,7 @@ int runSave(const QStringList &arguments)
     QObject::connect(&command, &SaveCommand::finished, &QCoreApplication::exit);
     QMetaObject::invokeMethod(&command, &SaveCommand::start, Qt::QueuedConnection);
     const int status = QCoreApplication::exec();
-    return store.records().isEmpty() ? status : recordInLibrary(store, history);
+    return store.records().isEmpty() ? status : recordInLibrary(store, history, interrupt);
 }
 
 } // namespace clipwren
