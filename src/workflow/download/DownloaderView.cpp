@@ -6,21 +6,14 @@
 #include "core/text/SingleLine.h"
 #include "core/ytdlp/DownloaderAge.h"
 #include "platform/desktop/Desktop.h"
-#include "platform/desktop/Preferences.h"
 #include "workflow/download/FetchErrorText.h"
-#include "workflow/download/FormatPromise.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace clipwren {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-const QString outputFormatKey = u"outputFormat"_s;
-// Far more than there is room for.
-constexpr qsizetype longestStatus = 500;
 
 /// URL classes write schemes in lower case, so the text is looked at as it was typed.
 bool isWebAddress(const QString &text)
@@ -34,7 +27,8 @@ bool isWebAddress(const QString &text)
 DownloaderView::DownloaderView(const Environment &environment,
                                std::function<void(QUuid)> onCompleted, QObject *parent)
     : QObject(parent), m_environment(environment), m_onCompleted(std::move(onCompleted)),
-      m_preview(environment.makePlayer), m_pipeline(environment.store, environment.history)
+      m_format(environment.preferences), m_preview(environment.makePlayer),
+      m_pipeline(environment.store, environment.history)
 {
     // A version that is read later may explain a failure.
     connect(&environment.tools, &ToolEnvironment::changed, this, &DownloaderView::changed);
@@ -165,7 +159,7 @@ void DownloaderView::lookupSucceeded(const QString &address,
     m_title.custom = m_title.original();
     if (m_info->title)
         m_info->title = m_title.original();
-    m_attempts = std::make_shared<DownloadAttempts>();
+    m_attempts = {};
     m_fetchLog = lookup.log;
     m_fetchStatus.clear();
     m_rangeIsOfThisVideo = m_info->duration.has_value();
@@ -310,44 +304,10 @@ void DownloaderView::resetCustomTitle()
     setCustomTitle(m_title.original());
 }
 
-QString DownloaderView::outputFormatRaw() const
-{
-    return m_environment.preferences.text(outputFormatKey)
-        .value_or(rawValue(OutputFormat::bestResolution));
-}
-
 void DownloaderView::setOutputFormatRaw(const QString &rawValue)
 {
-    m_environment.preferences.setText(outputFormatKey, rawValue);
+    m_format.setRawValue(rawValue);
     Q_EMIT changed();
-}
-
-OutputFormat DownloaderView::outputFormat() const
-{
-    return selectedOption().kind;
-}
-
-QList<FormatOption> DownloaderView::formatOptions() const
-{
-    return offeredFormats(m_info);
-}
-
-FormatOption DownloaderView::selectedOption() const
-{
-    const QList<FormatOption> options = formatOptions();
-    const OutputFormat stored = outputFormatFrom(outputFormatRaw());
-    const auto match = std::find_if(options.begin(), options.end(),
-                                    [&](const auto &option) { return option.kind == stored; });
-    return match != options.end() ? *match : options.first();
-}
-
-QString DownloaderView::filenamePreview() const
-{
-    const OutputFormat format = outputFormat();
-    const QString extension = format == OutputFormat::audioMP3 ? u"mp3"_s
-        : format == OutputFormat::proRes422                    ? u"mov"_s
-                                                               : u"mp4"_s;
-    return m_title.stem() + u" [<id>]."_s + extension;
 }
 
 void DownloaderView::setTrimEnabled(bool enabled)
@@ -378,7 +338,9 @@ void DownloaderView::start()
         return;
     m_phase = Phase::downloading;
     m_preview.unload();
-    m_pipeline.start(downloadJob());
+    const DownloadPipeline::Job job = downloadJob();
+    m_attempts.add(m_environment.downloadDirectory);
+    m_pipeline.start(job);
     Q_EMIT changed();
 }
 
@@ -398,7 +360,7 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
     job.download.customTitle = m_title.override();
     job.download.info = m_info;
     job.download.records = m_environment.store.records();
-    job.download.attempts = m_attempts;
+    job.download.earlier = m_attempts;
     job.trimToApply = [this, format = job.download.format] { return trimToApply(format); };
     return job;
 }

@@ -6,6 +6,8 @@
 #include "platform/media/MediaPlayer.h"
 #include "workflow/download/DownloadPipeline.h"
 #include "workflow/download/FileTitle.h"
+#include "workflow/download/FormatChoice.h"
+#include "workflow/download/FormatPromise.h"
 #include "workflow/download/PendingFetch.h"
 #include "workflow/download/Phase.h"
 #include "workflow/preview/PreviewPlayerController.h"
@@ -18,7 +20,6 @@
 
 #include <chrono>
 #include <functional>
-#include <memory>
 #include <optional>
 
 namespace clipwren {
@@ -105,16 +106,16 @@ public:
     void setCustomTitle(const QString &title);
     void resetCustomTitle();
     /// The stored raw value of the output format, whatever it is.
-    QString outputFormatRaw() const;
+    QString outputFormatRaw() const { return m_format.rawValue(); }
     void setOutputFormatRaw(const QString &rawValue);
     /// Of the selected option: what the download gives.
-    OutputFormat outputFormat() const;
+    OutputFormat outputFormat() const { return selectedOption().kind; }
     /// What the video can be saved as, in the order to show it.
-    QList<FormatOption> formatOptions() const;
+    QList<FormatOption> formatOptions() const { return offeredFormats(m_info); }
     /// The stored format where this video offers it, else the first.
-    FormatOption selectedOption() const;
+    FormatOption selectedOption() const { return m_format.selected(m_info); }
     /// The name that the file will get, with a placeholder for the video's identifier.
-    QString filenamePreview() const;
+    QString filenamePreview() const { return m_title.fileName(outputFormat()); }
 
     // The range to keep, in seconds.
     bool trimEnabled() const { return m_trimEnabled; }
@@ -173,7 +174,7 @@ private:
     QString m_urlText;
     std::optional<VideoInfo> m_info; ///< its title in one line
     QString m_infoAddress; ///< of the video that `m_info` tells about
-    std::shared_ptr<DownloadAttempts> m_attempts; ///< to download what was looked up
+    DownloadAttempts m_attempts; ///< at the video that was looked up
     Phase m_phase = Phase::input;
     std::optional<QString> m_fetchError;
     bool m_lookupFailed = false; // after it had begun
@@ -181,6 +182,7 @@ private:
     QString m_fetchLog;
     QString m_lastAttemptedURL;
     FileTitle m_title;
+    FormatChoice m_format;
     PreviewPlayerController m_preview;
     std::optional<QUrl> m_previewURL;
     bool m_showLogs = false;

@@ -23,10 +23,15 @@ std::optional<QString> FileTitle::override() const
     return title.isEmpty() || title == site ? std::nullopt : std::optional(title);
 }
 
-QString FileTitle::stem() const
+QString FileTitle::fileName(OutputFormat format) const
 {
     const auto title = override();
-    return title ? fileStem(*title) : siteFileStem(site.value_or(QStringLiteral("Untitled")));
+    const QString stem =
+        title ? fileStem(*title) : siteFileStem(site.value_or(QStringLiteral("Untitled")));
+    const QString extension = format == OutputFormat::audioMP3 ? QStringLiteral("mp3")
+        : format == OutputFormat::proRes422                    ? QStringLiteral("mov")
+                                                               : QStringLiteral("mp4");
+    return stem + QStringLiteral(" [<id>].") + extension;
 }
 
 } // namespace clipwren

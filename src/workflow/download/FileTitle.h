@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/formats/OutputFormat.h"
+
 #include <QString>
 
 #include <optional>
@@ -17,8 +19,8 @@ struct FileTitle {
     QString effective() const;
     /// What the tool is told, where it is not to name the file by what the site says.
     std::optional<QString> override() const;
-    /// What stands before " [id]" in the file's name.
-    QString stem() const;
+    /// The name that the file will get, with a placeholder for the video's identifier.
+    QString fileName(OutputFormat format) const;
 };
 
 } // namespace clipwren

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 #include <cmath>
@@ -16,6 +17,13 @@ namespace clipwren {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// Tells a file that was left alone from one that was written again.
+struct FileIdentity {
+    quint64 number;
+    qint64 changedMilliseconds; ///< since 1970; a change of the file's name or owner counts, too
+    bool operator==(const FileIdentity &) const = default;
+};
 
 std::optional<FileIdentity> identityOf(const QString &path)
 {
@@ -79,13 +87,30 @@ bool hasItsContainer(const QString &filePath, const MediaInspection &file)
     });
 }
 
+// Sites round, and sound may be a little longer than the picture.
+constexpr double toleranceSeconds = 1.5;
+
+/// Of what the site says of the length; negative for a file that is longer.
+std::optional<double> missingSeconds(const MediaInspection &file,
+                                     const std::optional<VideoInfo> &info)
+{
+    const std::optional<double> duration = info ? info->duration : std::nullopt;
+    return duration && file.duration ? std::optional(*duration - *file.duration) : std::nullopt;
+}
+
 } // namespace
+
+void DownloadAttempts::add(const QString &directory)
+{
+    if (filesBefore)
+        return;
+    const QStringList names = QDir(directory).entryList(QDir::Files);
+    filesBefore.emplace(names.begin(), names.end());
+}
 
 PromisedDownload::Result PromisedDownload::run(const YtDlpService::ProgressHandler &onProgress,
                                                const std::stop_token &stop) const
 {
-    if (!attempts->filesBefore)
-        attempts->filesBefore = filesIn(outputDirectory);
     const auto inspected = [&](const QString &path) -> std::optional<MediaInspection> {
         try {
             return inspector.inspect(path, stop);
@@ -106,7 +131,7 @@ PromisedDownload::Result PromisedDownload::run(const YtDlpService::ProgressHandl
     const auto file = inspected(first.filePath);
     if (fits(first.filePath, file))
         return first;
-    if (isLeftover(first.filePath) && !(file && isWhole(first.filePath, *file))) {
+    if (isLeftover(first.filePath, file)) {
         QFile::remove(first.filePath);
         return downloadAs(customTitle, onProgress, stop);
     }
@@ -133,43 +158,42 @@ PromisedDownload::downloadAs(const std::optional<QString> &title,
     const QHash<QString, FileIdentity> before = filesIn(outputDirectory);
     const QString path = downloader.download(
         address, outputDirectory, requestedFormat(format, info), title, onProgress, stop);
-    const auto identity = identityOf(path);
-    const auto earlier = before.constFind(QFileInfo(path).fileName());
-    if (earlier != before.constEnd() && identity == *earlier)
-        return {path, true};
-    if (identity)
-        attempts->finished.insert(path, *identity);
-    return {path, false};
-}
-
-/// It has the very name of this download, and came while an attempt before this one ran.
-bool PromisedDownload::isLeftover(const QString &filePath) const
-{
-    return !attempts->filesBefore->contains(QFileInfo(filePath).fileName());
+    const auto found = before.constFind(QFileInfo(path).fileName());
+    return {path, found != before.constEnd() && identityOf(path) == *found};
 }
 
 /// A conversion that was interrupted leaves a file that is only shorter.
 bool PromisedDownload::isWhole(const QString &filePath, const MediaInspection &file) const
 {
-    // Sites round, and sound may be a little longer than the picture.
-    constexpr double toleranceSeconds = 1.5;
     if (!hasItsContainer(filePath, file))
         return false;
-    if (isFinishedByUs(filePath))
+    if (isRecorded(filePath))
         return true;
-    const std::optional<double> duration = info ? info->duration : std::nullopt;
-    return duration && file.duration && std::abs(*file.duration - *duration) <= toleranceSeconds;
+    const std::optional<double> missing = missingSeconds(file, info);
+    return missing && std::abs(*missing) <= toleranceSeconds;
+}
+
+/// Has the very name of this download, came while an earlier attempt ran, and cannot be whole. No
+/// file is taken for that which may be another's: whose end is not known to be missing, or which
+/// was written while we waited for our turn.
+bool PromisedDownload::isLeftover(const QString &filePath,
+                                  const std::optional<MediaInspection> &file) const
+{
+    const auto identity = identityOf(filePath);
+    if (!identity || identity->changedMilliseconds > begun.toMSecsSinceEpoch()
+        || !earlier.filesBefore || earlier.filesBefore->contains(QFileInfo(filePath).fileName())
+        || isRecorded(filePath))
+        return false;
+    return !file || !hasItsContainer(filePath, *file)
+        || missingSeconds(*file, info).value_or(0) > toleranceSeconds;
 }
 
 /// A record is written when its file is whole, so a file that was changed later is not it.
-bool PromisedDownload::isFinishedByUs(const QString &filePath) const
+bool PromisedDownload::isRecorded(const QString &filePath) const
 {
     const auto identity = identityOf(filePath);
     if (!identity)
         return false;
-    const auto finished = attempts->finished.constFind(filePath);
-    if (finished != attempts->finished.constEnd() && *finished == *identity)
-        return true;
     // The list's file holds whole seconds.
     return std::any_of(records.begin(), records.end(), [&](const DownloadRecord &record) {
         return record.filePath == filePath

@@ -6,30 +6,24 @@
 #include "core/ytdlp/VideoInfo.h"
 #include "core/ytdlp/YtDlpService.h"
 
-#include <QHash>
+#include <QDateTime>
 #include <QList>
+#include <QSet>
 #include <QString>
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <stop_token>
 
 namespace clipwren {
 
-/// Tells a file that was left alone from one that was written again.
-struct FileIdentity {
-    quint64 number;
-    qint64 changedMilliseconds; ///< since 1970; a change of the file's name or owner counts, too
-    bool operator==(const FileIdentity &) const = default;
-};
-
-/// What the attempts to download one video left, so that the next attempt knows it. They come one
-/// after the other.
+/// The attempts to download one video that were before, and failed or were cancelled.
 struct DownloadAttempts {
-    /// The names in the folder before the first attempt.
-    std::optional<QHash<QString, FileIdentity>> filesBefore;
-    QHash<QString, FileIdentity> finished; ///< by path
+    /// Names in the downloads folder before the first of them; absent when there was none.
+    std::optional<QSet<QString>> filesBefore = std::nullopt;
+
+    /// Another attempt is about to begin.
+    void add(const QString &directory);
 };
 
 /// A download that gives what the chosen format promises.
@@ -45,10 +39,11 @@ struct PromisedDownload {
     QString address;
     QString outputDirectory;
     OutputFormat format = OutputFormat::bestResolution;
-    std::optional<QString> customTitle;
-    std::optional<VideoInfo> info;
-    QList<DownloadRecord> records; ///< of the files that were saved before
-    std::shared_ptr<DownloadAttempts> attempts = std::make_shared<DownloadAttempts>();
+    std::optional<QString> customTitle = std::nullopt;
+    std::optional<VideoInfo> info = std::nullopt;
+    QList<DownloadRecord> records = {}; ///< of the files that were saved before
+    DownloadAttempts earlier = {};
+    QDateTime begun = QDateTime::currentDateTimeUtc(); ///< when the user asked for it
 
     struct Result {
         QString filePath;
@@ -62,9 +57,9 @@ private:
     Result downloadAs(const std::optional<QString> &title,
                       const YtDlpService::ProgressHandler &onProgress,
                       const std::stop_token &stop) const;
-    bool isLeftover(const QString &filePath) const;
     bool isWhole(const QString &filePath, const MediaInspection &file) const;
-    bool isFinishedByUs(const QString &filePath) const;
+    bool isLeftover(const QString &filePath, const std::optional<MediaInspection> &file) const;
+    bool isRecorded(const QString &filePath) const;
 };
 
 } // namespace clipwren

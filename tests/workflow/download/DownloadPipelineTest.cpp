@@ -359,5 +359,24 @@ TEST_F(DownloadPipelineTest, WhatACancelledDownloadLeftMakesRoomForTheNext)
     EXPECT_EQ(saved.readAll(), "old\n");
 }
 
+TEST_F(DownloadPipelineTest, WhatCameWhileADownloadWaitedIsNotItsOwn)
+{
+    makeReady();
+    view->setOutputFormatRaw(u"audioMP3"_s);
+    download();
+    fake.onProbe({}, 0, u"mp3"_s, 7.5);
+    const ToolEnvironment &tools = *fake.toolEnvironment;
+    PromisedDownload second{.downloader = {*tools.ytDlpPath(), *tools.ffmpegPath()},
+                            .inspector = {*tools.ffmpegPath(), *tools.ffprobePath()},
+                            .address = address,
+                            .outputDirectory = fake.downloadFolder(),
+                            .format = OutputFormat::audioMP3,
+                            .info = view->info(),
+                            .earlier = {.filesBefore = QSet<QString>()}};
+    second.begun = second.begun.addSecs(-60);
+    EXPECT_EQ(QFileInfo(second.run({}, {}).filePath).fileName(), u"Talk 2 [id1].mp3"_s);
+    EXPECT_EQ(files(), (QStringList{u"Talk 2 [id1].mp3"_s, u"Talk [id1].mp3"_s}));
+}
+
 } // namespace
 } // namespace clipwren::test
