@@ -1,5 +1,6 @@
 #include "workflow/download/PromisedDownload.h"
 
+#include "core/process/ProcessRunner.h"
 #include "core/ytdlp/DownloadArguments.h"
 #include "workflow/download/FormatPromise.h"
 
@@ -159,7 +160,28 @@ PromisedDownload::downloadAs(const std::optional<QString> &title,
     const QString path = downloader.download(
         address, outputDirectory, requestedFormat(format, info), title, onProgress, stop);
     const auto found = before.constFind(QFileInfo(path).fileName());
-    return {path, found != before.constEnd() && identityOf(path) == *found};
+    if (found != before.constEnd() && identityOf(path) == *found)
+        return {path, true};
+    checkThatItPlays(path, stop);
+    return {path, false};
+}
+
+/// Where the disk is full at the very end, ffmpeg and so the tool report success all the same.
+void PromisedDownload::checkThatItPlays(const QString &filePath, const std::stop_token &stop) const
+{
+    if (!QFileInfo::exists(filePath))
+        return;
+    try {
+        inspector.inspect(filePath, stop);
+    } catch (const ProcessRunner::ProcessError &failure) {
+        if (stop.stop_requested())
+            throw CancellationError();
+        const QString sentence =
+            u"The downloaded file does not play; the disk may have been full: “%1”"_s.arg(filePath);
+        throw Error(sentence, sentence, failure.toolLog());
+    } catch (const std::exception &) {
+        // An inspection that fails for another reason says nothing about the file.
+    }
 }
 
 /// A conversion that was interrupted leaves a file that is only shorter.

@@ -50,13 +50,15 @@ struct PromisedDownload {
         bool wasThereBefore = false; ///< the download found the file complete and left it alone
     };
 
-    /// Blocks. Throws what `YtDlpService::download` throws.
+    /// Blocks. Throws what `YtDlpService::download` throws, and `Error` for a new file that does
+    /// not play.
     Result run(const YtDlpService::ProgressHandler &onProgress, const std::stop_token &stop) const;
 
 private:
     Result downloadAs(const std::optional<QString> &title,
                       const YtDlpService::ProgressHandler &onProgress,
                       const std::stop_token &stop) const;
+    void checkThatItPlays(const QString &filePath, const std::stop_token &stop) const;
     bool isWhole(const QString &filePath, const MediaInspection &file) const;
     bool isLeftover(const QString &filePath, const std::optional<MediaInspection> &file) const;
     bool isRecorded(const QString &filePath) const;

@@ -246,6 +246,13 @@ TEST_F(DownloadPipelineTest, KeepsALogOfEveryFailure)
         EXPECT_EQ(view->shownLog().tool, tool);
         EXPECT_EQ(view->shownLog().text, log);
     }
+    fake.onDownload(FakeDownloader::defaultDownload());
+    fake.tools.add(u"ffprobe"_s, u"echo 'moov atom not found' >&2; exit 1"_s);
+    view->start();
+    ASSERT_TRUE(reaches(*view, Phase::ready));
+    EXPECT_TRUE(view->errorMessage()->startsWith(u"The downloaded file does not play"));
+    EXPECT_EQ(view->errorLog()->text, u"moov atom not found\n"_s);
+    EXPECT_TRUE(fake.store.records().isEmpty());
     // No tool was at work.
     QDir(fake.downloadFolder()).removeRecursively();
     QFile folder(fake.downloadFolder());
