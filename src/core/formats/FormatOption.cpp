@@ -61,7 +61,7 @@ bool isH264Video(const VideoFormat &format)
 
 bool isM4aAudio(const VideoFormat &format)
 {
-    return carriesAudio(format) && !carriesVideo(format) && format.ext == u"m4a";
+    return namesCodec(format.acodec) && !carriesVideo(format) && format.ext == u"m4a";
 }
 
 qint64 heightOf(const VideoFormat &format)
@@ -180,11 +180,6 @@ QList<FormatOption> FormatOption::options(const std::optional<VideoInfo> &info)
 bool carriesVideo(const VideoFormat &format)
 {
     return namesCodec(format.vcodec);
-}
-
-bool carriesAudio(const VideoFormat &format)
-{
-    return namesCodec(format.acodec);
 }
 
 CompatLevel compatLevel(const QString &codec)

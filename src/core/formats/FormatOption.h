@@ -27,9 +27,8 @@ struct FormatOption {
     bool operator==(const FormatOption &) const = default;
 };
 
-/// False for "none", and for a codec that the site does not name.
+/// False where the codec is "none" or not named.
 bool carriesVideo(const VideoFormat &format);
-bool carriesAudio(const VideoFormat &format);
 
 /// Of a codec's name as the site or ffprobe writes it; an empty one needs another player. Takes
 /// more prefixes for H.264 than `prettyCodecName`.

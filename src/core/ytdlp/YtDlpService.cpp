@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QTextBoundaryFinder>
 
+#include <algorithm>
 #include <condition_variable>
 #include <filesystem>
 #include <thread>
@@ -195,7 +196,7 @@ QString YtDlpService::download(const QString &url, const QString &outputDirector
             else if (const auto progress = DownloadProgress::fromLine(line); progress && onProgress)
                 onProgress(progress->fraction, progress->status);
             else if (log.size() < maximumLog)
-                log += line.toString() + u'\n';
+                log += line.first(std::min(line.size(), maximumLog)).toString() + u'\n';
         },
         stop);
     if (finalPath.isEmpty()) {
