@@ -14,8 +14,8 @@
 #include <QComboBox>
 #include <QDropEvent>
 #include <QFile>
-#include <QLabel>
 #include <QFocusFrame>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QScreen>
