@@ -124,7 +124,7 @@ TEST_F(WindowProgramTest, saysWhenTheListCannotBeWritten)
         EXPECT_LT(clock.elapsed(), 25'000) << "nobody is waited for";
         EXPECT_EQ(saving->readAllStandardOutput(), "");
         const std::string said = saving->readAllStandardError().toStdString();
-        EXPECT_THAT(said, HasSubstr("The file is saved as " + downloadsFolder().toStdString()));
+        EXPECT_THAT(said, HasSubstr("The file is saved as “" + downloadsFolder().toStdString()));
         EXPECT_THAT(said, HasSubstr(part));
     };
     ASSERT_TRUE(QFile(dataFolder()).open(QIODevice::WriteOnly));

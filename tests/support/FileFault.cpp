@@ -10,6 +10,7 @@
 #include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <thread>
 #include <type_traits>
 #include <unistd.h>
@@ -187,6 +188,22 @@ int lstat(const char *path, struct stat *result) noexcept
 int fstat(int file, struct stat *result) noexcept
 {
     return callOrFail<int>("fstat", file, file, result);
+}
+
+ssize_t lgetxattr(const char *path, const char *name, void *value, size_t size) noexcept
+{
+    return callOrFail<ssize_t>("lgetxattr", path, path, name, value, size);
+}
+
+int lsetxattr(const char *path, const char *name, const void *value, size_t size,
+              int flags) noexcept
+{
+    return callOrFail<int>("lsetxattr", path, path, name, value, size, flags);
+}
+
+int lremovexattr(const char *path, const char *name) noexcept
+{
+    return callOrFail<int>("lremovexattr", path, path, name);
 }
 
 } // extern "C"

@@ -3,6 +3,7 @@
 #include "core/Error.h"
 #include "core/library/DownloadStore.h"
 #include "core/library/HistoryStore.h"
+#include "workflow/download/LeftDownload.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -46,6 +47,13 @@ QString sentenceFor(const std::exception &failure, const QString &folder)
     return summary;
 }
 
+/// One video has several addresses, and one page.
+QString videoOf(const PromisedDownload &download)
+{
+    const QString page = download.info ? download.info->webpage_url.value_or(QString()) : QString();
+    return page.isEmpty() ? download.address : page;
+}
+
 } // namespace
 
 DownloadPipeline::DownloadPipeline(DownloadStore &store, HistoryStore &history)
@@ -66,20 +74,27 @@ void DownloadPipeline::start(const Job &job)
         [this, download = job.download, purpose = job.shownFormat + u'\n' + job.effectiveTitle](
             const std::stop_token &stop, const BackgroundTask::Post &post) {
             const auto lock = takeLock(download, post, stop);
-            if (const auto path = lock->downloadFor(purpose))
-                return Downloaded{*path, lock};
+            const QString video = videoOf(download);
+            QStringList left = LeftDownload::find(download.outputDirectory, video);
+            for (const QString &path : left) {
+                if (LeftDownload::isLeftFor(path, video, purpose))
+                    return Downloaded{path, lock, left};
+            }
             const auto onProgress = [this, &post](double fraction, const QString &status) {
                 post([this, fraction, status] { setProgress(fraction, status); });
             };
             const PromisedDownload::Result file = download.run(onProgress, stop);
             checkReported(file.filePath, download.outputDirectory);
             // What was there before belongs to the user, whether or not a record still names it.
-            if (!file.wasThereBefore)
-                lock->addDownload(file.filePath, purpose);
-            return Downloaded{file.filePath, lock};
+            if (!file.wasThereBefore) {
+                LeftDownload::mark(file.filePath, video, purpose);
+                left.append(file.filePath);
+            }
+            return Downloaded{file.filePath, lock, left};
         },
         [this](const Downloaded &downloaded) {
             m_lock = downloaded.lock;
+            m_left = downloaded.left;
             decide(downloaded.filePath);
         },
         [this](const std::exception_ptr &error) { fail(error); });
@@ -89,8 +104,6 @@ std::shared_ptr<VideoLock> DownloadPipeline::takeLock(const PromisedDownload &do
                                                       const BackgroundTask::Post &post,
                                                       const std::stop_token &stop)
 {
-    // One video has several addresses.
-    const QString page = download.info ? download.info->webpage_url.value_or(QString()) : QString();
     bool waited = false;
     const auto onWait = [&] {
         waited = true;
@@ -98,8 +111,7 @@ std::shared_ptr<VideoLock> DownloadPipeline::takeLock(const PromisedDownload &do
             setStage(u"Waiting"_s, u"Another Clipwren is saving this video. Waiting…"_s);
         });
     };
-    auto lock = VideoLock::take(download.outputDirectory, page.isEmpty() ? download.address : page,
-                                onWait, stop);
+    auto lock = VideoLock::take(download.outputDirectory, videoOf(download), onWait, stop);
     if (waited)
         post([this] { setStage(downloading, starting); });
     return lock;
@@ -189,11 +201,16 @@ bool DownloadPipeline::isRecorded(const QString &filePath) const
 }
 
 /// The download, and what earlier attempts left of the video.
-void DownloadPipeline::removeIntermediates()
+void DownloadPipeline::removeIntermediates(const QString &finalPath)
 {
-    for (const QString &path : m_lock->downloads()) {
-        if (isRecorded(path) || QFile::remove(path))
-            m_lock->forgetDownload(path);
+    for (const QString &path : m_left) {
+        // The tool may spell the same path otherwise.
+        if (QFileInfo(path) == QFileInfo(finalPath))
+            continue;
+        if (isRecorded(path))
+            LeftDownload::unmark(path);
+        else
+            QFile::remove(path);
     }
 }
 
@@ -215,8 +232,10 @@ void DownloadPipeline::record(const QString &filePath, const std::optional<TrimR
         record.trimStart = trim->start;
         record.trimEnd = trim->end;
     }
+    // Before it is the user's.
+    LeftDownload::unmark(filePath);
     m_store.add(record);
-    removeIntermediates();
+    removeIntermediates(filePath);
     m_history.recordDownload(record.sourceURL, title, record.thumbnailURL, record.durationSeconds);
     m_progress = 1;
     m_status.clear();

@@ -77,6 +77,7 @@ private:
     struct Downloaded {
         QString filePath;
         std::shared_ptr<VideoLock> lock;
+        QStringList left; ///< this and what earlier attempts left, unless it is the user's
     };
 
     /// Waits for it. On the thread of the work.
@@ -88,7 +89,7 @@ private:
                  const std::optional<TrimRange> &trim);
     QList<DownloadRecord> otherRecords() const;
     bool isRecorded(const QString &filePath) const;
-    void removeIntermediates();
+    void removeIntermediates(const QString &finalPath);
     void record(const QString &filePath, const std::optional<TrimRange> &trim);
     void fail(const std::exception_ptr &error);
     void setStage(const QString &heading, const QString &status);
@@ -104,6 +105,7 @@ private:
     std::optional<ToolLog> m_errorLog;
     bool m_cancelled = false;
     std::shared_ptr<VideoLock> m_lock; ///< until the record is where it belongs
+    QStringList m_left;
     BackgroundTask m_step;
 };
 

@@ -1,6 +1,7 @@
 #include "workflow/download/Conversion.h"
 
 #include "workflow/download/DownloaderFixture.h"
+#include "workflow/download/LeftDownload.h"
 
 #include <QFileInfo>
 
@@ -98,6 +99,14 @@ TEST_F(ConversionTest, TriesAgainWithWhatItLeft)
          TrimRange{1, 5},
          1,
          {clip, left}},
+        {"renamed by the user",
+         [&] {
+             QFile::rename(fake.downloadFolder() + u'/' + left,
+                           fake.downloadFolder() + u"/Mine.mp4"_s);
+         },
+         TrimRange{1, 5},
+         1,
+         {u"Mine.mp4"_s, clip}},
         {"removed by the user",
          [&] { QFile::remove(fake.downloadFolder() + u'/' + left); },
          TrimRange{1, 5},
@@ -127,7 +136,8 @@ TEST_F(ConversionTest, TriesAgainWithWhatItLeft)
         ASSERT_TRUE(reaches(*view, Phase::processing));
         view->cancelDownload();
         ASSERT_TRUE(reaches(*view, Phase::ready));
-        EXPECT_EQ(files(), QStringList{left});
+        EXPECT_EQ(QDir(fake.downloadFolder()).entryList(QDir::Files | QDir::Hidden),
+                  QStringList{left});
 
         c.meanwhile();
         QFile::remove(runs);
@@ -135,10 +145,10 @@ TEST_F(ConversionTest, TriesAgainWithWhatItLeft)
         download(c.trim);
         EXPECT_EQ(QFileInfo(runs).size(), c.downloads);
         EXPECT_EQ(files(), c.files);
-        // Nothing is remembered any more.
+        // The user's files are no more ours, and no other file is left.
         view->resetAll();
-        EXPECT_EQ(QDir(fake.downloadFolder()).entryList({u".*"_s}, QDir::Files | QDir::Hidden),
-                  QStringList());
+        EXPECT_EQ(QDir(fake.downloadFolder()).entryList(QDir::Files | QDir::Hidden), c.files);
+        EXPECT_EQ(LeftDownload::find(fake.downloadFolder(), address), QStringList());
     }
 }
 
