@@ -64,6 +64,7 @@ DownloadPipeline::DownloadPipeline(DownloadStore &store, HistoryStore &history)
 void DownloadPipeline::start(const Job &job)
 {
     m_job = job;
+    m_job.download.records = m_store.records() + otherRecords();
     m_cancelled = false;
     dismissErrorMessage();
     m_progress = 0;
@@ -71,7 +72,7 @@ void DownloadPipeline::start(const Job &job)
     m_heading = downloading;
     m_lock.reset();
     m_step = BackgroundTask::start(
-        [this, download = job.download, purpose = job.shownFormat + u'\n' + job.effectiveTitle](
+        [this, download = m_job.download, purpose = job.shownFormat + u'\n' + job.effectiveTitle](
             const std::stop_token &stop, const BackgroundTask::Post &post) {
             const auto lock = takeLock(download, post, stop);
             const QString video = videoOf(download);

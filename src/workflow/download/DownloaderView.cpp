@@ -1,6 +1,5 @@
 #include "workflow/download/DownloaderView.h"
 
-#include "core/library/DownloadStore.h"
 #include "core/process/ToolEnvironment.h"
 #include "core/text/BoundedText.h"
 #include "core/text/SingleLine.h"
@@ -359,7 +358,6 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
     job.download.format = outputFormat();
     job.download.customTitle = m_title.override();
     job.download.info = m_info;
-    job.download.records = m_environment.store.records();
     job.download.earlier = m_attempts;
     job.trimToApply = [this, format = job.download.format] { return trimToApply(format); };
     return job;
@@ -381,11 +379,6 @@ void DownloaderView::downloadRecorded(const QUuid &recordId)
     m_environment.desktop.playCompletionSound();
     if (m_onCompleted)
         m_onCompleted(recordId);
-}
-
-void DownloaderView::cancelDownload()
-{
-    m_pipeline.cancel();
 }
 
 void DownloaderView::showErrorLog()

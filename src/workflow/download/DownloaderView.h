@@ -140,7 +140,7 @@ public:
     // The download.
     /// Starts it when the phase is `ready` and the tools are there, otherwise does nothing.
     void start();
-    void cancelDownload();
+    void cancelDownload() { m_pipeline.cancel(); }
     double downloadProgress() const { return m_pipeline.progress(); }
     QString downloadStatus() const { return m_pipeline.status(); }
     QString phaseLabel() const { return m_pipeline.heading(); }

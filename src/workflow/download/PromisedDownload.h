@@ -41,7 +41,7 @@ struct PromisedDownload {
     OutputFormat format = OutputFormat::bestResolution;
     std::optional<QString> customTitle = std::nullopt;
     std::optional<VideoInfo> info = std::nullopt;
-    QList<DownloadRecord> records = {}; ///< of the files that were saved before
+    QList<DownloadRecord> records = {}; ///< of the files that were saved before, of any video
     DownloadAttempts earlier = {};
     QDateTime begun = QDateTime::currentDateTimeUtc(); ///< when the user asked for it
 

@@ -19,12 +19,13 @@ using testing::Not;
 class SaveCommandTest : public testing::Test {
 protected:
     /// Runs the command to its end, and keeps what it wrote on standard error.
-    int run()
+    int run() { return run(fake.environment()); }
+    int run(const DownloaderView::Environment &environment)
     {
         testing::internal::CaptureStderr();
         SaveArguments arguments;
         arguments.address = u"https://site.example/watch?v=1"_s;
-        SaveCommand command(arguments, fake.environment());
+        SaveCommand command(arguments, environment);
         QSignalSpy finished(&command, &SaveCommand::finished);
         command.start();
         const bool ended = !finished.isEmpty() || finished.wait(10'000);
@@ -50,6 +51,19 @@ TEST_F(SaveCommandTest, EndsWithASentenceWhenItsToolIsStopped)
     fake.onDownload(u"kill -KILL $$"_s);
     EXPECT_EQ(run(), SaveCommand::Failed);
     EXPECT_THAT(standardError, HasSubstr("The tool was stopped before it had finished."));
+}
+
+TEST_F(SaveCommandTest, KnowsAFileThatTheUsersLibraryRecords)
+{
+    // Without a length, nothing else tells that the file is whole.
+    fake.onLookup(u"echo '{}'"_s);
+    EXPECT_EQ(run(), SaveCommand::Saved);
+    const DownloadRecord saved = fake.store.records().value(0);
+    fake.store.clear();
+    auto environment = fake.environment();
+    environment.otherRecords = [&] { return QList{saved}; };
+    EXPECT_EQ(run(environment), SaveCommand::Saved);
+    EXPECT_EQ(fake.store.records().value(0).filePath, saved.filePath);
 }
 
 TEST_F(SaveCommandTest, ShowsWhatDecidedInTheLogOfALookUpThatFailed)
