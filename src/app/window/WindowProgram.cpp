@@ -67,6 +67,8 @@ int runWindow(const QString &address)
     DesktopAppearance appearance;
     theme.follow(appearance);
 
+    // Once the server listens, whoever reached it may end us.
+    InterruptSignal interrupt;
     DownloadStore store;
     HistoryStore history;
     if (claim.outcome == Outcome::Held)
@@ -92,7 +94,6 @@ int runWindow(const QString &address)
             return !message.saved || !applySaved(*message.saved, store, history);
         });
     }
-    InterruptSignal interrupt;
     QObject::connect(&interrupt, &InterruptSignal::interrupted, &window, &MainWindow::close);
     window.show();
     // The tools take longer to start than the window, and would do so at its expense.
