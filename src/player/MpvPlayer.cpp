@@ -29,17 +29,6 @@ constexpr double endToleranceSeconds = 0.1;
 constexpr double framesAhead = 4;
 constexpr double usualFramesPerSecond = 25;
 
-bool isPlayable(const QUrl &url)
-{
-    const QString scheme = url.scheme();
-    return url.isLocalFile() || scheme == u"http" || scheme == u"https";
-}
-
-QByteArray addressOf(const QUrl &url)
-{
-    return url.isLocalFile() ? url.toLocalFile().toUtf8() : url.toEncoded();
-}
-
 } // namespace
 
 MpvPlayer::MpvPlayer(MpvLog &log, const PlayerOptions &options)
@@ -65,7 +54,8 @@ MpvPlayer::~MpvPlayer()
 
 void MpvPlayer::load(const QUrl &url)
 {
-    if (!isPlayable(url)) {
+    const auto address = mpvAddress(url);
+    if (!address) {
         m_url = url;
         fail(QStringLiteral("Videos cannot be played from this kind of address."));
         return;
@@ -79,7 +69,7 @@ void MpvPlayer::load(const QUrl &url)
     m_mpv.setProperty(0, "access-references", yesNo(!url.isLocalFile()));
     if (!url.isLocalFile())
         m_loadTimeout.start();
-    m_mpv.command(replyId(Request::Load, m_loadNumber), {"loadfile", addressOf(url), "replace"});
+    m_mpv.command(replyId(Request::Load, m_loadNumber), {"loadfile", *address, "replace"});
     const QPointer guard(this);
     m_seeks.close();
     if (guard)
@@ -88,10 +78,8 @@ void MpvPlayer::load(const QUrl &url)
 
 void MpvPlayer::onQueueEmpty()
 {
-    const auto error = std::exchange(m_endedWith, std::nullopt);
-    if (!error)
-        return;
-    fail(playbackFailure(*error, m_errorLog + m_log.linesSince(m_logStart)));
+    if (const auto error = std::exchange(m_endedWith, std::nullopt))
+        fail(playbackFailure(*error, m_errorLog + m_log.linesSince(m_logStart)));
 }
 
 // mpv's own limit is for one answer, of which a stream may need many.
@@ -280,7 +268,8 @@ void MpvPlayer::handle(const mpv_event &event)
         onLog(*static_cast<const mpv_event_log_message *>(event.data));
         break;
     case MPV_EVENT_START_FILE:
-        onStart(*static_cast<const mpv_event_start_file *>(event.data));
+        m_atEntry =
+            m_entry == static_cast<const mpv_event_start_file *>(event.data)->playlist_entry_id;
         break;
     case MPV_EVENT_END_FILE:
         onEnd(*static_cast<const mpv_event_end_file *>(event.data));
@@ -358,11 +347,6 @@ void MpvPlayer::onLog(const mpv_event_log_message &message)
 {
     if (m_errorLog.size() < keptLogLines)
         m_errorLog << logLine(message);
-}
-
-void MpvPlayer::onStart(const mpv_event_start_file &start)
-{
-    m_atEntry = m_entry == start.playlist_entry_id;
 }
 
 void MpvPlayer::onEnd(const mpv_event_end_file &end)

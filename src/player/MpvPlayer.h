@@ -66,7 +66,6 @@ private:
     void handle(const mpv_event &event);
     void onReply(const mpv_event &event);
     void onLog(const mpv_event_log_message &message);
-    void onStart(const mpv_event_start_file &start);
     void onEnd(const mpv_event_end_file &end);
     void onQueueEmpty();
     void onLoadTimeout();

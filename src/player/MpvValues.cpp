@@ -14,6 +14,15 @@ QByteArray yesNo(bool value)
     return value ? QByteArrayLiteral("yes") : QByteArrayLiteral("no");
 }
 
+std::optional<QByteArray> mpvAddress(const QUrl &url)
+{
+    if (url.isLocalFile())
+        return url.toLocalFile().toUtf8();
+    if (url.scheme() == u"http" || url.scheme() == u"https")
+        return url.toEncoded();
+    return {};
+}
+
 std::optional<qint64> playlistEntry(const mpv_node &commandResult)
 {
     if (commandResult.format != MPV_FORMAT_NODE_MAP)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QUrl>
 
 #include <mpv/client.h>
 #include <optional>
@@ -12,6 +13,8 @@ namespace clipwren {
 /// With six decimals, and a point in every language.
 QByteArray seconds(double value);
 QByteArray yesNo(bool value);
+/// A local file's path or an http(s) address; nothing for any other kind of address.
+std::optional<QByteArray> mpvAddress(const QUrl &url);
 
 // How they are read. Properties come without a value while there is none.
 
