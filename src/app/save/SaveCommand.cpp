@@ -1,38 +1,17 @@
 #include "app/save/SaveCommand.h"
 
 #include "core/process/ToolEnvironment.h"
+#include "core/text/DecisiveLine.h"
 #include "core/text/Duration.h"
 
-#include <QRegularExpression>
 #include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
 
 namespace clipwren {
-namespace {
 
 using namespace Qt::StringLiterals;
-
-/// What tells in a tool's log why it failed: its errors, where it names none the last it said.
-/// Leaves out what `sentence` says already.
-QStringList decisiveLines(const QString &log, const QString &sentence)
-{
-    constexpr qsizetype most = 5;
-    QStringList lines;
-    for (const QString &line : log.split(u'\n')) {
-        if (const QString text = line.trimmed(); !text.isEmpty())
-            lines.append(text);
-    }
-    const QStringList errors = lines.filter(QRegularExpression(u"^ERROR:"_s));
-    if (!errors.isEmpty())
-        lines = errors;
-    lines = lines.last(std::min(lines.size(), most));
-    lines.removeIf([&](const QString &line) { return sentence.contains(line); });
-    return lines;
-}
-
-} // namespace
 
 SaveCommand::SaveCommand(const SaveArguments &arguments,
                          const DownloaderView::Environment &environment)
@@ -146,7 +125,7 @@ void SaveCommand::failLookup()
     // Here is nothing to tap: the log follows.
     sentence.remove(u" Tap 'View logs' for details."_s);
     m_report.line(sentence);
-    for (const QString &line : decisiveLines(m_view.fetchLog(), sentence))
+    if (const QString line = decisiveLine(m_view.fetchLog()); !sentence.contains(line))
         m_report.line(line);
     readVersion();
 }
