@@ -1,6 +1,8 @@
 #include "core/formats/FormatOption.h"
+#include "core/json/JsonObjectReader.h"
 #include "core/text/Duration.h"
-#include "core/ytdlp/YtDlpService.h"
+#include "core/ytdlp/DownloadArguments.h"
+#include "core/ytdlp/VideoInfo.h"
 #include "fuzz/Fuzz.h"
 
 using namespace clipwren;
@@ -11,8 +13,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     try {
         const VideoInfo info = VideoInfo::fromJson(fuzz::bytesOf(data, size));
         fuzz::require(!FormatOption::options(info).isEmpty());
-        const QString stem = YtDlpService::sanitizeFilename(info.title.value_or(QString()));
-        fuzz::require(!stem.isEmpty() && !stem.startsWith(u'.') && !stem.contains(u'/'));
+        const QString title = info.title.value_or(QString());
+        for (const QString &stem : {fileStem(title), siteFileStem(title)})
+            fuzz::require(!stem.isEmpty() && !stem.contains(u'/') && !stem.contains(u'\n'));
+        fuzz::require(!fileStem(title).startsWith(u'.'));
+        fuzz::require(fileStem(title).toUtf8().size() <= maximumStemBytes);
         fuzz::require(!formatDuration(info.duration.value_or(0)).isEmpty());
     } catch (const DecodingError &error) {
         fuzz::require(!error.errorDescription().isEmpty());

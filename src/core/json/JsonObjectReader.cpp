@@ -52,7 +52,8 @@ std::optional<QString> JsonObjectReader::text(QLatin1StringView key) const
         return std::nullopt;
     if (!value->isString())
         fail(key, QStringLiteral("text"));
-    return value->toString();
+    // Half of a surrogate pair becomes "?": regular expressions refuse a text with one.
+    return QString::fromUtf8(value->toString().toUtf8());
 }
 
 std::optional<double> JsonObjectReader::number(QLatin1StringView key) const

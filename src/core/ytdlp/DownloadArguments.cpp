@@ -26,10 +26,6 @@ QString withoutVariables(QString text)
     return text;
 }
 
-// What "%(title).200B" leaves of a title. File systems take names of 255 bytes, and the tool's
-// partial files have longer ones than the file.
-constexpr qsizetype maximumStemBytes = 200;
-
 /// As the tool's template writes a text.
 QString escaped(QString text)
 {

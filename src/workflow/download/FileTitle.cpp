@@ -19,8 +19,9 @@ QString FileTitle::effective() const
 std::optional<QString> FileTitle::override() const
 {
     const QString title = effective();
-    // The tool would keep some of the line breaks that the site has.
-    return title.isEmpty() || title == site ? std::nullopt : std::optional(title);
+    // Of a site's title the tool would keep some line breaks, and make too long a name.
+    const bool isForTool = title == site && siteFileStem(title).toUtf8().size() <= maximumStemBytes;
+    return title.isEmpty() || isForTool ? std::nullopt : std::optional(title);
 }
 
 QString FileTitle::fileName(OutputFormat format) const

@@ -243,6 +243,9 @@ TEST_F(DownloaderViewTest, PreviewsTheFileName)
         {u"At 1:30:00: a/b? \\\"c\\\" <d>|*"_s, u"At 1_30_00： a⧸b？ ＂c＂ ＜d＞｜＊"_s},
         {u".5% of\\tit"_s, u".5% ofit"_s},
         {u"漢"_s.repeated(150), u"漢"_s.repeated(66)},
+        // The tool itself would make a name of 600 bytes.
+        {u"?"_s.repeated(200), u"-"_s.repeated(180)},
+        {u"half \\ud83d\\na pair"_s, u"half - a pair"_s},
     };
     for (const auto &[title, stem] : siteTitles) {
         fake.tools.write(u"yt-dlp.json"_s, u"{\"title\":\"%1\"}"_s.arg(title));
