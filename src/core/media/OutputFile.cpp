@@ -11,7 +11,9 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <tuple>
 #include <unistd.h>
+#include <utility>
 
 namespace clipwren {
 namespace {
@@ -72,6 +74,45 @@ bool isLockMissing(int error)
     return error == EOPNOTSUPP || error == ENOLCK || error == EBADF || error == EINVAL;
 }
 
+/// A new hidden folder beside the file, with the file in it, and the lock on that folder. `put` has
+/// the arguments of rename().
+std::pair<QString, FileDescriptor> putIntoFolder(const QString &file,
+                                                 bool (*put)(const QString &, const QString &))
+{
+    const QString parent = file.first(file.lastIndexOf(u'/') + 1);
+    // Another process that starts may take the folder for one that was left, before it is locked.
+    for (int attempts = 3;; --attempts) {
+        QByteArray name = QFile::encodeName(parent + earlierFolderTemplate);
+        if (!::mkdtemp(name.data()))
+            throwError(file);
+        const QString folder = QFile::decodeName(name);
+        FileDescriptor lock = openFolder(folder);
+        if (lock.isOpen() && (::flock(lock.get(), LOCK_EX) == 0 || isLockMissing(errno))
+            && put(file, folder + nameOf(file)))
+            return {folder, std::move(lock)};
+        const int error = errno;
+        removeFolder(folder);
+        errno = error;
+        if (error != ENOENT || attempts == 1)
+            throwError(file);
+    }
+}
+
+/// Some file systems have no hard links; there the file is away meanwhile.
+bool linkOrRename(const QString &from, const QString &to)
+{
+    return ::link(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0
+        || rename(from, to);
+}
+
+/// Takes the place of what has the name `to`, unless that is the very file.
+void putBack(const QString &from, const QString &to)
+{
+    // Of two names of one file, rename() leaves both.
+    if (rename(from, to))
+        ::unlink(QFile::encodeName(from).constData());
+}
+
 } // namespace
 
 OutputFile::OutputFile(const QString &path) : m_path(path)
@@ -84,25 +125,7 @@ OutputFile::OutputFile(const QString &path) : m_path(path)
 
 void OutputFile::moveAside()
 {
-    const QString parent = m_path.first(m_path.lastIndexOf(u'/') + 1);
-    // Another process that starts may take the folder for one that was left, before it is locked.
-    for (int attempts = 3;; --attempts) {
-        QByteArray folder = QFile::encodeName(parent + earlierFolderTemplate);
-        if (!::mkdtemp(folder.data()))
-            throwError(m_path);
-        const QString path = QFile::decodeName(folder);
-        m_lock = openFolder(path);
-        if (m_lock.isOpen() && (::flock(m_lock.get(), LOCK_EX) == 0 || isLockMissing(errno))
-            && rename(m_path, path + nameOf(m_path))) {
-            m_earlierFolder = path;
-            return;
-        }
-        const int error = errno;
-        removeFolder(path);
-        errno = error;
-        if (error != ENOENT || attempts == 1)
-            throwError(m_path);
-    }
+    std::tie(m_earlierFolder, m_lock) = putIntoFolder(m_path, &rename);
 }
 
 OutputFile::~OutputFile()
@@ -143,9 +166,20 @@ void OutputFile::restoreAfterKill(const QString &folder)
         if (!lock.isOpen() || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0)
             continue;
         for (const QString &name : QDir(path).entryList(QDir::Files | QDir::Hidden | QDir::System))
-            rename(path + u'/' + name, folder + u'/' + name);
+            putBack(path + u'/' + name, folder + u'/' + name);
         removeFolder(path);
     }
+}
+
+KeptFile::KeptFile(const QString &path) : m_path(path)
+{
+    std::tie(m_folder, m_lock) = putIntoFolder(path, &linkOrRename);
+}
+
+KeptFile::~KeptFile()
+{
+    putBack(m_folder + nameOf(m_path), m_path);
+    removeFolder(m_folder);
 }
 
 bool mayBeThere(const QString &path)

@@ -35,6 +35,24 @@ private:
     bool m_kept = false;
 };
 
+/// A file that a tool may remove or replace, which is none of its business.
+///
+/// Meanwhile a hidden folder beside it holds it under a second name. Destroying this puts it back
+/// where it is gone or another. `OutputFile::restoreAfterKill` does so after a kill.
+class KeptFile {
+public:
+    /// Throws `std::system_error` when the file cannot be kept.
+    explicit KeptFile(const QString &path);
+    KeptFile(const KeptFile &) = delete;
+    KeptFile &operator=(const KeptFile &) = delete;
+    ~KeptFile();
+
+private:
+    QString m_path;
+    QString m_folder;
+    FileDescriptor m_lock; ///< on that folder
+};
+
 /// False only where there certainly is nothing of that name.
 bool mayBeThere(const QString &path);
 

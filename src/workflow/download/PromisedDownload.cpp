@@ -156,6 +156,7 @@ PromisedDownload::downloadAs(const std::optional<QString> &title,
                              const YtDlpService::ProgressHandler &onProgress,
                              const std::stop_token &stop) const
 {
+    const auto films = keptFilms(title, stop);
     const QHash<QString, FileIdentity> before = filesIn(outputDirectory);
     const QString path = downloader.download(
         address, outputDirectory, requestedFormat(format, info), title, onProgress, stop);
@@ -164,6 +165,37 @@ PromisedDownload::downloadAs(const std::optional<QString> &title,
         return {path, true};
     checkThatItPlays(path, stop);
     return {path, false};
+}
+
+/// The tool takes the sound from a film of that name that is there already, and removes the film.
+/// What an attempt before this one left is no such film.
+std::list<KeptFile> PromisedDownload::keptFilms(const std::optional<QString> &title,
+                                                const std::stop_token &stop) const
+{
+    std::list<KeptFile> films;
+    if (format != OutputFormat::audioMP3)
+        return films;
+    const QString siteTitle = info ? info->title.value_or(QString()) : QString();
+    const QString start = (title ? fileStem(*title) : siteFileStem(siteTitle)) + u" ["_s;
+    for (const QFileInfo &file : QDir(outputDirectory).entryInfoList(QDir::Files)) {
+        if (!file.fileName().startsWith(start) || file.suffix() == "mp3"_L1)
+            continue;
+        const bool isLeft = earlier.filesBefore && !earlier.filesBefore->contains(file.fileName());
+        if (isRecorded(file.filePath()) || (!isLeft && isFilm(file.filePath(), stop)))
+            films.emplace_back(file.filePath());
+    }
+    return films;
+}
+
+bool PromisedDownload::isFilm(const QString &filePath, const std::stop_token &stop) const
+{
+    try {
+        return !filePath.endsWith(".part"_L1) && inspector.lengths(filePath, stop).hasPicture;
+    } catch (const std::exception &) {
+        if (stop.stop_requested())
+            throw CancellationError();
+        return false;
+    }
 }
 
 /// Where the disk is full at the very end, ffmpeg and so the tool report success all the same.

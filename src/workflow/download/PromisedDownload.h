@@ -3,6 +3,7 @@
 #include "core/formats/OutputFormat.h"
 #include "core/library/DownloadRecord.h"
 #include "core/media/FfmpegService.h"
+#include "core/media/OutputFile.h"
 #include "core/ytdlp/VideoInfo.h"
 #include "core/ytdlp/YtDlpService.h"
 
@@ -12,6 +13,7 @@
 #include <QString>
 
 #include <functional>
+#include <list>
 #include <optional>
 #include <stop_token>
 
@@ -32,7 +34,8 @@ struct DownloadAttempts {
 /// format of the same video, or what an interrupted conversion left. Such a file is looked into.
 /// Where it is not what was asked for, the download is made again under the next free title
 /// ("Talk 2", "Talk 3"), unless one of those is that file already. What an attempt before this one
-/// left unfinished makes room. So the tool runs at most twice.
+/// left unfinished makes room. So the tool runs at most twice. Films stay where the sound of one is
+/// saved.
 struct PromisedDownload {
     YtDlpService downloader;
     FfmpegService inspector;
@@ -58,6 +61,9 @@ private:
     Result downloadAs(const std::optional<QString> &title,
                       const YtDlpService::ProgressHandler &onProgress,
                       const std::stop_token &stop) const;
+    std::list<KeptFile> keptFilms(const std::optional<QString> &title,
+                                  const std::stop_token &stop) const;
+    bool isFilm(const QString &filePath, const std::stop_token &stop) const;
     void checkThatItPlays(const QString &filePath, const std::stop_token &stop) const;
     bool isWhole(const QString &filePath, const MediaInspection &file) const;
     bool isLeftover(const QString &filePath, const std::optional<MediaInspection> &file) const;

@@ -212,6 +212,41 @@ TEST_F(Transcode, whatAKilledProcessMovedAsideIsPutBack)
     EXPECT_EQ(read(output), "earlier");
 }
 
+TEST_F(Transcode, aKeptFileStaysWhateverAToolDoesToIt)
+{
+    const QString film = u"Talk.mp4"_s;
+    const std::function<void()> tools[] = {
+        [] {},
+        [&] { QFile::remove(clip(film)); },
+        [&] {
+            QFile::remove(clip(film));
+            write(film, u"another"_s);
+        },
+    };
+    for (const auto &tool : tools) {
+        write(film, u"earlier"_s);
+        {
+            const KeptFile kept(clip(film));
+            EXPECT_EQ(read(film), "earlier");
+            tool();
+        }
+        EXPECT_EQ(read(film), "earlier");
+        EXPECT_THAT(clips(), UnorderedElementsAre(film));
+
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const KeptFile kept(clip(film));
+            tool();
+            ::_exit(0); // as if killed
+        }
+        int status = 0;
+        ASSERT_TRUE(::waitpid(child, &status, 0) == child && status == 0);
+        OutputFile::restoreAfterKill(clip({}).chopped(1));
+        EXPECT_EQ(read(film), "earlier");
+        EXPECT_THAT(clips(), UnorderedElementsAre(film));
+    }
+}
+
 TEST_F(Transcode, stoppingIsACancellationAndLeavesNoFile)
 {
     fakeFfmpeg(std::string("trap 'exit 255' TERM; ") + writesOutput
