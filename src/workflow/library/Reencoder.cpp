@@ -68,17 +68,30 @@ void Reencoder::startNext()
     }
 }
 
+/// The first name that no file has. Films of one name that only differ in their ends would get one
+/// copy, and their records with them; one film made again has it already.
+QString Reencoder::suffixFor(const QString &input) const
+{
+    QString suffix = QStringLiteral("QT");
+    for (int number = 2;; ++number) {
+        const QString output =
+            FfmpegService::outputPath(input, EncodeProfile::h264Mp4().ext, suffix);
+        if (!QFileInfo::exists(output) || m_inputs.value(output) == input)
+            return suffix;
+        suffix = QStringLiteral("QT %1").arg(number);
+    }
+}
+
 void Reencoder::start(const Job &job)
 {
     const FfmpegService service{m_tools.ffmpegPath().value_or(QString()),
                                 m_tools.ffprobePath().value_or(QString())};
     m_running[job.id] = {job.input,
                          BackgroundTask::start(
-                             [service, input = job.input](const std::stop_token &stop,
-                                                          const BackgroundTask::Post &) {
+                             [service, input = job.input, suffix = suffixFor(job.input)](
+                                 const std::stop_token &stop, const BackgroundTask::Post &) {
                                  return service.transcode(input, EncodeProfile::h264Mp4(),
-                                                          std::nullopt, QStringLiteral("QT"), {},
-                                                          {}, stop);
+                                                          std::nullopt, suffix, {}, {}, stop);
                              },
                              [this, id = job.id](const QString &output) { succeed(id, output); },
                              [this, id = job.id](const std::exception_ptr &failure) {
@@ -89,6 +102,7 @@ void Reencoder::start(const Job &job)
 
 void Reencoder::succeed(const QUuid &id, const QString &output)
 {
+    m_inputs.insert(output, m_running.at(id).input);
     // The record may have changed or gone meanwhile.
     const QList<DownloadRecord> &records = m_store.records();
     const auto place = std::ranges::find(records, id, &DownloadRecord::id);

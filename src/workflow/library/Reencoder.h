@@ -3,6 +3,7 @@
 #include "core/library/DownloadRecord.h"
 #include "core/tasks/BackgroundTask.h"
 
+#include <QHash>
 #include <QObject>
 #include <QSet>
 
@@ -14,7 +15,8 @@ namespace clipwren {
 class DownloadStore;
 class ToolEnvironment;
 
-/// Makes QuickTime-compatible copies of saved files and lets their records name the new files.
+/// Makes QuickTime-compatible copies of saved files and lets their records name the new files. No
+/// copy takes the place of another file.
 ///
 /// User-interface thread only; ffmpeg runs beside it. Destroying this stops what runs.
 class Reencoder : public QObject {
@@ -27,8 +29,8 @@ public:
     Reencoder(const Reencoder &) = delete;
     Reencoder &operator=(const Reencoder &) = delete;
 
-    /// Starts unless that record is already being re-encoded or a tool is missing. Files that
-    /// would be written under the same name come one after the other. A failure goes to the
+    /// Starts unless that record is already being re-encoded or a tool is missing. Files of the
+    /// same name but for its end come one after the other. A failure goes to the
     /// system's log as "Re-encode failed: " and the reason.
     void convertToH264(const DownloadRecord &record);
 
@@ -45,6 +47,7 @@ private:
     };
 
     void startNext();
+    QString suffixFor(const QString &input) const;
     void start(const Job &job);
     void succeed(const QUuid &id, const QString &output);
     void finish(const QUuid &id);
@@ -58,6 +61,7 @@ private:
         BackgroundTask task;
     };
     std::map<QUuid, Running> m_running;
+    QHash<QString, QString> m_inputs; ///< by the paths of the copies that we made of them
 };
 
 } // namespace clipwren

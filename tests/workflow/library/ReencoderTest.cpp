@@ -123,6 +123,29 @@ TEST_F(ReencoderTest, runsRecordsOfOneFileOneAfterTheOther)
         EXPECT_EQ(record.filePath, path(u"Talk — QT.mp4"_s));
 }
 
+TEST_F(ReencoderTest, replacesNoCopyOfAnotherFilm)
+{
+    onConvert(u"echo \"$*\" > \"$output\""_s);
+    DownloadRecord other = recordOf(u"Other"_s);
+    other.filePath = path(u"Talk.mov"_s);
+    writeFile(u"Talk.mov"_s, "other");
+    store.add(other);
+    for (const DownloadRecord &record : QList<DownloadRecord>(store.records()))
+        reencoder->convertToH264(record);
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(store.records().at(0).filePath, path(u"Talk — QT.mp4"_s));
+    EXPECT_EQ(store.records().at(1).filePath, path(u"Talk — QT 2.mp4"_s));
+    EXPECT_TRUE(readFile(u"Talk — QT.mp4"_s).contains("Talk.mov"));
+
+    // Nor one that no record names any more.
+    store.clear();
+    store.add(recordOf(u"Again"_s));
+    reencoder.emplace(store, environment);
+    reencoder->convertToH264(record());
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(record().filePath, path(u"Talk — QT 3.mp4"_s));
+}
+
 TEST_F(ReencoderTest, logsAFailureAndLeavesTheRecord)
 {
     const DownloadRecord before = record();
