@@ -3,6 +3,7 @@
 #include "core/Error.h"
 #include "core/media/FfmpegService.h"
 #include "core/process/ToolEnvironment.h"
+#include "core/text/BoundedText.h"
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
 #include "ui/components/ElidedLabel.h"
@@ -26,6 +27,8 @@ namespace {
 constexpr int columnWidth = 760;
 constexpr int columnPadding = 28;
 constexpr int playerHeight = 320;
+// Of a broken film ffprobe may have megabytes to say, and the window stands still for them.
+constexpr qsizetype longestError = 2'000;
 
 /// A column or a part of it, without margins of its own.
 QVBoxLayout *blocks(int spacing)
@@ -202,7 +205,8 @@ void DownloadDetailView::runInspection()
             try {
                 std::rethrow_exception(failure);
             } catch (const std::exception &error) {
-                m_inspectError = tr("Couldn't read file info: ") + errorDescription(error);
+                m_inspectError = tr("Couldn't read file info: ")
+                    + boundedText(errorDescription(error), longestError);
             }
             render();
         });

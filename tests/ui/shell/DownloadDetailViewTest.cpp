@@ -1,6 +1,7 @@
 #include "ui/shell/DownloadDetailView.h"
 
 #include "support/ScriptedPlayer.h"
+#include "ui/components/Label.h"
 #include "ui/components/Pill.h"
 #include "ui/player/SafeVideoPlayer.h"
 #include "ui/shell/ShellFixture.h"
@@ -119,6 +120,21 @@ TEST_F(DownloadDetailViewTest, saysWhyTheFileCannotBeRead)
     const QString message = u"Couldn't read file info: Process failed (exit 1): bad file"_s;
     EXPECT_TRUE(QTest::qWaitFor([&] { return shows(view, message); }));
     EXPECT_TRUE(shows(view, u"MPEG-4 movie"_s));
+}
+
+TEST_F(DownloadDetailViewTest, showsTheBeginningOfALongError)
+{
+    onProbe(u"Flood"_s, {}, u"head -c 1000000 /dev/zero | tr '\\0' x >&2; exit 1"_s);
+    const auto &view = show(addRecord(u"Flood"_s));
+    const auto error = [&]() -> QString {
+        for (const auto *label : view.findChildren<Label *>()) {
+            if (label->isVisible() && label->text().startsWith(u"Couldn't read file info: "))
+                return label->text();
+        }
+        return {};
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !error().isEmpty(); }));
+    EXPECT_LT(error().size(), 5'000);
 }
 
 TEST_F(DownloadDetailViewTest, neverShowsAnInspectionOfAnotherFile)
