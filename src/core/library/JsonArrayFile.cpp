@@ -58,6 +58,9 @@ JsonObjectSequence JsonArrayFile::open() const
     const auto bytes = readFile(m_path);
     if (!bytes)
         throw Error(QStringLiteral("%1 cannot be read").arg(m_path));
+    // Others could read what earlier versions wrote.
+    constexpr auto owner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    QFile::setPermissions(m_path, QFile::permissions(m_path) & owner);
     return JsonObjectSequence(*bytes);
 }
 

@@ -156,7 +156,9 @@ TEST_F(JsonArrayFileTest, isForTheUserAlone)
         writeFile(fileName, content);
         QFile::setPermissions(path(fileName),
                               QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-        DownloadStore(folder()).add(bareRecord(u"A"_s));
+        DownloadStore store(folder());
+        EXPECT_EQ(mode(fileName), QFile::ReadOwner) << "from the first start on";
+        store.add(bareRecord(u"A"_s));
         EXPECT_EQ(mode(fileName), QFile::ReadOwner | QFile::WriteOwner);
     }
     EXPECT_EQ(mode(rejected), QFile::ReadOwner | QFile::WriteOwner);
