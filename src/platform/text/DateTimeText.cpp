@@ -8,6 +8,7 @@
 #include <unicode/simpleformatter.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
+#include <utility>
 
 namespace clipwren {
 namespace {
@@ -42,9 +43,25 @@ icu::UnicodeString dateTimePattern(const icu::Locale &locale, UErrorCode &status
 
 } // namespace
 
+QLocale localeNamed(const QString &name)
+{
+    // QLocale passes over what follows the "@".
+    static constexpr std::pair<QStringView, QLocale::Script> scripts[] = {
+        {u"@latin", QLocale::LatinScript},
+        {u"@cyrillic", QLocale::CyrillicScript},
+        {u"@devanagari", QLocale::DevanagariScript},
+    };
+    const QLocale locale(name);
+    for (const auto &[modifier, script] : scripts) {
+        if (name.endsWith(modifier))
+            return {locale.language(), script, locale.territory()};
+    }
+    return locale;
+}
+
 QLocale dateLocale()
 {
-    const QLocale locale(QString::fromLatin1(std::setlocale(LC_TIME, nullptr)));
+    const QLocale locale = localeNamed(QString::fromLatin1(std::setlocale(LC_TIME, nullptr)));
     return locale.language() == QLocale::C ? QLocale() : locale;
 }
 

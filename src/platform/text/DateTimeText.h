@@ -5,6 +5,9 @@
 
 namespace clipwren {
 
+/// The locale that has this name in the C library, as in "sr_RS.UTF-8@latin".
+QLocale localeNamed(const QString &name);
+
 /// The locale in which the user wants dates, which may be another than that of words.
 QLocale dateLocale();
 

@@ -44,6 +44,9 @@ TEST(RelativeDate, takesTheLargestUnitAndItsName)
     EXPECT_EQ(RelativeDate(german).text(twoDaysBefore, now), u"vorgestern"_s);
     EXPECT_EQ(RelativeDate(QLocale::c()).text(twoDaysBefore, now), u"2 days ago"_s);
     EXPECT_EQ(RelativeDate(QLocale(u"sr_Latn_RS"_s)).text(twoDaysBefore, now), u"prekjuče"_s);
+    EXPECT_EQ(RelativeDate(localeNamed(u"sr_RS.UTF-8@latin"_s)).text(twoDaysBefore, now),
+              u"prekjuče"_s);
+    EXPECT_EQ(RelativeDate(localeNamed(u"sr_RS.UTF-8"_s)).text(twoDaysBefore, now), u"прекјуче"_s);
     EXPECT_EQ(RelativeDate(QLocale(u"zh_TW"_s)).text(twoDaysBefore, now), u"前天"_s);
 }
 
