@@ -1,6 +1,7 @@
 #include "app/instance/InstanceMessage.h"
 
 #include "core/json/JsonObjectReader.h"
+#include "core/text/BoundedText.h"
 
 #include <QJsonDocument>
 
@@ -39,8 +40,8 @@ InstanceMessage InstanceMessage::fromJson(const QByteArray &utf8)
         const auto record = saved->object("record"_L1);
         if (!record)
             saved->fail("record"_L1, u"an object"_s);
-        message.saved =
-            Saved{DownloadRecord::fromJson(*record), saved->requiredText("historyTitle"_L1)};
+        message.saved = Saved{DownloadRecord::fromJson(*record),
+                              boundedText(saved->requiredText("historyTitle"_L1), longestTitle)};
     }
     return message;
 }

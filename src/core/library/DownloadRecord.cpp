@@ -2,6 +2,7 @@
 
 #include "core/library/JsonFields.h"
 #include "core/library/Timestamp.h"
+#include "core/text/BoundedText.h"
 
 #include <QHash>
 
@@ -13,7 +14,7 @@ DownloadRecord DownloadRecord::fromJson(const JsonObjectReader &reader)
 {
     return {
         .id = requiredId(reader, "id"_L1),
-        .title = reader.requiredText("title"_L1),
+        .title = boundedText(reader.requiredText("title"_L1), longestTitle),
         .sourceURL = reader.requiredText("sourceURL"_L1),
         .filePath = reader.requiredText("filePath"_L1),
         .thumbnailURL = reader.text("thumbnailURL"_L1),

@@ -23,7 +23,7 @@ struct DownloadRecord {
     std::optional<double> trimEnd; ///< seconds
     QDateTime createdAt; ///< from `currentTimestamp()`
 
-    /// Throws `DecodingError`.
+    /// Of a title no more than `longestTitle` is kept. Throws `DecodingError`.
     static DownloadRecord fromJson(const JsonObjectReader &reader);
     QJsonObject toJson() const;
 

@@ -2,6 +2,7 @@
 
 #include "core/library/JsonFields.h"
 #include "core/library/Timestamp.h"
+#include "core/text/BoundedText.h"
 
 #include <QHash>
 
@@ -13,7 +14,7 @@ HistoryEntry HistoryEntry::fromJson(const JsonObjectReader &reader)
 {
     return {
         .id = requiredId(reader, "id"_L1),
-        .title = reader.requiredText("title"_L1),
+        .title = boundedText(reader.requiredText("title"_L1), longestTitle),
         .url = reader.requiredText("url"_L1),
         .thumbnailURL = reader.text("thumbnailURL"_L1),
         .durationSeconds = reader.number("durationSeconds"_L1),

@@ -22,7 +22,7 @@ struct HistoryEntry {
     QDateTime lastDownloadedAt; ///< UTC, whole seconds
     qint64 downloadCount = 1; ///< at least 1
 
-    /// Throws `DecodingError`.
+    /// Of a title no more than `longestTitle` is kept. Throws `DecodingError`.
     static HistoryEntry fromJson(const JsonObjectReader &reader);
     QJsonObject toJson() const;
 

@@ -1,5 +1,7 @@
 #include "core/library/DownloadStore.h"
 
+#include "core/library/HistoryStore.h"
+#include "core/text/BoundedText.h"
 #include "support/LibraryFixture.h"
 
 #include <QCoreApplication>
@@ -132,6 +134,15 @@ TEST_F(DownloadStoreTest, acceptsAndRejectsWholeFiles)
     }
     writeFile(fileName, "[ ]");
     EXPECT_TRUE(reloaded().isEmpty());
+}
+
+TEST_F(DownloadStoreTest, keepsTheBeginningOfALongTitle)
+{
+    const QString title(1'000'000, u'x');
+    DownloadStore(folder()).add(bareRecord(title));
+    EXPECT_EQ(DownloadStore(folder()).records().first().title.size(), longestTitle);
+    HistoryStore(folder()).recordDownload(u"https://site.example"_s, title, {}, {});
+    EXPECT_EQ(HistoryStore(folder()).entries().first().title.size(), longestTitle);
 }
 
 TEST_F(DownloadStoreTest, startsWhereNoFolderCanBe)
