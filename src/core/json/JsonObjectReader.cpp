@@ -52,8 +52,7 @@ std::optional<QString> JsonObjectReader::text(QLatin1StringView key) const
         return std::nullopt;
     if (!value->isString())
         fail(key, QStringLiteral("text"));
-    // Half of a surrogate pair becomes "?": regular expressions refuse a text with one.
-    return QString::fromUtf8(value->toString().toUtf8());
+    return value->toString();
 }
 
 std::optional<double> JsonObjectReader::number(QLatin1StringView key) const

@@ -8,9 +8,12 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-std::optional<QString> bounded(const std::optional<QString> &text)
+/// Bounded, and half of a surrogate pair becomes "?": regular expressions refuse a text with one.
+std::optional<QString> shownText(const std::optional<QString> &text)
 {
-    return text ? std::optional(boundedText(*text, longestTitle)) : std::nullopt;
+    if (!text)
+        return std::nullopt;
+    return boundedText(QString::fromUtf8(text->toUtf8()), longestTitle);
 }
 
 /// The beginning of an address leads somewhere else.
@@ -38,10 +41,10 @@ VideoInfo VideoInfo::fromJson(const QByteArray &utf8)
 {
     const auto json = JsonObjectReader::fromDocument(utf8);
     return {
-        .title = bounded(json.text("title"_L1)),
+        .title = shownText(json.text("title"_L1)),
         .duration = json.number("duration"_L1),
         .thumbnail = addressIfBounded(json.text("thumbnail"_L1)),
-        .uploader = bounded(json.text("uploader"_L1)),
+        .uploader = shownText(json.text("uploader"_L1)),
         .webpage_url = addressIfBounded(json.text("webpage_url"_L1)),
         .formats = readFormats(json),
     };
