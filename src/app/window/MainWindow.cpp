@@ -4,6 +4,7 @@
 #include "app/window/WindowPlacement.h"
 #include "platform/media/PlayerModule.h"
 #include "platform/system/MemoryPages.h"
+#include "ui/components/PlainText.h"
 
 #include <QBackingStore>
 #include <QMenu>
@@ -48,7 +49,7 @@ MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerMod
 void MainWindow::showTitle()
 {
     // By itself, it would stand for a mark of unsaved changes and not be shown.
-    setWindowTitle(m_content->windowTitle().replace(u"[*]"_s, u"[*][*]"_s));
+    setWindowTitle(inOneLine(m_content->windowTitle()).replace(u"[*]"_s, u"[*][*]"_s));
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
