@@ -41,6 +41,7 @@ private:
 
 clipwren::PlayerBackend *clipwrenPlayerBackend2()
 {
-    static clipwren::MpvBackend backend;
-    return &backend;
+    // Never destroyed: at exit() a PlayerModule may still wait for ended players.
+    static auto *const backend = new clipwren::MpvBackend;
+    return backend;
 }
