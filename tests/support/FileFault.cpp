@@ -135,6 +135,11 @@ int rename(const char *from, const char *to) noexcept
     return callOrFail<int>("rename", from, from, to);
 }
 
+int link(const char *from, const char *to) noexcept
+{
+    return callOrFail<int>("link", from, from, to);
+}
+
 int linkat(int fromFolder, const char *from, int toFolder, const char *to, int flags) noexcept
 {
     return callOrFail<int>("linkat", from, fromFolder, from, toFolder, to, flags);

@@ -89,6 +89,35 @@ TEST_P(FileFaultTest, LosesNoFileAndSaysWhatFailed)
     }
 }
 
+TEST_P(FileFaultTest, LosesNoFilmWhoseSoundIsSaved)
+{
+    // As the tool does where the page has no sound by itself.
+    fake.onDownload(u"rm -f \"${file%mp3}mp4\"\n"_s + FakeDownloader::defaultDownload());
+    bool isFault = true;
+    int number = 0;
+    while (isFault) {
+        SCOPED_TRACE(++number);
+        QDir(fake.downloadFolder()).removeRecursively();
+        fake.store.clear();
+        QFile film(path(whole));
+        ASSERT_TRUE(QDir().mkpath(fake.downloadFolder()) && film.open(QIODevice::WriteOnly)
+                    && film.write("film") == 4);
+        film.close();
+        DownloadRecord record;
+        record.sourceURL = address;
+        record.filePath = film.fileName();
+        fake.store.add(record);
+        makeReady();
+        view->setOutputFormatRaw(u"audioMP3"_s);
+        isFault = saveWithFault(number);
+        EXPECT_TRUE(view->phase() == Phase::done || view->errorMessage());
+        view->resetAll();
+        OutputFile::restoreAfterKill(fake.downloadFolder());
+        EXPECT_EQ(read(whole), "film");
+    }
+    EXPECT_GT(number, 5);
+}
+
 INSTANTIATE_TEST_SUITE_P(, FileFaultTest, testing::Values(ENOSPC, EACCES, EIO, ENAMETOOLONG));
 
 } // namespace
