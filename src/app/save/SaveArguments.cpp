@@ -11,8 +11,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr double shortestTrimSeconds = 0.05;
-
 OutputFormat parseFormat(const QString &name)
 {
     if (const auto format = outputFormatWithRawValue(name))
@@ -35,9 +33,10 @@ TrimRange parseRange(const QString &text)
     if (*end <= *start)
         throw UsageError(u"The time range “%1” ends before it starts."_s.arg(text));
     // The downloader leaves so short a range alone and saves the whole video.
-    if (*end - *start <= shortestTrimSeconds)
+    const TrimRange range{*start, *end};
+    if (!range.isLongEnough())
         throw UsageError(u"The time range “%1” is too short to cut."_s.arg(text));
-    return {*start, *end};
+    return range;
 }
 
 } // namespace

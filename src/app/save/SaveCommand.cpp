@@ -15,20 +15,18 @@ using namespace Qt::StringLiterals;
 
 SaveCommand::SaveCommand(const SaveArguments &arguments,
                          const DownloaderView::Environment &environment)
-    : m_arguments(arguments), m_tools(environment.tools),
-      m_format(arguments.format
-                   ? rawValue(*arguments.format)
-                   : environment.preferences.text(u"outputFormat"_s).value_or(QString())),
-      m_report(stderr), m_view({.store = environment.store,
-                                .history = environment.history,
-                                .tools = environment.tools,
-                                .pendingFetch = environment.pendingFetch,
-                                .desktop = environment.desktop,
-                                .preferences = m_format,
-                                .downloadDirectory = environment.downloadDirectory,
-                                .otherRecords = environment.otherRecords,
-                                .today = environment.today},
-                               [this](QUuid) { finish(Saved); })
+    : m_arguments(arguments), m_tools(environment.tools), m_report(stderr),
+      m_view({.store = environment.store,
+              .history = environment.history,
+              .tools = environment.tools,
+              .pendingFetch = environment.pendingFetch,
+              .desktop = environment.desktop,
+              .preferences = environment.preferences,
+              .downloadDirectory = environment.downloadDirectory,
+              .otherRecords = environment.otherRecords,
+              .format = arguments.format,
+              .today = environment.today},
+             [this](QUuid) { finish(Saved); })
 {
     connect(&m_view, &DownloaderView::changed, this, &SaveCommand::follow);
 }
@@ -37,7 +35,7 @@ void SaveCommand::start()
 {
     if (const auto sentence = missingTools(m_tools))
         return fail(*sentence);
-    if (m_arguments.trim && m_view.outputFormat() == OutputFormat::audioMP3)
+    if (m_arguments.trim && traits(m_view.outputFormat()).isAudioOnly)
         return fail(u"Audio is saved whole: --trim does not go with audioMP3."_s, WrongUse);
     m_view.setUrlText(m_arguments.address);
     m_view.fetchInfo(false);
@@ -167,20 +165,6 @@ void SaveCommand::finish(ExitStatus status)
 {
     m_isFinished = true;
     Q_EMIT finished(status);
-}
-
-SaveCommand::ChosenFormat::ChosenFormat(const QString &rawValue) : m_rawValue(rawValue)
-{
-}
-
-std::optional<QString> SaveCommand::ChosenFormat::text(const QString &) const
-{
-    return m_rawValue;
-}
-
-void SaveCommand::ChosenFormat::setText(const QString &, const QString &text)
-{
-    m_rawValue = text;
 }
 
 std::optional<QString> missingTools(const ToolEnvironment &tools)

@@ -2,7 +2,6 @@
 
 #include "app/save/ProgressReport.h"
 #include "app/save/SaveArguments.h"
-#include "platform/desktop/Preferences.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QObject>
@@ -19,7 +18,6 @@ class SaveCommand : public QObject {
 public:
     enum ExitStatus { Saved = 0, Failed = 1, WrongUse = 2, Interrupted = 130 };
 
-    /// The environment's preferences say the format when the arguments do not.
     SaveCommand(const SaveArguments &arguments, const DownloaderView::Environment &environment);
 
     void start();
@@ -31,17 +29,6 @@ Q_SIGNALS:
     void finished(int exitStatus);
 
 private:
-    /// The format asked for, without touching the stored one.
-    class ChosenFormat : public Preferences {
-    public:
-        explicit ChosenFormat(const QString &rawValue);
-        std::optional<QString> text(const QString &key) const override;
-        void setText(const QString &key, const QString &text) override;
-
-    private:
-        QString m_rawValue;
-    };
-
     void follow();
     void chooseAndStart();
     void failLookup();
@@ -53,7 +40,6 @@ private:
 
     SaveArguments m_arguments;
     ToolEnvironment &m_tools;
-    ChosenFormat m_format;
     ProgressReport m_report;
     QString m_lastStatus;
     bool m_isLookingUp = false;

@@ -167,13 +167,26 @@ QList<FormatOption> FormatOption::options(const std::optional<VideoInfo> &info)
     const qint64 audioBytes = sizeOf(best(formats, isM4aAudio, audioRateOf));
     const qint64 height = video ? heightOf(*video) : 0;
 
-    QList<FormatOption> options{bestResolution(video, audioBytes)};
-    if (h264 && heightOf(*h264) >= 1 && heightOf(*h264) < height)
-        options.append(macCompatible(*h264, audioBytes));
-    options.append(proRes422(height, info ? info->duration.value_or(0) : 0));
-    options.append({OutputFormat::audioMP3, QStringLiteral("Audio only (MP3)"),
-                    QStringLiteral("Strip video, best VBR audio."), CompatLevel::audioOnly,
-                    std::nullopt});
+    QList<FormatOption> options;
+    for (const OutputFormat format : allOutputFormats) {
+        switch (format) {
+        case OutputFormat::bestResolution:
+            options.append(bestResolution(video, audioBytes));
+            break;
+        case OutputFormat::macCompatible:
+            if (h264 && heightOf(*h264) >= 1 && heightOf(*h264) < height)
+                options.append(macCompatible(*h264, audioBytes));
+            break;
+        case OutputFormat::proRes422:
+            options.append(proRes422(height, info ? info->duration.value_or(0) : 0));
+            break;
+        case OutputFormat::audioMP3:
+            options.append({OutputFormat::audioMP3, QStringLiteral("Audio only (MP3)"),
+                            QStringLiteral("Strip video, best VBR audio."), CompatLevel::audioOnly,
+                            std::nullopt});
+            break;
+        }
+    }
     return options;
 }
 

@@ -1,13 +1,17 @@
 #pragma once
 
+#include "core/media/EncodeProfile.h"
+
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <optional>
 
 namespace clipwren {
 
-/// What the user wants a video saved as.
+/// What the user wants a video saved as. A case more is a case more in `allOutputFormats`, too; the
+/// other places that need one do not compile without it.
 enum class OutputFormat {
     bestResolution, ///< the highest resolution that the site offers, in its own codec
     macCompatible, ///< the best H.264 stream
@@ -19,8 +23,22 @@ inline constexpr std::array allOutputFormats{OutputFormat::bestResolution,
                                              OutputFormat::macCompatible, OutputFormat::proRes422,
                                              OutputFormat::audioMP3};
 
-/// The case's name: its identifier, and what the stored preference holds.
-QString rawValue(OutputFormat format);
+/// What a case is.
+struct OutputFormatTraits {
+    QString rawValue; ///< the case's name: its identifier, and what the stored preference holds
+    QString extension; ///< of the saved file, without the dot
+    QStringList downloadArguments; ///< by which yt-dlp chooses and merges streams
+    bool isAudioOnly = false;
+    std::optional<EncodeProfile> conversion = std::nullopt; ///< of the download, cut or not
+    QString conversionHeading = {}; ///< what is shown meanwhile
+};
+
+const OutputFormatTraits &traits(OutputFormat format);
+
+inline QString rawValue(OutputFormat format)
+{
+    return traits(format).rawValue;
+}
 
 /// The case of exactly that name.
 std::optional<OutputFormat> outputFormatWithRawValue(QStringView rawValue);

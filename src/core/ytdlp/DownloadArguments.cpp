@@ -41,39 +41,6 @@ QString outputTemplate(const QString &directory, const std::optional<QString> &c
     return withoutVariables(escaped(directory) + u'/' + stem) + QStringLiteral(" [%(id)s].%(ext)s");
 }
 
-QStringList formatArguments(OutputFormat format)
-{
-    switch (format) {
-    case OutputFormat::bestResolution:
-        return {QStringLiteral("-f"),
-                QStringLiteral("bv*+ba[ext=m4a]/bv*+ba/b"),
-                QStringLiteral("--merge-output-format"),
-                QStringLiteral("mp4"),
-                QStringLiteral("--postprocessor-args"),
-                QStringLiteral("ffmpeg:-c:a aac -b:a 192k")};
-    case OutputFormat::macCompatible:
-        return {QStringLiteral("-f"),
-                QStringLiteral("bv*[vcodec^=avc1]+ba[ext=m4a]/b[ext=mp4]/bv*[vcodec^=avc1]+ba/"
-                               "b[vcodec^=avc1]"),
-                QStringLiteral("--merge-output-format"),
-                QStringLiteral("mp4"),
-                QStringLiteral("--postprocessor-args"),
-                QStringLiteral("ffmpeg:-c:a aac -b:a 192k")};
-    case OutputFormat::proRes422:
-        return {QStringLiteral("-f"), QStringLiteral("bv*+ba/b"),
-                QStringLiteral("--merge-output-format"), QStringLiteral("mp4")};
-    case OutputFormat::audioMP3:
-        return {QStringLiteral("-f"),
-                QStringLiteral("ba/b"),
-                QStringLiteral("--extract-audio"),
-                QStringLiteral("--audio-format"),
-                QStringLiteral("mp3"),
-                QStringLiteral("--audio-quality"),
-                QStringLiteral("0")};
-    }
-    Q_UNREACHABLE();
-}
-
 } // namespace
 
 QStringList downloadArguments(const QString &url, const QString &outputDirectory,
@@ -98,7 +65,7 @@ QStringList downloadArguments(const QString &url, const QString &outputDirectory
         QStringLiteral("--print"),
         QStringLiteral("after_move:filepath:%(filepath)s"),
     };
-    return common + formatArguments(format) + QStringList{QStringLiteral("--"), url};
+    return common + traits(format).downloadArguments + QStringList{QStringLiteral("--"), url};
 }
 
 QString fileStem(const QString &customFilename)

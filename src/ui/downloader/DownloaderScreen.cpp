@@ -255,7 +255,7 @@ void DownloaderScreen::renderCards()
     show(m_summary, (isReady || isRunning || isDone) && hasInfo);
     show(m_title, isReady);
     show(m_format, isReady);
-    show(m_trim, isReady && m_view.outputFormat() != OutputFormat::audioMP3);
+    show(m_trim, isReady && !traits(m_view.outputFormat()).isAudioOnly);
     show(m_download, isReady);
     show(m_progress, isRunning);
     show(m_success, isDone);

@@ -27,13 +27,14 @@ double TrimGeometry::timeAt(double pointerX) const
 TrimRange withStart(const TrimRange &range, double seconds)
 {
     // Never before the beginning, also in a clip that has no room for the gap.
-    const double start = std::min(std::max(seconds, 0.0), range.end - shortestTrimSeconds);
+    const double start = std::min(std::max(seconds, 0.0), range.end - minimumHandleGapSeconds);
     return {std::max(start, 0.0), range.end};
 }
 
 TrimRange withEnd(const TrimRange &range, double seconds, double duration)
 {
-    return {range.start, std::max(std::min(seconds, duration), range.start + shortestTrimSeconds)};
+    return {range.start,
+            std::max(std::min(seconds, duration), range.start + minimumHandleGapSeconds)};
 }
 
 double toTenths(double seconds)

@@ -25,7 +25,7 @@ struct TrimGeometry {
 };
 
 /// What the user leaves between the handles at least. A range set by the program may be shorter.
-inline constexpr double shortestTrimSeconds = 0.1;
+inline constexpr double minimumHandleGapSeconds = 0.1;
 
 /// The range with its start moved towards a time, as far as its end lets it.
 TrimRange withStart(const TrimRange &range, double seconds);

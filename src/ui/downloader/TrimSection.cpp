@@ -192,7 +192,7 @@ void TrimSection::startHere()
     const double here = shownSeconds(*m_view.preview().player());
     TrimRange range{m_view.trimStart(), m_view.trimEnd()};
     // Behind the old clip, a new one begins.
-    if (here > range.end - shortestTrimSeconds)
+    if (here > range.end - minimumHandleGapSeconds)
         range.end = duration();
     range = withStart(range, here);
     m_view.setTrimRange(range.start, range.end);
@@ -202,7 +202,7 @@ void TrimSection::endHere()
 {
     const double here = shownSeconds(*m_view.preview().player());
     TrimRange range{m_view.trimStart(), m_view.trimEnd()};
-    if (here < range.start + shortestTrimSeconds)
+    if (here < range.start + minimumHandleGapSeconds)
         range.start = 0;
     range = withEnd(range, here, duration());
     m_view.setTrimRange(range.start, range.end);

@@ -147,8 +147,8 @@ void DownloadPipeline::clear()
 void DownloadPipeline::decide(const QString &downloaded)
 {
     const std::optional<TrimRange> trim = m_job.trimToApply();
-    const bool toProRes = m_job.download.format == OutputFormat::proRes422;
-    if (!trim && !toProRes) {
+    const OutputFormatTraits &format = traits(m_job.download.format);
+    if (!trim && !format.conversion) {
         record(downloaded, std::nullopt);
         return;
     }
@@ -159,9 +159,9 @@ void DownloadPipeline::decide(const QString &downloaded)
     }
     m_progress = 0;
     m_status.clear();
-    m_heading = toProRes ? u"Encoding to Apple ProRes 422"_s : u"Trimming"_s;
+    m_heading = format.conversion ? format.conversionHeading : u"Trimming"_s;
     Q_EMIT processing();
-    process(downloaded, toProRes ? EncodeProfile::proRes422() : EncodeProfile::h264Mp4(), trim);
+    process(downloaded, format.conversion.value_or(EncodeProfile::h264Mp4()), trim);
 }
 
 void DownloadPipeline::process(const QString &downloaded, const EncodeProfile &profile,

@@ -26,7 +26,7 @@ bool isWebAddress(const QString &text)
 DownloaderView::DownloaderView(const Environment &environment,
                                std::function<void(QUuid)> onCompleted, QObject *parent)
     : QObject(parent), m_environment(environment), m_onCompleted(std::move(onCompleted)),
-      m_format(environment.preferences), m_preview(environment.makePlayer),
+      m_format(environment.preferences, environment.format), m_preview(environment.makePlayer),
       m_pipeline(environment.store, environment.history)
 {
     // A version that is read later may explain a failure.
@@ -365,11 +365,11 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
 
 std::optional<TrimRange> DownloaderView::trimToApply(OutputFormat format) const
 {
-    constexpr double shortestTrimSeconds = 0.05;
-    if (!m_trimEnabled || !m_rangeIsOfThisVideo || format == OutputFormat::audioMP3
-        || !(m_trimStart + shortestTrimSeconds < m_trimEnd))
+    const TrimRange range{m_trimStart, m_trimEnd};
+    if (!m_trimEnabled || !m_rangeIsOfThisVideo || traits(format).isAudioOnly
+        || !range.isLongEnough())
         return std::nullopt;
-    return TrimRange{m_trimStart, m_trimEnd};
+    return range;
 }
 
 void DownloaderView::downloadRecorded(const QUuid &recordId)

@@ -53,6 +53,8 @@ public:
         QString downloadDirectory = {}; ///< absolute; created by the download
         /// Records that the store does not hold, where it is not the user's library; absent else.
         std::function<QList<DownloadRecord>()> otherRecords = {};
+        /// Of this run alone; absent: the preferred one, which another choice changes.
+        std::optional<OutputFormat> format = std::nullopt;
         std::chrono::milliseconds infoTimeout = std::chrono::seconds(60);
         std::function<QDate()> today = &QDate::currentDate;
     };

@@ -29,10 +29,7 @@ QString FileTitle::fileName(OutputFormat format) const
     const auto title = override();
     const QString stem =
         title ? fileStem(*title) : siteFileStem(site.value_or(QStringLiteral("Untitled")));
-    const QString extension = format == OutputFormat::audioMP3 ? QStringLiteral("mp3")
-        : format == OutputFormat::proRes422                    ? QStringLiteral("mov")
-                                                               : QStringLiteral("mp4");
-    return stem + QStringLiteral(" [<id>].") + extension;
+    return stem + QStringLiteral(" [<id>].") + traits(format).extension;
 }
 
 } // namespace clipwren

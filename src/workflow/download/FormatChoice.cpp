@@ -14,11 +14,14 @@ const QString key = QStringLiteral("outputFormat");
 
 QString FormatChoice::rawValue() const
 {
+    if (m_given)
+        return clipwren::rawValue(*m_given);
     return m_preferences.text(key).value_or(clipwren::rawValue(OutputFormat::bestResolution));
 }
 
 void FormatChoice::setRawValue(const QString &rawValue)
 {
+    m_given.reset();
     m_preferences.setText(key, rawValue);
 }
 

@@ -14,10 +14,14 @@ class Preferences;
 /// The output format that the user chose, kept for all videos.
 class FormatChoice {
 public:
-    /// `preferences` outlive this.
-    explicit FormatChoice(Preferences &preferences) : m_preferences(preferences) { }
+    /// `preferences` outlive this. `given` holds instead of the stored format, which it leaves
+    /// alone, until another one is chosen.
+    explicit FormatChoice(Preferences &preferences, std::optional<OutputFormat> given)
+        : m_preferences(preferences), m_given(given)
+    {
+    }
 
-    /// The stored raw value, whatever it is.
+    /// Of the given format, else the stored one, whatever it is.
     QString rawValue() const;
     void setRawValue(const QString &rawValue);
     /// The stored format where the video offers it, else the first that it offers.
@@ -25,6 +29,7 @@ public:
 
 private:
     Preferences &m_preferences;
+    std::optional<OutputFormat> m_given;
 };
 
 } // namespace clipwren

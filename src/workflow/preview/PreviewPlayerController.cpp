@@ -1,5 +1,7 @@
 #include "workflow/preview/PreviewPlayerController.h"
 
+#include "core/media/TrimRange.h"
+
 #include <QPointer>
 
 #include <algorithm>
@@ -7,12 +9,6 @@
 #include <utility>
 
 namespace clipwren {
-namespace {
-
-constexpr double shortestRangeSeconds = 0.05;
-
-} // namespace
-
 PreviewPlayerController::PreviewPlayerController(MediaPlayerFactory makePlayer, QObject *parent)
     : QObject(parent), m_makePlayer(std::move(makePlayer))
 {
@@ -108,7 +104,7 @@ void PreviewPlayerController::playRange(double start, double end)
     if (!m_player || !std::isfinite(start) || std::isnan(end))
         return;
     endRange();
-    const double endTime = std::max(end, start + shortestRangeSeconds);
+    const double endTime = std::max(end, start + shortestTrimSeconds);
     // A seek that did not finish leaves the player somewhere, and playing is still what was asked
     // for. Only what ends a range keeps it from starting.
     m_player->seek(
