@@ -12,9 +12,9 @@
 #include "ui/components/SegmentedControl.h"
 #include "ui/components/Spinner.h"
 #include "ui/components/Switch.h"
+#include "ui/components/ThumbnailView.h"
+#include "ui/downloader/LogViewer.h"
 #include "ui/downloader/TrimSlider.h"
-#include "ui/shell/LogViewer.h"
-#include "ui/shell/ThumbnailView.h"
 
 #include <QApplication>
 #include <QFocusEvent>

@@ -5,8 +5,8 @@
 #include "ui/components/Divider.h"
 #include "ui/components/ElidedLabel.h"
 #include "ui/components/IconView.h"
+#include "ui/components/ThumbnailView.h"
 #include "ui/components/WrappedLabel.h"
-#include "ui/shell/ThumbnailView.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QHBoxLayout>

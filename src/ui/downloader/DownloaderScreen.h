@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/shell/DetailScreen.h"
+#include "ui/components/DetailScreen.h"
 #include "workflow/download/Phase.h"
 
 #include <QPointer>

@@ -1,6 +1,6 @@
 #include "ui/downloader/LogSheet.h"
 
-#include "ui/shell/LogViewer.h"
+#include "ui/downloader/LogViewer.h"
 
 #include <QVBoxLayout>
 

@@ -1,8 +1,8 @@
 #include "ui/downloader/VideoSummary.h"
 
 #include "core/text/Duration.h"
+#include "ui/components/ThumbnailView.h"
 #include "ui/components/WrappedLabel.h"
-#include "ui/shell/ThumbnailView.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QHBoxLayout>

@@ -2,8 +2,8 @@
 
 #include "platform/desktop/Desktop.h"
 #include "ui/components/ConfirmationDialog.h"
+#include "ui/components/DetailScreen.h"
 #include "ui/components/Theme.h"
-#include "ui/shell/DetailScreen.h"
 #include "ui/shell/TopBar.h"
 
 #include <QDragEnterEvent>

@@ -4,7 +4,7 @@
 #include "core/media/MediaInspection.h"
 #include "core/tasks/BackgroundTask.h"
 #include "platform/media/MediaPlayer.h"
-#include "ui/shell/DetailScreen.h"
+#include "ui/components/DetailScreen.h"
 
 #include <QPointer>
 

@@ -1,8 +1,8 @@
 #include "ui/shell/TopBar.h"
 
 #include "ui/components/Button.h"
+#include "ui/components/DetailScreen.h"
 #include "ui/components/ElidedLabel.h"
-#include "ui/shell/DetailScreen.h"
 
 #include <QHBoxLayout>
 #include <QMenu>

@@ -1,4 +1,4 @@
-#include "ui/shell/ThumbnailView.h"
+#include "ui/components/ThumbnailView.h"
 
 #include "support/WebServer.h"
 

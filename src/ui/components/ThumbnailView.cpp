@@ -1,4 +1,4 @@
-#include "ui/shell/ThumbnailView.h"
+#include "ui/components/ThumbnailView.h"
 
 #include "platform/network/HttpTransfer.h"
 #include "ui/components/Icon.h"

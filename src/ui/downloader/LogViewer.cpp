@@ -1,4 +1,4 @@
-#include "ui/shell/LogViewer.h"
+#include "ui/downloader/LogViewer.h"
 
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
