@@ -248,11 +248,6 @@ void MpvPlayer::setMuted(bool muted)
     Q_EMIT volumeChanged();
 }
 
-VideoOutput *MpvPlayer::videoOutput()
-{
-    return &m_mpv.renderer();
-}
-
 void MpvPlayer::handle(const mpv_event &event)
 {
     switch (event.event_id) {

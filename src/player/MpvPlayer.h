@@ -46,7 +46,7 @@ public:
     bool isMuted() const override { return m_muted; }
     void setMuted(bool muted) override;
 
-    VideoOutput *videoOutput() override;
+    VideoOutput *videoOutput() override { return &m_mpv.renderer(); }
 
 private:
     enum class SeekStep { None, Sent, Accepted, Begun };

@@ -10,8 +10,8 @@
 
 namespace clipwren {
 
-/// What the user wants a video saved as. A case more is a case more in `allOutputFormats`, too; the
-/// other places that need one do not compile without it.
+/// What the user wants a video saved as. Add a new format to `allOutputFormats`, too; the compiler
+/// names every other place that has to handle it.
 enum class OutputFormat {
     bestResolution, ///< the highest resolution that the site offers, in its own codec
     macCompatible, ///< the best H.264 stream
@@ -23,7 +23,7 @@ inline constexpr std::array allOutputFormats{OutputFormat::bestResolution,
                                              OutputFormat::macCompatible, OutputFormat::proRes422,
                                              OutputFormat::audioMP3};
 
-/// What a case is.
+/// The properties of one format.
 struct OutputFormatTraits {
     QString rawValue; ///< the case's name: its identifier, and what the stored preference holds
     QString extension; ///< of the saved file, without the dot

@@ -74,8 +74,8 @@ bool isLockMissing(int error)
     return error == EOPNOTSUPP || error == ENOLCK || error == EBADF || error == EINVAL;
 }
 
-/// A new hidden folder beside the file, with the file in it, and the lock on that folder. `put` has
-/// the arguments of rename().
+/// Makes a hidden folder beside the file and moves or links the file into it; returns the folder
+/// and the lock on it. `put` has the arguments of rename().
 std::pair<QString, FileDescriptor> putIntoFolder(const QString &file,
                                                  bool (*put)(const QString &, const QString &))
 {

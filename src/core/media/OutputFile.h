@@ -35,9 +35,9 @@ private:
     bool m_kept = false;
 };
 
-/// A file that a tool may remove or replace, which is none of its business.
+/// Protects a file that a tool may remove or replace while it runs.
 ///
-/// Meanwhile a hidden folder beside it holds it under a second name. Destroying this puts it back
+/// Meanwhile a hidden folder beside it holds a hard link to it. Destroying this puts it back
 /// where it is gone or another. `OutputFile::restoreAfterKill` does so after a kill.
 class KeptFile {
 public:

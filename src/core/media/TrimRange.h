@@ -2,6 +2,7 @@
 
 namespace clipwren {
 
+/// Below this a range may hold no picture; it is not cut.
 inline constexpr double shortestTrimSeconds = 0.05;
 
 /// The part of a file to keep, in seconds from its beginning.
@@ -9,7 +10,7 @@ struct TrimRange {
     double start;
     double end;
 
-    /// Of a shorter range there may be no picture to keep.
+    /// Longer than `shortestTrimSeconds`.
     bool isLongEnough() const { return start + shortestTrimSeconds < end; }
 
     bool operator==(const TrimRange &) const = default;

@@ -16,7 +16,7 @@ class FormatChoice {
 public:
     /// `preferences` outlive this. `given` holds instead of the stored format, which it leaves
     /// alone, until another one is chosen.
-    explicit FormatChoice(Preferences &preferences, std::optional<OutputFormat> given)
+    FormatChoice(Preferences &preferences, std::optional<OutputFormat> given)
         : m_preferences(preferences), m_given(given)
     {
     }

@@ -22,6 +22,23 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    /// Leaves nothing but a recorded file of that name, and the video ready to be downloaded.
+    bool startOverWith(const QString &name, DownloadRecord record)
+    {
+        QDir(fake.downloadFolder()).removeRecursively();
+        fake.store.clear();
+        QFile earlier(path(name));
+        if (!QDir().mkpath(fake.downloadFolder()) || !earlier.open(QIODevice::WriteOnly)
+            || earlier.write("earlier") != 7)
+            return false;
+        earlier.close();
+        record.sourceURL = address;
+        record.filePath = earlier.fileName();
+        fake.store.add(record);
+        makeReady();
+        return true;
+    }
+
     /// False when there were fewer operations than that.
     bool saveWithFault(int number)
     {
@@ -46,19 +63,10 @@ TEST_P(FileFaultTest, LosesNoFileAndSaysWhatFailed)
         int number = 0;
         while (isFault) {
             SCOPED_TRACE(++number);
-            QDir(fake.downloadFolder()).removeRecursively();
-            fake.store.clear();
-            QFile earlier(path(clip));
-            ASSERT_TRUE(QDir().mkpath(fake.downloadFolder()) && earlier.open(QIODevice::WriteOnly)
-                        && earlier.write("earlier") == 7);
-            earlier.close();
             DownloadRecord record;
-            record.sourceURL = address;
-            record.filePath = earlier.fileName();
             record.trimStart = 1;
             record.trimEnd = 5;
-            fake.store.add(record);
-            makeReady();
+            ASSERT_TRUE(startOverWith(clip, record));
             view->setTrimEnabled(true);
             view->setTrimRange(1, 5);
             const QString downloads = fake.tools.path(u"yt-dlp.downloads"_s);
@@ -97,23 +105,13 @@ TEST_P(FileFaultTest, LosesNoFilmWhoseSoundIsSaved)
     int number = 0;
     while (isFault) {
         SCOPED_TRACE(++number);
-        QDir(fake.downloadFolder()).removeRecursively();
-        fake.store.clear();
-        QFile film(path(whole));
-        ASSERT_TRUE(QDir().mkpath(fake.downloadFolder()) && film.open(QIODevice::WriteOnly)
-                    && film.write("film") == 4);
-        film.close();
-        DownloadRecord record;
-        record.sourceURL = address;
-        record.filePath = film.fileName();
-        fake.store.add(record);
-        makeReady();
+        ASSERT_TRUE(startOverWith(whole, {}));
         view->setOutputFormatRaw(u"audioMP3"_s);
         isFault = saveWithFault(number);
         EXPECT_TRUE(view->phase() == Phase::done || view->errorMessage());
         view->resetAll();
         OutputFile::restoreAfterKill(fake.downloadFolder());
-        EXPECT_EQ(read(whole), "film");
+        EXPECT_EQ(read(whole), "earlier");
     }
     EXPECT_GT(number, 5);
 }
