@@ -4,6 +4,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 Error::Error(const QString &description) : Error(description, description, {})
 {
 }
@@ -21,10 +23,10 @@ ClipwrenError::ClipwrenError(Code code, const QString &description, const ToolLo
 
 QString ClipwrenError::domain()
 {
-    return QStringLiteral("Clipwren");
+    return u"Clipwren"_s;
 }
 
-CancellationError::CancellationError() : Error(QStringLiteral("Cancelled"))
+CancellationError::CancellationError() : Error(u"Cancelled"_s)
 {
 }
 

@@ -10,6 +10,8 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 /// Runs the real program, in a home of its own with no screen (unless it is given one) and no
 /// settings of ours in reach.
 class ProgramTest : public testing::Test {
@@ -34,7 +36,7 @@ protected:
     /// Absolute, without symbolic links, and found in no other process's arguments.
     const QString &home() const { return m_home; }
     /// Where the program saves: the user's videos folder has a name of the user's language.
-    QString downloadsFolder() const { return m_home + QStringLiteral("/Vidéos/Clipwren"); }
+    QString downloadsFolder() const { return m_home + u"/Vidéos/Clipwren"_s; }
     /// The names in that folder, hidden and unfinished files too.
     QStringList savedFiles() const;
     /// The command lines, arguments parted by blanks, of running processes that name this home.

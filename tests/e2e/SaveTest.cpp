@@ -4,7 +4,7 @@
 #include "core/ytdlp/YtDlpService.h"
 #include "e2e/ProgramTest.h"
 #include "support/SampleSite.h"
-#include "workflow/download/FormatPromise.h"
+#include "workflow/download/OfferedFormats.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>

@@ -8,13 +8,14 @@
 #include <QTemporaryDir>
 
 using namespace clipwren;
+using namespace Qt::StringLiterals;
 
 /// The two lists as anybody may have left them on the disk; what is read is what is written back.
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     static const QTemporaryDir folder;
-    for (const QString &name : {QStringLiteral("downloads.json"), QStringLiteral("history.json")}) {
+    for (const QString &name : {u"downloads.json"_s, u"history.json"_s}) {
         QFile file(folder.filePath(name));
         fuzz::require(file.open(QIODevice::WriteOnly));
         file.write(fuzz::bytesOf(data, size));

@@ -7,6 +7,8 @@
 namespace clipwren::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QString readFile(const QString &path)
 {
     QFile file(path);
@@ -38,24 +40,23 @@ QString FakeTools::add(const QString &name, const QString &body) const
 {
     // Only commands of the shell's own: a child of a tool that is stopped could write here after
     // the folder is gone.
-    write(
-        name,
-        QStringLiteral("#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$0.args\"\necho run >> \"$0.runs\"\n")
-            + body + u'\n');
+    write(name,
+          u"#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$0.args\"\necho run >> \"$0.runs\"\n"_s + body
+              + u'\n');
     QFile::setPermissions(path(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return path(name);
 }
 
 QStringList FakeTools::arguments(const QString &name) const
 {
-    QStringList lines = readFile(path(name) + QStringLiteral(".args")).split(u'\n');
+    QStringList lines = readFile(path(name) + u".args"_s).split(u'\n');
     lines.removeLast();
     return lines;
 }
 
 int FakeTools::runCount(const QString &name) const
 {
-    return static_cast<int>(readFile(path(name) + QStringLiteral(".runs")).count(u'\n'));
+    return static_cast<int>(readFile(path(name) + u".runs"_s).count(u'\n'));
 }
 
 } // namespace clipwren::test

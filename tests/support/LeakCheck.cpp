@@ -12,14 +12,15 @@
 namespace clipwren::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// By number, with what each leads to.
 QStringList openDescriptors()
 {
     QStringList descriptors;
-    const QDir folder(QStringLiteral("/proc/self/fd"));
+    const QDir folder(u"/proc/self/fd"_s);
     for (const QString &number : folder.entryList(QDir::AllEntries | QDir::System))
-        descriptors << number + QStringLiteral(" -> ")
-                + QFile::symLinkTarget(folder.filePath(number));
+        descriptors << number + u" -> "_s + QFile::symLinkTarget(folder.filePath(number));
     return descriptors;
 }
 
@@ -29,8 +30,8 @@ int childCount()
 {
     int count = 0;
     const QByteArray self = QByteArray::number(getpid());
-    for (const QString &name : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-        QFile file(QStringLiteral("/proc/%1/stat").arg(name));
+    for (const QString &name : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+        QFile file(u"/proc/%1/stat"_s.arg(name));
         if (!name[0].isDigit() || !file.open(QIODevice::ReadOnly))
             continue;
         const QByteArray line = file.readAll();
@@ -64,8 +65,8 @@ void LeakCheck::OnTestEnd(const testing::TestInfo &)
     EXPECT_TRUE(eventually([this] {
         return openDescriptors().size() <= m_descriptorsBefore.size();
     })) << "descriptors were left open; before: "
-        << m_descriptorsBefore.join(QStringLiteral(", ")).toStdString()
-        << "; now: " << openDescriptors().join(QStringLiteral(", ")).toStdString();
+        << m_descriptorsBefore.join(u", "_s).toStdString()
+        << "; now: " << openDescriptors().join(u", "_s).toStdString();
 }
 
 } // namespace clipwren::test

@@ -8,6 +8,8 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 void LibraryFixture::writeFile(const QString &name, const QByteArray &content) const
 {
     QFile file(path(name));
@@ -24,7 +26,7 @@ QByteArray LibraryFixture::readFile(const QString &name) const
 DownloadRecord fullRecord(const QString &title)
 {
     DownloadRecord record = bareRecord(title);
-    record.thumbnailURL = QStringLiteral("https://i.example.org/1.jpg");
+    record.thumbnailURL = u"https://i.example.org/1.jpg"_s;
     record.durationSeconds = 212.5;
     record.trimStart = 0.1 + 0.2;
     record.trimEnd = 100;
@@ -36,8 +38,8 @@ DownloadRecord bareRecord(const QString &title)
     DownloadRecord record;
     record.id = QUuid::createUuid();
     record.title = title;
-    record.sourceURL = QStringLiteral("https://example.org/watch?a=1&b=2");
-    record.filePath = QStringLiteral("/home/a/Videos/%1.mp4").arg(title);
+    record.sourceURL = u"https://example.org/watch?a=1&b=2"_s;
+    record.filePath = u"/home/a/Videos/%1.mp4"_s.arg(title);
     record.createdAt = currentTimestamp();
     return record;
 }

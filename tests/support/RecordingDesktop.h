@@ -8,25 +8,24 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 /// Notes what it was asked for: "reveal PATH", "open PATH", "browse ADDRESS", "copy TEXT", "sound".
 class RecordingDesktop : public Desktop {
 public:
     QStringList log;
     QString clipboard;
 
-    void reveal(const QString &path) override { log << QStringLiteral("reveal ") + path; }
-    void openFile(const QString &path) override { log << QStringLiteral("open ") + path; }
-    void openAddress(const QUrl &address) override
-    {
-        log << QStringLiteral("browse ") + address.toString();
-    }
+    void reveal(const QString &path) override { log << u"reveal "_s + path; }
+    void openFile(const QString &path) override { log << u"open "_s + path; }
+    void openAddress(const QUrl &address) override { log << u"browse "_s + address.toString(); }
     QString clipboardText() const override { return clipboard; }
     void setClipboardText(const QString &text) override
     {
         clipboard = text;
-        log << QStringLiteral("copy ") + text;
+        log << u"copy "_s + text;
     }
-    void playCompletionSound() override { log << QStringLiteral("sound"); }
+    void playCompletionSound() override { log << u"sound"_s; }
 };
 
 /// Preferences that are gone with the test.

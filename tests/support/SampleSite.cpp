@@ -6,6 +6,8 @@
 namespace clipwren::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 // Covers the wait for another test that makes the films on a busy machine.
@@ -39,9 +41,7 @@ SampleSite::SampleSite()
     generateMedia();
     m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     // The site also ends when a killed test closes its input.
-    m_server.start(
-        script("serve"),
-        {QStringLiteral("--media"), mediaFolder(), QStringLiteral("--until-input-closes")});
+    m_server.start(script("serve"), {u"--media"_s, mediaFolder(), u"--until-input-closes"_s});
     while (!m_server.canReadLine()) {
         if (!m_server.waitForReadyRead(static_cast<int>(answerLimit.count())))
             throw std::runtime_error("the sample site does not answer");

@@ -10,6 +10,8 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 /// A player that notes what it was told to do, and the test says what happens. It has pictures only
 /// where it is given an output, which should be its child.
 class ScriptedPlayer : public MediaPlayer {
@@ -43,7 +45,7 @@ public:
 
     void load(const QUrl &url) override
     {
-        note(QStringLiteral("load ") + url.toString());
+        note(u"load "_s + url.toString());
         m_url = url;
         setStatus(Status::Loading);
     }
@@ -53,12 +55,12 @@ public:
 
     void play() override
     {
-        note(QStringLiteral("play"));
+        note(u"play"_s);
         setPlaying(true);
     }
     void pause() override
     {
-        note(QStringLiteral("pause"));
+        note(u"pause"_s);
         setPlaying(false);
     }
     bool isPlaying() const override { return m_playing; }
@@ -66,13 +68,13 @@ public:
     void seek(double seconds, SeekDone done) override { m_seeks.request(seconds, std::move(done)); }
     void step(int frames) override
     {
-        note(QStringLiteral("step %1").arg(frames));
+        note(u"step %1"_s.arg(frames));
         setPlaying(false);
     }
     void setEndTime(std::optional<double> seconds) override
     {
         if (seconds || m_endTime)
-            note(seconds ? QStringLiteral("end %1").arg(*seconds) : QStringLiteral("no end"));
+            note(seconds ? u"end %1"_s.arg(*seconds) : u"no end"_s);
         m_endTime = seconds;
     }
 
@@ -114,7 +116,7 @@ private:
     VideoOutput *m_output = nullptr;
     LatestSeek m_seeks{[this](double seconds) {
         m_position = seconds;
-        note(QStringLiteral("seek %1").arg(seconds));
+        note(u"seek %1"_s.arg(seconds));
         Q_EMIT positionChanged();
     }};
     QUrl m_url;

@@ -2,6 +2,8 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 WebServer::WebServer(Answer answer)
 {
     listen(QHostAddress::LocalHost);
@@ -32,7 +34,7 @@ WebServer::WebServer() : WebServer([](const QByteArray &, QTcpSocket &) {})
 
 QString WebServer::url(const QString &path) const
 {
-    return QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path);
+    return u"http://127.0.0.1:%1%2"_s.arg(serverPort()).arg(path);
 }
 
 QByteArray response(const QByteArray &status, const QByteArray &body, const QByteArray &moreHead)

@@ -8,6 +8,8 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 /// A web server on this machine that answers every request with what a test wrote.
 class WebServer : public QTcpServer {
 public:
@@ -20,7 +22,7 @@ public:
     /// Never answers.
     WebServer();
 
-    QString url(const QString &path = QStringLiteral("/file")) const;
+    QString url(const QString &path = u"/file"_s) const;
     int requestCount() const { return m_requests; }
     int openConnections() const { return static_cast<int>(findChildren<QTcpSocket *>().size()); }
 

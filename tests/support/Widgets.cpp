@@ -14,6 +14,8 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 void showWindow(QWidget &view)
 {
     view.show();
@@ -75,7 +77,7 @@ QStringList itemsOf(const QMenu &menu)
 {
     QStringList items;
     for (const QAction *action : menu.actions()) {
-        items << (action->isSeparator()     ? QStringLiteral("-")
+        items << (action->isSeparator()     ? u"-"_s
                       : action->isEnabled() ? action->text()
                                             : u'(' + action->text() + u')');
     }

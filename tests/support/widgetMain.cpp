@@ -17,6 +17,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// Opens what Qt keeps open from its first use of windows, buses and the network, so that no test
 /// seems to leak it.
 void openWhatQtKeeps()
@@ -26,8 +28,8 @@ void openWhatQtKeeps()
     window.activateWindow();
     std::ignore = QTest::qWaitForWindowActive(&window);
 
-    const auto bus = QStringLiteral("first");
-    QDBusConnection::connectToBus(QStringLiteral("unix:path=/nonexistent"), bus);
+    const auto bus = u"first"_s;
+    QDBusConnection::connectToBus(u"unix:path=/nonexistent"_s, bus);
     QDBusConnection::disconnectFromBus(bus);
     // Assistive tools are reached over the session's bus, which is kept.
     QDBusConnection::sessionBus();
@@ -36,7 +38,7 @@ void openWhatQtKeeps()
 
     QNetworkAccessManager network;
     const std::unique_ptr<QNetworkReply> reply(
-        network.get(QNetworkRequest(QUrl(QStringLiteral("http://nobody.invalid/")))));
+        network.get(QNetworkRequest(QUrl(u"http://nobody.invalid/"_s))));
     QSignalSpy(reply.get(), &QNetworkReply::finished).wait();
 }
 

@@ -110,48 +110,43 @@ qint64 sum(qint64 first, qint64 second)
 FormatOption bestResolution(const std::optional<VideoFormat> &video, qint64 audioBytes)
 {
     const QString codec = video ? *video->vcodec : QString();
-    FormatOption option{OutputFormat::bestResolution, QStringLiteral("Best resolution"),
-                        QStringLiteral("Highest available stream."), compatLevel(codec),
+    FormatOption option{OutputFormat::bestResolution, u"Best resolution"_s,
+                        u"Highest available stream."_s, compatLevel(codec),
                         known(sum(sizeOf(video), audioBytes))};
     const qint64 height = video ? heightOf(*video) : 0;
     if (height == 0)
         return option;
 
     const QString codecName = prettyCodecName(codec);
-    option.title =
-        QStringLiteral("Best resolution — %1p %2").arg(QString::number(height), codecName);
+    option.title = u"Best resolution — %1p %2"_s.arg(QString::number(height), codecName);
     if (option.compat == CompatLevel::macNative) {
-        option.subtitle = QStringLiteral("Plays in QuickTime, CapCut, Final Cut, iMovie.");
+        option.subtitle = u"Plays in QuickTime, CapCut, Final Cut, iMovie."_s;
     } else if (option.compat == CompatLevel::macModern) {
-        option.subtitle = QStringLiteral("Plays on modern macOS. May not play in older tools.");
+        option.subtitle = u"Plays on modern macOS. May not play in older tools."_s;
     } else {
         option.subtitle =
-            QStringLiteral("Will only play in VLC or IINA. QuickTime can't decode %1.")
-                .arg(codecName);
+            u"Will only play in VLC or IINA. QuickTime can't decode %1."_s.arg(codecName);
     }
     return option;
 }
 
 FormatOption macCompatible(const VideoFormat &h264, qint64 audioBytes)
 {
-    return {OutputFormat::macCompatible,
-            QStringLiteral("Mac Compatible — %1p H.264").arg(heightOf(h264)),
-            QStringLiteral("Lower resolution than max, but plays everywhere on Mac."),
-            CompatLevel::macNative, known(sum(sizeOf(h264), audioBytes))};
+    return {OutputFormat::macCompatible, u"Mac Compatible — %1p H.264"_s.arg(heightOf(h264)),
+            u"Lower resolution than max, but plays everywhere on Mac."_s, CompatLevel::macNative,
+            known(sum(sizeOf(h264), audioBytes))};
 }
 
 FormatOption proRes422(qint64 height, double duration)
 {
-    FormatOption option{
-        OutputFormat::proRes422, QStringLiteral("Apple ProRes 422"),
-        QStringLiteral("Editing format for Final Cut / Resolve. Files are very large."),
-        CompatLevel::proRes, known(estimatedProResBytes(height, duration))};
+    FormatOption option{OutputFormat::proRes422, u"Apple ProRes 422"_s,
+                        u"Editing format for Final Cut / Resolve. Files are very large."_s,
+                        CompatLevel::proRes, known(estimatedProResBytes(height, duration))};
     if (option.approximateBytes) {
         option.subtitle =
-            QStringLiteral("Editing format (Final Cut / Resolve). ~%1 at %2p — far larger "
-                           "than MP4.")
-                .arg(byteCountText(*option.approximateBytes, {ByteUnit::MB, ByteUnit::GB}),
-                     QString::number(height));
+            u"Editing format (Final Cut / Resolve). ~%1 at %2p — far larger "
+            "than MP4."_s.arg(byteCountText(*option.approximateBytes, {ByteUnit::MB, ByteUnit::GB}),
+                              QString::number(height));
     }
     return option;
 }
@@ -181,8 +176,8 @@ QList<FormatOption> FormatOption::options(const std::optional<VideoInfo> &info)
             options.append(proRes422(height, info ? info->duration.value_or(0) : 0));
             break;
         case OutputFormat::audioMP3:
-            options.append({OutputFormat::audioMP3, QStringLiteral("Audio only (MP3)"),
-                            QStringLiteral("Strip video, best VBR audio."), CompatLevel::audioOnly,
+            options.append({OutputFormat::audioMP3, u"Audio only (MP3)"_s,
+                            u"Strip video, best VBR audio."_s, CompatLevel::audioOnly,
                             std::nullopt});
             break;
         }
@@ -209,15 +204,15 @@ QString prettyCodecName(const QString &codec)
 {
     const QString name = codec.toLower();
     if (startsWithAny(name, {"avc1"_L1, "h264"_L1}))
-        return QStringLiteral("H.264");
+        return u"H.264"_s;
     if (startsWithAny(name, {"hev"_L1, "hvc"_L1, "h265"_L1}))
-        return QStringLiteral("HEVC");
+        return u"HEVC"_s;
     if (startsWithAny(name, {"av01"_L1}))
-        return QStringLiteral("AV1");
+        return u"AV1"_s;
     if (startsWithAny(name, {"vp9"_L1, "vp09"_L1}))
-        return QStringLiteral("VP9");
+        return u"VP9"_s;
     if (startsWithAny(name, {"vp8"_L1, "vp08"_L1}))
-        return QStringLiteral("VP8");
+        return u"VP8"_s;
     return codec.toUpper();
 }
 

@@ -2,27 +2,25 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 EncodeProfile EncodeProfile::h264Mp4()
 {
     return {
-        .videoArgs = {QStringLiteral("-c:v"), QStringLiteral("libx264"), QStringLiteral("-preset"),
-                      QStringLiteral("veryfast"), QStringLiteral("-crf"), QStringLiteral("20"),
-                      QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")},
-        .audioArgs = {QStringLiteral("-c:a"), QStringLiteral("aac"), QStringLiteral("-b:a"),
-                      QStringLiteral("192k")},
-        .ext = QStringLiteral("mp4"),
+        .videoArgs = {u"-c:v"_s, u"libx264"_s, u"-preset"_s, u"veryfast"_s, u"-crf"_s, u"20"_s,
+                      u"-pix_fmt"_s, u"yuv420p"_s},
+        .audioArgs = {u"-c:a"_s, u"aac"_s, u"-b:a"_s, u"192k"_s},
+        .ext = u"mp4"_s,
     };
 }
 
 EncodeProfile EncodeProfile::proRes422()
 {
     return {
-        .videoArgs = {QStringLiteral("-c:v"), QStringLiteral("prores_ks"),
-                      QStringLiteral("-profile:v"), QStringLiteral("3"), QStringLiteral("-vendor"),
-                      QStringLiteral("apl0"), QStringLiteral("-pix_fmt"),
-                      QStringLiteral("yuv422p10le")},
-        .audioArgs = {QStringLiteral("-c:a"), QStringLiteral("pcm_s16le")},
-        .ext = QStringLiteral("mov"),
+        .videoArgs = {u"-c:v"_s, u"prores_ks"_s, u"-profile:v"_s, u"3"_s, u"-vendor"_s, u"apl0"_s,
+                      u"-pix_fmt"_s, u"yuv422p10le"_s},
+        .audioArgs = {u"-c:a"_s, u"pcm_s16le"_s},
+        .ext = u"mov"_s,
     };
 }
 

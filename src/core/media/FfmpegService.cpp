@@ -18,6 +18,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 double lengthOf(const TrimRange &trim)
 {
     return std::max(trim.end - trim.start, 0.001);
@@ -44,18 +46,17 @@ bool isSameFile(const QString &path, const QString &other)
 QStringList transcodeArguments(const QString &input, const QString &output,
                                const EncodeProfile &profile, const std::optional<TrimRange> &trim)
 {
-    QStringList arguments{QStringLiteral("-hide_banner"), QStringLiteral("-y")};
+    QStringList arguments{u"-hide_banner"_s, u"-y"_s};
     // In front of the input, ffmpeg seeks instead of decoding all that comes before.
     if (trim)
-        arguments << QStringLiteral("-ss") << secondsText(trim->start);
-    arguments << QStringLiteral("-i") << input;
+        arguments << u"-ss"_s << secondsText(trim->start);
+    arguments << u"-i"_s << input;
     if (trim)
-        arguments << QStringLiteral("-t") << secondsText(lengthOf(*trim));
+        arguments << u"-t"_s << secondsText(lengthOf(*trim));
     arguments << profile.videoArgs << profile.audioArgs;
     if (profile.ext == u"mp4")
-        arguments << QStringLiteral("-movflags") << QStringLiteral("+faststart");
-    arguments << QStringLiteral("-progress") << QStringLiteral("pipe:1")
-              << QStringLiteral("-nostats") << output;
+        arguments << u"-movflags"_s << u"+faststart"_s;
+    arguments << u"-progress"_s << u"pipe:1"_s << u"-nostats"_s << output;
     return arguments;
 }
 
@@ -73,27 +74,24 @@ double knownDuration(const FfmpegService &service, const QString &path, const st
 
 MediaInspection FfmpegService::inspect(const QString &path, std::stop_token stop) const
 {
-    const QString report = ProcessRunner::runCapturing(
-        {ffprobePath,
-         {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-print_format"),
-          QStringLiteral("json"), QStringLiteral("-show_format"), QStringLiteral("-show_streams"),
-          path}},
-        std::nullopt, stop);
+    const QString report =
+        ProcessRunner::runCapturing({ffprobePath,
+                                     {u"-v"_s, u"error"_s, u"-print_format"_s, u"json"_s,
+                                      u"-show_format"_s, u"-show_streams"_s, path}},
+                                    std::nullopt, stop);
     if (report.isEmpty()) {
-        throw ClipwrenError(ClipwrenError::Code::EmptyProbeOutput,
-                            QStringLiteral("empty ffprobe output"));
+        throw ClipwrenError(ClipwrenError::Code::EmptyProbeOutput, u"empty ffprobe output"_s);
     }
     return MediaInspection::fromReport(FfprobeReport::fromJson(report.toUtf8()));
 }
 
 double FfmpegService::duration(const QString &path, std::stop_token stop) const
 {
-    const QString seconds = ProcessRunner::runCapturing(
-        {ffprobePath,
-         {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-show_entries"),
-          QStringLiteral("format=duration"), QStringLiteral("-of"),
-          QStringLiteral("default=noprint_wrappers=1:nokey=1"), path}},
-        std::nullopt, stop);
+    const QString seconds =
+        ProcessRunner::runCapturing({ffprobePath,
+                                     {u"-v"_s, u"error"_s, u"-show_entries"_s, u"format=duration"_s,
+                                      u"-of"_s, u"default=noprint_wrappers=1:nokey=1"_s, path}},
+                                    std::nullopt, stop);
     return readNumber(seconds.trimmed()).value_or(0);
 }
 
@@ -101,10 +99,8 @@ FfmpegService::Lengths FfmpegService::lengths(const QString &path, std::stop_tok
 {
     const QString report = ProcessRunner::runCapturing(
         {ffprobePath,
-         {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-select_streams"),
-          QStringLiteral("V"), QStringLiteral("-show_entries"),
-          QStringLiteral("stream=index,duration:format=duration"), QStringLiteral("-of"),
-          QStringLiteral("json"), path}},
+         {u"-v"_s, u"error"_s, u"-select_streams"_s, u"V"_s, u"-show_entries"_s,
+          u"stream=index,duration:format=duration"_s, u"-of"_s, u"json"_s, path}},
         std::nullopt, stop);
     const auto json = JsonObjectReader::fromDocument(report.toUtf8());
     const auto seconds = [](const JsonObjectReader &entry) {
@@ -126,7 +122,7 @@ QString FfmpegService::outputPath(const QString &input, const QString &ext, cons
     const qsizetype dot = input.lastIndexOf(u'.');
     QString path = dot > input.lastIndexOf(u'/') + 1 ? input.first(dot) : input;
     if (!suffix.isEmpty())
-        path += QStringLiteral(" — ") + suffix;
+        path += u" — "_s + suffix;
     path += u'.' + ext;
     return isSameFile(path, input) ? nextFreePath(path) : path;
 }

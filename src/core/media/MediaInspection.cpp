@@ -115,7 +115,7 @@ std::optional<QString> MediaInspection::dimensions() const
 {
     if (width.value_or(0) < 1 || height.value_or(0) < 1)
         return std::nullopt;
-    return QStringLiteral("%1 × %2").arg(*width).arg(*height);
+    return u"%1 × %2"_s.arg(*width).arg(*height);
 }
 
 size_t qHash(const MediaInspection &inspection, size_t seed)

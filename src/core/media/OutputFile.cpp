@@ -18,6 +18,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// Also true of a link that leads nowhere, through which a tool would write somewhere else.
 bool isTaken(const QString &path)
 {
@@ -54,7 +56,7 @@ void removeFolder(const QString &path)
 }
 
 // The file keeps its name inside, which may be as long as the file system allows.
-const QString earlierFolderTemplate = QStringLiteral(".clipwren-earlier-XXXXXX");
+const QString earlierFolderTemplate = u".clipwren-earlier-XXXXXX"_s;
 
 /// With the slash before it.
 QString nameOf(const QString &path)
@@ -182,7 +184,7 @@ KeptFile::~KeptFile()
     removeFolder(m_folder);
 }
 
-bool mayBeThere(const QString &path)
+bool mayExist(const QString &path)
 {
     try {
         return kindOf(path) != 0;

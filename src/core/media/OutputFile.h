@@ -54,7 +54,7 @@ private:
 };
 
 /// False only where there certainly is nothing of that name.
-bool mayBeThere(const QString &path);
+bool mayExist(const QString &path);
 
 /// `path` with the least number from 2 on before the extension that no file has yet, as in
 /// "Talk 2.mov".

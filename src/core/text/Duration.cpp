@@ -6,6 +6,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Rounds to steps of which a second has so many; halves away from zero. Nothing for what is no
@@ -30,7 +32,7 @@ QString wholeSecondsText(qint64 seconds)
         + twoDigits(seconds % 60);
 }
 
-const QString noDuration = QStringLiteral("—");
+const QString noDuration = u"—"_s;
 
 } // namespace
 
@@ -50,7 +52,7 @@ QString formatDurationTenths(double seconds)
 std::optional<double> parseTime(QStringView text)
 {
     static const QRegularExpression shape(
-        QStringLiteral("^(?:(?:(\\d{1,4}):)?(\\d{1,3}):)?(\\d{1,9}(?:\\.\\d+)?)$"));
+        u"^(?:(?:(\\d{1,4}):)?(\\d{1,3}):)?(\\d{1,9}(?:\\.\\d+)?)$"_s);
     const QRegularExpressionMatch match = shape.match(text);
     if (!match.hasMatch())
         return std::nullopt;

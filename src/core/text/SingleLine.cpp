@@ -4,11 +4,13 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 QString singleLine(const QString &text)
 {
-    static const QRegularExpression breaks(QStringLiteral("\\R+"),
+    static const QRegularExpression breaks(u"\\R+"_s,
                                            QRegularExpression::UseUnicodePropertiesOption);
-    return QString(text).replace(breaks, QStringLiteral(" "));
+    return QString(text).replace(breaks, u" "_s);
 }
 
 } // namespace clipwren

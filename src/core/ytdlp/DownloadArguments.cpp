@@ -10,74 +10,75 @@
 namespace clipwren {
 namespace {
 
-/// The tool puts the values of environment variables into its template. Of a "$NAME" that has a
-/// value, the name is set apart by a field that prints nothing.
+using namespace Qt::StringLiterals;
+
+/// The tool expands environment variables in its template. Escapes each "$NAME" that has a value by
+/// a field that prints nothing, behind the "$".
 QString withoutVariables(QString text)
 {
-    static const QRegularExpression variable(QStringLiteral("\\$(\\w+|\\{([^}]*)\\})"));
+    static const QRegularExpression variable(u"\\$(\\w+|\\{([^}]*)\\})"_s);
     qsizetype position = text.indexOf(u'$');
     for (; position >= 0; position = text.indexOf(u'$', position + 1)) {
         const auto match = variable.match(text, position, QRegularExpression::NormalMatch,
                                           QRegularExpression::AnchorAtOffsetMatchOption);
         const QString name = match.captured(match.lastCapturedIndex());
         if (match.hasMatch() && qEnvironmentVariableIsSet(name.toUtf8().constData()))
-            text.insert(position + 1, QStringLiteral("%(none|)s"));
+            text.insert(position + 1, u"%(none|)s"_s);
     }
     return text;
 }
 
-/// As the tool's template writes a text.
+/// Escapes a text for the tool's output template.
 QString escaped(QString text)
 {
-    return text.replace(u'%', QStringLiteral("%%"));
+    return text.replace(u'%', u"%%"_s);
 }
 
 QString outputTemplate(const QString &directory, const std::optional<QString> &customFilename)
 {
     const QString stem = customFilename && !customFilename->isEmpty()
         ? escaped(fileStem(*customFilename))
-        : QStringLiteral("%(title).200B");
+        : u"%(title).200B"_s;
     // The whole path is a template, so a "%" in a folder's name is doubled too.
-    return withoutVariables(escaped(directory) + u'/' + stem) + QStringLiteral(" [%(id)s].%(ext)s");
+    return withoutVariables(escaped(directory) + u'/' + stem) + u" [%(id)s].%(ext)s"_s;
 }
 
 } // namespace
 
-QStringList downloadArguments(const QString &url, const QString &outputDirectory,
-                              OutputFormat format, const std::optional<QString> &customFilename,
-                              const QString &ffmpegPath)
+QStringList downloadOptions(const QString &outputDirectory, OutputFormat format,
+                            const std::optional<QString> &customFilename, const QString &ffmpegPath)
 {
     const QStringList common{
-        QStringLiteral("--no-playlist"),
-        QStringLiteral("--no-warnings"),
-        QStringLiteral("--newline"),
-        QStringLiteral("--progress"),
-        QStringLiteral("--progress-template"),
+        u"--no-playlist"_s,
+        u"--no-warnings"_s,
+        u"--newline"_s,
+        u"--progress"_s,
+        u"--progress-template"_s,
         DownloadProgress::progressTemplate(),
-        QStringLiteral("--socket-timeout"),
-        QStringLiteral("30"),
-        QStringLiteral("--retries"),
-        QStringLiteral("3"),
-        QStringLiteral("--ffmpeg-location"),
+        u"--socket-timeout"_s,
+        u"30"_s,
+        u"--retries"_s,
+        u"3"_s,
+        u"--ffmpeg-location"_s,
         ffmpegPath,
-        QStringLiteral("-o"),
+        u"-o"_s,
         outputTemplate(outputDirectory, customFilename),
-        QStringLiteral("--print"),
-        QStringLiteral("after_move:filepath:%(filepath)s"),
+        u"--print"_s,
+        u"after_move:filepath:%(filepath)s"_s,
     };
-    return common + traits(format).downloadArguments + QStringList{QStringLiteral("--"), url};
+    return common + traits(format).downloadArguments;
 }
 
 QString fileStem(const QString &customFilename)
 {
     // Cut before a "%" is doubled again: half of a pair would begin a field of the template.
-    static const QRegularExpression doubled(QStringLiteral("%%?"));
+    static const QRegularExpression doubled(u"%%?"_s);
     QString title = singleLine(customFilename);
-    // As part of a longer character, with an accent, it would part folders all the same.
+    // sanitizeFilename() works by grapheme: a "/" with a combining accent would stay a separator.
     title.replace(u'/', u'-');
     QString stem = YtDlpService::sanitizeFilename(title);
-    stem = firstBytes(stem.replace(doubled, QStringLiteral("%")), maximumStemBytes);
-    return stem.isEmpty() ? QStringLiteral("Untitled") : stem;
+    stem = firstBytes(stem.replace(doubled, u"%"_s), maximumStemBytes);
+    return stem.isEmpty() ? u"Untitled"_s : stem;
 }
 
 QString siteFileStem(const QString &title)
@@ -86,8 +87,8 @@ QString siteFileStem(const QString &title)
     QByteArray bytes = title.toUtf8().left(maximumStemBytes);
     while (!QUtf8StringView(bytes).isValidUtf8())
         bytes.chop(1);
-    static const QRegularExpression timeColon(QStringLiteral("(?<=[0-9]):(?=[0-9])"));
-    const QString text = QString::fromUtf8(bytes).replace(timeColon, QStringLiteral("_"));
+    static const QRegularExpression timeColon(u"(?<=[0-9]):(?=[0-9])"_s);
+    const QString text = QString::fromUtf8(bytes).replace(timeColon, u"_"_s);
     QString stem;
     for (const QChar character : text) {
         const char16_t code = character.unicode();
@@ -98,7 +99,7 @@ QString siteFileStem(const QString &title)
         else if (code >= 32 && code != 127)
             stem += character;
     }
-    return stem.isEmpty() ? QStringLiteral("_") : stem;
+    return stem.isEmpty() ? u"_"_s : stem;
 }
 
 QString firstBytes(const QString &text, qsizetype maximum)

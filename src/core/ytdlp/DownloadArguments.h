@@ -8,23 +8,23 @@
 
 namespace clipwren {
 
-/// The tool's whole argument vector for one download. Arguments as of `YtDlpService::download`.
-QStringList downloadArguments(const QString &url, const QString &outputDirectory,
-                              OutputFormat format, const std::optional<QString> &customFilename,
-                              const QString &ffmpegPath);
+/// yt-dlp's options for one download. Arguments as of `YtDlpService::download`.
+QStringList downloadOptions(const QString &outputDirectory, OutputFormat format,
+                            const std::optional<QString> &customFilename,
+                            const QString &ffmpegPath);
 
-// What "%(title).200B" leaves of a title. File systems take names of 255 bytes, and the tool's
-// partial files have longer ones than the file.
+// As in "%(title).200B". File systems limit names to 255 bytes, and the tool's partial files have
+// longer names than the final file.
 inline constexpr qsizetype maximumStemBytes = 200;
 
-/// What stands before " [id]" in the name of a file that gets this title, which is not empty.
+/// The part before " [id]" of the file name for a title that is not empty.
 QString fileStem(const QString &customFilename);
 
 /// The same of a file that the tool names by the site's title, of one line. May be longer than a
-/// file system takes: the tool puts wide characters in the place of some after it has cut.
+/// file system allows: the tool replaces some characters by wide ones after it has truncated.
 QString siteFileStem(const QString &title);
 
-/// As much of the text as has at most that many bytes, cut between characters as people see them.
+/// The longest prefix of at most that many UTF-8 bytes, cut between graphemes.
 QString firstBytes(const QString &text, qsizetype maximum);
 
 } // namespace clipwren

@@ -9,6 +9,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 // The tool reads the word as the kind of template and leaves it out of its lines. Versions that
 // print it are understood as well.
 constexpr QStringView prefix = u"download:";
@@ -65,7 +67,7 @@ QString statusIn(const QList<QStringView> &pieces)
         if (!text.isEmpty() && text != u"NA")
             known.append(text.left(longestField).toString());
     }
-    return known.join(QStringLiteral(" · "));
+    return known.join(u" · "_s);
 }
 
 } // namespace
@@ -85,8 +87,8 @@ std::optional<DownloadProgress> DownloadProgress::fromLine(QStringView line)
 
 QString DownloadProgress::progressTemplate()
 {
-    return QStringLiteral("download:%(progress._percent_str)s||%(progress._speed_str)s||"
-                          "%(progress._eta_str)s");
+    return u"download:%(progress._percent_str)s||%(progress._speed_str)s||"
+           "%(progress._eta_str)s"_s;
 }
 
 std::optional<QString> reportedPath(QStringView line)

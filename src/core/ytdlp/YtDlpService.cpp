@@ -16,6 +16,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// True when the time passed, false when a stop was requested before.
 bool sleepFor(std::chrono::milliseconds duration, const std::stop_token &stop)
 {
@@ -110,7 +112,7 @@ QString firstCharacters(const QString &text, int count)
 
 QString toolName()
 {
-    return QStringLiteral("yt-dlp");
+    return u"yt-dlp"_s;
 }
 
 } // namespace
@@ -123,8 +125,8 @@ YtDlpService::FetchError::FetchError(Kind kind, const QString &description, cons
 YtDlpService::FetchError YtDlpService::FetchError::emptyResponse(const QString &log)
 {
     return {Kind::emptyResponse,
-            QStringLiteral("yt-dlp returned no metadata. The video may be region-locked, "
-                           "age-restricted, or YouTube is throttling."),
+            u"yt-dlp returned no metadata. The video may be region-locked, "
+            "age-restricted, or YouTube is throttling."_s,
             log};
 }
 
@@ -132,23 +134,31 @@ YtDlpService::FetchError YtDlpService::FetchError::malformedJSON(const DecodingE
                                                                  const QString &log)
 {
     FetchError error(Kind::malformedJSON,
-                     QStringLiteral("yt-dlp returned data we couldn't parse. Tap 'View logs' for "
-                                    "details."),
+                     u"yt-dlp returned data we couldn't parse. Tap 'View logs' for "
+                     "details."_s,
                      log);
     error.m_underlying = underlying;
     return error;
 }
 
+ProcessRunner::Command YtDlpService::command(const QStringList &options, const QString &url) const
+{
+    return {binaryPath, options + QStringList{u"--"_s, url}};
+}
+
 YtDlpService::FetchedInfo YtDlpService::fetchInfo(const QString &url, const StatusHandler &onStatus,
                                                   std::stop_token stop) const
 {
-    const ProcessRunner::Command command{
-        binaryPath,
-        {QStringLiteral("-J"), QStringLiteral("-v"), QStringLiteral("--no-warnings"),
-         QStringLiteral("--no-playlist"), QStringLiteral("--socket-timeout"), QStringLiteral("20"),
-         QStringLiteral("--retries"), QStringLiteral("2"), QStringLiteral("--"), url}};
+    const QStringList options{u"-J"_s,
+                              u"-v"_s,
+                              u"--no-warnings"_s,
+                              u"--no-playlist"_s,
+                              u"--socket-timeout"_s,
+                              u"20"_s,
+                              u"--retries"_s,
+                              u"2"_s};
     const auto [document, log] = runWithin(
-        infoTimeout, command,
+        infoTimeout, command(options, url),
         [&](QStringView line) {
             if (onStatus)
                 onStatus(withoutTag(line));
@@ -165,14 +175,15 @@ YtDlpService::FetchedInfo YtDlpService::fetchInfo(const QString &url, const Stat
 
 std::optional<QUrl> YtDlpService::fetchPreviewURL(const QString &url, std::stop_token stop) const
 {
-    const ProcessRunner::Command command{
-        binaryPath,
-        {QStringLiteral("-g"), QStringLiteral("-f"),
-         QStringLiteral("best[ext=mp4][protocol^=http][acodec!=none][vcodec!=none]/"
-                        "best[height<=720][ext=mp4][acodec!=none]/18"),
-         QStringLiteral("--no-warnings"), QStringLiteral("--no-playlist"),
-         QStringLiteral("--socket-timeout"), QStringLiteral("15"), QStringLiteral("--"), url}};
-    QString output = ProcessRunner::runCapturing(command, previewTimeout, stop);
+    const QStringList options{u"-g"_s,
+                              u"-f"_s,
+                              u"best[ext=mp4][protocol^=http][acodec!=none][vcodec!=none]/"
+                              "best[height<=720][ext=mp4][acodec!=none]/18"_s,
+                              u"--no-warnings"_s,
+                              u"--no-playlist"_s,
+                              u"--socket-timeout"_s,
+                              u"15"_s};
+    QString output = ProcessRunner::runCapturing(command(options, url), previewTimeout, stop);
     const QStringList lines = output.replace(u'\r', u'\n').split(u'\n', Qt::SkipEmptyParts);
     const QUrl address(lines.value(0).trimmed(), QUrl::StrictMode);
     return address.isValid() ? std::optional(address) : std::nullopt;
@@ -184,12 +195,12 @@ QString YtDlpService::download(const QString &url, const QString &outputDirector
 {
     constexpr qsizetype maximumLog = 100'000;
     createDirectory(outputDirectory);
-    const QStringList arguments =
-        downloadArguments(url, outputDirectory, format, customFilename, ffmpegPath);
+    const QStringList options =
+        downloadOptions(outputDirectory, format, customFilename, ffmpegPath);
     QString finalPath;
     QString log;
     ProcessRunner::runStreaming(
-        {binaryPath, arguments},
+        command(options, url),
         [&](QStringView line) {
             if (const auto path = reportedPath(line))
                 finalPath = *path;
@@ -201,7 +212,7 @@ QString YtDlpService::download(const QString &url, const QString &outputDirector
         stop);
     if (finalPath.isEmpty()) {
         throw ClipwrenError(ClipwrenError::Code::NoOutputPath,
-                            QStringLiteral("yt-dlp finished without reporting an output path"),
+                            u"yt-dlp finished without reporting an output path"_s,
                             {toolName(), log});
     }
     return finalPath;
@@ -210,12 +221,12 @@ QString YtDlpService::download(const QString &url, const QString &outputDirector
 QString YtDlpService::sanitizeFilename(const QString &title)
 {
     QString stem = withForbiddenReplaced(title);
-    stem.replace(u'%', QStringLiteral("%%"));
+    stem.replace(u'%', u"%%"_s);
     stem = stem.trimmed();
     while (stem.startsWith(u'.'))
         stem.remove(0, 1);
     stem = firstCharacters(stem, 180);
-    return stem.isEmpty() ? QStringLiteral("Untitled") : stem;
+    return stem.isEmpty() ? u"Untitled"_s : stem;
 }
 
 } // namespace clipwren

@@ -2,6 +2,7 @@
 
 #include "core/formats/OutputFormat.h"
 #include "core/json/JsonObjectReader.h"
+#include "core/process/ProcessRunner.h"
 #include "core/ytdlp/VideoInfo.h"
 
 #include <QUrl>
@@ -78,6 +79,10 @@ struct YtDlpService {
     /// Turns a title into the stem of a file name, as part of the tool's output template: a "%"
     /// comes out doubled. At most 180 characters as people see them; never empty.
     static QString sanitizeFilename(const QString &title);
+
+private:
+    /// Every run with an address: an option for all of them belongs here.
+    ProcessRunner::Command command(const QStringList &options, const QString &url) const;
 };
 
 } // namespace clipwren

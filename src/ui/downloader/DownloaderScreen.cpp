@@ -184,7 +184,7 @@ void DownloaderScreen::showEvent(QShowEvent *event)
 {
     DetailScreen::showEvent(event);
     if (!std::exchange(m_tookUpRequests, true))
-        m_view.takeUpRequests();
+        m_view.acceptRequests();
 }
 
 void DownloaderScreen::keyPressEvent(QKeyEvent *event)

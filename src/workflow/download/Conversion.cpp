@@ -11,7 +11,9 @@
 namespace clipwren {
 namespace {
 
-/// What file systems take as a name.
+using namespace Qt::StringLiterals;
+
+/// Whether file systems accept a name of that length.
 bool fits(const QString &path)
 {
     constexpr qsizetype maximumBytes = 255;
@@ -23,33 +25,33 @@ bool fits(const QString &path)
 Conversion::Result Conversion::run(const FfmpegService::FractionHandler &onProgress,
                                    const std::stop_token &stop) const
 {
-    // What the site says of the length need not be true of the file.
+    // The duration that the site states need not be that of the file.
     const std::optional<Lengths> film = lengths(input, stop);
     Range range = trim;
     if (range && film) {
         const std::optional<double> end = film->picture ? film->picture : film->whole;
         if (end && range->start >= *end)
-            throw Error(QStringLiteral("The video ends before the time range starts."));
+            throw Error(u"The video ends before the time range starts."_s);
         range->end = std::min(range->end, film->whole.value_or(range->end));
     }
 
     std::optional<double> length;
     const auto check = [&](const QString &path) {
         const std::optional<Lengths> written = lengths(path, stop);
-        // ffmpeg counts a file without a single picture as success.
+        // ffmpeg reports success for a file without a single frame.
         const bool isEmpty = written
             && ((film && film->hasPicture && !written->hasPicture)
                 || written->whole.value_or(0) <= 0);
         if (isEmpty && range)
-            throw Error(QStringLiteral("The video shows nothing in that time range."));
+            throw Error(u"The video shows nothing in that time range."_s);
         if (isEmpty || (!written && film))
-            throw Error(QStringLiteral("ffmpeg wrote a file that does not play."));
+            throw Error(u"ffmpeg wrote a file that does not play."_s);
         if (written)
             length = written->whole;
     };
     const QString output =
         ffmpeg.transcode(input, profile, range, suffix(range, stop), onProgress, check, stop);
-    // A cut ends with a frame, so seldom at the very time.
+    // A cut ends at a frame boundary, so seldom exactly at the given time.
     constexpr double usualDifferenceSeconds = 0.5;
     if (range && length && range->start + *length + usualDifferenceSeconds < range->end)
         range->end = range->start + *length;
@@ -71,12 +73,12 @@ std::optional<FfmpegService::Lengths> Conversion::lengths(const QString &path,
 
 QString Conversion::suffix(const Range &range, const std::stop_token &stop) const
 {
-    const QString first = range ? QStringLiteral("trimmed") : QString();
+    const QString first = range ? u"trimmed"_s : QString();
     QString suffix = first;
     for (int number = 2;; ++number) {
         if (mayWrite(FfmpegService::outputPath(input, profile.ext, suffix), range, stop))
             return suffix;
-        suffix = QStringLiteral("%1 %2").arg(first).arg(number).trimmed();
+        suffix = u"%1 %2"_s.arg(first).arg(number).trimmed();
         if (!fits(FfmpegService::outputPath(input, profile.ext, suffix)))
             suffix = QString::number(number);
     }
@@ -96,14 +98,14 @@ bool Conversion::mayWrite(const QString &path, const Range &range,
         if (!isSameRange || record.sourceURL != sourceURL)
             return false;
     }
-    // What does not play is the rest of a conversion that was killed.
-    const auto known = mayBeThere(path) ? lengths(path, stop) : std::nullopt;
+    // A file that does not play is left from a killed conversion.
+    const auto known = mayExist(path) ? lengths(path, stop) : std::nullopt;
     if (!known || known->whole.value_or(0) <= 0)
         return true;
     return isRecorded && hasPictureOfInput(path, stop);
 }
 
-/// The same range may have been cut from a download in another format.
+/// The same range may have been cut from a download of another format.
 bool Conversion::hasPictureOfInput(const QString &path, const std::stop_token &stop) const
 {
     try {

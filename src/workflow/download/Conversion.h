@@ -11,21 +11,22 @@
 
 namespace clipwren {
 
-/// Cuts or converts a download, and gives the new file a name that no other clip has.
+/// Cuts or converts a download, and gives the new file a unique name.
 ///
-/// Every clip of a video would be called "Talk — trimmed". The second becomes "Talk — trimmed 2":
-/// a record stays true, and no file that plays is replaced, unless it is the same one made again.
+/// Every clip of a video would be called "Talk — trimmed". The second becomes "Talk — trimmed 2",
+/// so that no record points at another clip and no playable file is replaced, except by the same
+/// clip made again.
 struct Conversion {
     FfmpegService ffmpeg;
     QString input; ///< absolute path of the download
     EncodeProfile profile;
     std::optional<TrimRange> trim;
     QString sourceURL; ///< of the video's page
-    QList<DownloadRecord> records; ///< all that there are, of any video
+    QList<DownloadRecord> records; ///< of all saved files, of any video
 
     struct Result {
         QString filePath;
-        std::optional<TrimRange> trim; ///< what the file really holds of the video
+        std::optional<TrimRange> trim; ///< the range that the file actually holds
     };
 
     /// Blocks. Throws what `FfmpegService::transcode` throws, and `Error` when the video has

@@ -3,7 +3,7 @@
 #include "core/Error.h"
 #include "core/library/DownloadStore.h"
 #include "core/library/HistoryStore.h"
-#include "workflow/download/LeftDownload.h"
+#include "workflow/download/LeftoverDownload.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -22,8 +22,8 @@ namespace {
 const QString downloading = u"Downloading"_s;
 const QString starting = u"Starting…"_s;
 
-/// Throws `Error` where the tool names something else than a file that it can have saved. The
-/// folder, and a file of the user's in it, may be links.
+/// Throws `Error` unless the path is a non-empty file in the downloads folder. The folder, and a
+/// file of the user's in it, may be symbolic links.
 void checkReported(const QString &path, const QString &folder)
 {
     const QFileInfo file(path);
@@ -36,19 +36,19 @@ void checkReported(const QString &path, const QString &folder)
         refuse(u"yt-dlp saved an empty file: “%1”."_s);
 }
 
-/// yt-dlp leaves out why its ffmpeg failed. Where the disk is full, that is why.
+/// yt-dlp does not say why its ffmpeg failed. Adds that the disk is full where it is.
 QString sentenceFor(const std::exception &failure, const QString &folder)
 {
-    constexpr qint64 nothingToSpeakOf = 1'000'000;
+    constexpr qint64 almostNothing = 1'000'000;
     const QString summary = errorSummary(failure);
     const qint64 bytesFree = QStorageInfo(folder).bytesAvailable();
-    if (summary.endsWith("Conversion failed!"_L1) && bytesFree >= 0 && bytesFree < nothingToSpeakOf)
+    if (summary.endsWith("Conversion failed!"_L1) && bytesFree >= 0 && bytesFree < almostNothing)
         return summary + u" No space is left on the disk."_s;
     return summary;
 }
 
-/// One video has several addresses, and one page.
-QString videoOf(const PromisedDownload &download)
+/// Identifies the video: it has several addresses but one page.
+QString videoOf(const VerifiedDownload &download)
 {
     const QString page = download.info ? download.info->webpage_url.value_or(QString()) : QString();
     return page.isEmpty() ? download.address : page;
@@ -74,36 +74,36 @@ void DownloadPipeline::start(const Job &job)
     m_step = BackgroundTask::start(
         [this, download = m_job.download, purpose = job.shownFormat + u'\n' + job.effectiveTitle](
             const std::stop_token &stop, const BackgroundTask::Post &post) {
-            const auto lock = takeLock(download, post, stop);
+            const auto lock = acquireLock(download, post, stop);
             const QString video = videoOf(download);
-            QStringList left = LeftDownload::find(download.outputDirectory, video);
-            for (const QString &path : left) {
-                if (LeftDownload::isLeftFor(path, video, purpose))
-                    return Downloaded{path, lock, left};
+            QStringList leftovers = LeftoverDownload::find(download.outputDirectory, video);
+            for (const QString &path : leftovers) {
+                if (LeftoverDownload::isLeftoverFor(path, video, purpose))
+                    return Downloaded{path, lock, leftovers};
             }
             const auto onProgress = [this, &post](double fraction, const QString &status) {
                 post([this, fraction, status] { setProgress(fraction, status); });
             };
-            const PromisedDownload::Result file = download.run(onProgress, stop);
+            const VerifiedDownload::Result file = download.run(onProgress, stop);
             checkReported(file.filePath, download.outputDirectory);
-            // What was there before belongs to the user, whether or not a record still names it.
-            if (!file.wasThereBefore) {
-                LeftDownload::mark(file.filePath, video, purpose);
-                left.append(file.filePath);
+            // An existing file belongs to the user, even when no record names it any more.
+            if (!file.existedBefore) {
+                LeftoverDownload::mark(file.filePath, video, purpose);
+                leftovers.append(file.filePath);
             }
-            return Downloaded{file.filePath, lock, left};
+            return Downloaded{file.filePath, lock, leftovers};
         },
         [this](const Downloaded &downloaded) {
             m_lock = downloaded.lock;
-            m_left = downloaded.left;
+            m_leftovers = downloaded.leftovers;
             decide(downloaded.filePath);
         },
         [this](const std::exception_ptr &error) { fail(error); });
 }
 
-std::shared_ptr<VideoLock> DownloadPipeline::takeLock(const PromisedDownload &download,
-                                                      const BackgroundTask::Post &post,
-                                                      const std::stop_token &stop)
+std::shared_ptr<VideoLock> DownloadPipeline::acquireLock(const VerifiedDownload &download,
+                                                         const BackgroundTask::Post &post,
+                                                         const std::stop_token &stop)
 {
     bool waited = false;
     const auto onWait = [&] {
@@ -112,7 +112,7 @@ std::shared_ptr<VideoLock> DownloadPipeline::takeLock(const PromisedDownload &do
             setStage(u"Waiting"_s, u"Another Clipwren is saving this video. Waiting…"_s);
         });
     };
-    auto lock = VideoLock::take(download.outputDirectory, videoOf(download), onWait, stop);
+    auto lock = VideoLock::acquire(download.outputDirectory, videoOf(download), onWait, stop);
     if (waited)
         post([this] { setStage(downloading, starting); });
     return lock;
@@ -152,7 +152,7 @@ void DownloadPipeline::decide(const QString &downloaded)
         record(downloaded, std::nullopt);
         return;
     }
-    // The wish may have come when the download had just ended, with no tool left to stop.
+    // The request may have come after the download had ended, with no tool left to stop.
     if (m_cancelled) {
         fail(std::make_exception_ptr(CancellationError()));
         return;
@@ -167,7 +167,7 @@ void DownloadPipeline::decide(const QString &downloaded)
 void DownloadPipeline::process(const QString &downloaded, const EncodeProfile &profile,
                                const std::optional<TrimRange> &trim)
 {
-    const PromisedDownload &download = m_job.download;
+    const VerifiedDownload &download = m_job.download;
     const Conversion conversion{download.inspector,
                                 downloaded,
                                 profile,
@@ -177,7 +177,7 @@ void DownloadPipeline::process(const QString &downloaded, const EncodeProfile &p
     m_step = BackgroundTask::start(
         [this, conversion, lock = m_lock](const std::stop_token &stop,
                                           const BackgroundTask::Post &post) mutable {
-            // Also where the job is dropped, until its tool has ended.
+            // Held until the tool has ended, also when the job is dropped.
             const auto held = std::exchange(lock, nullptr);
             const auto onProgress = [this, &post](double fraction) {
                 post([this, fraction] { setProgress(fraction, QString()); });
@@ -196,20 +196,20 @@ QList<DownloadRecord> DownloadPipeline::otherRecords() const
 bool DownloadPipeline::isRecorded(const QString &filePath) const
 {
     const auto namesIt = [&](const DownloadRecord &record) { return record.filePath == filePath; };
-    // A whole library is only read where it matters.
+    // otherRecords() may read a whole library from the disk, so it comes last.
     return std::ranges::any_of(m_store.records(), namesIt)
         || std::ranges::any_of(otherRecords(), namesIt);
 }
 
-/// The download, and what earlier attempts left of the video.
+/// Removes the download and the leftovers of earlier attempts.
 void DownloadPipeline::removeIntermediates(const QString &finalPath)
 {
-    for (const QString &path : m_left) {
-        // The tool may spell the same path otherwise.
+    for (const QString &path : m_leftovers) {
+        // The tool may spell the same path differently.
         if (QFileInfo(path) == QFileInfo(finalPath))
             continue;
         if (isRecorded(path))
-            LeftDownload::unmark(path);
+            LeftoverDownload::unmark(path);
         else
             QFile::remove(path);
     }
@@ -217,7 +217,7 @@ void DownloadPipeline::removeIntermediates(const QString &finalPath)
 
 void DownloadPipeline::record(const QString &filePath, const std::optional<TrimRange> &trim)
 {
-    const PromisedDownload &download = m_job.download;
+    const VerifiedDownload &download = m_job.download;
     const QString &title = m_job.effectiveTitle;
     DownloadRecord record;
     record.id = QUuid::createUuid();
@@ -233,8 +233,8 @@ void DownloadPipeline::record(const QString &filePath, const std::optional<TrimR
         record.trimStart = trim->start;
         record.trimEnd = trim->end;
     }
-    // Before it is the user's.
-    LeftDownload::unmark(filePath);
+    // Before the file is the user's.
+    LeftoverDownload::unmark(filePath);
     m_store.add(record);
     removeIntermediates(filePath);
     m_history.recordDownload(record.sourceURL, title, record.thumbnailURL, record.durationSeconds);

@@ -2,7 +2,7 @@
 
 #include "core/tasks/BackgroundTask.h"
 #include "workflow/download/Conversion.h"
-#include "workflow/download/PromisedDownload.h"
+#include "workflow/download/VerifiedDownload.h"
 #include "workflow/download/VideoLock.h"
 
 #include <QObject>
@@ -29,7 +29,7 @@ class DownloadPipeline : public QObject {
 public:
     /// What is fixed when the download starts.
     struct Job {
-        PromisedDownload download;
+        VerifiedDownload download;
         QString effectiveTitle; ///< may be empty
         QString shownFormat; ///< tells downloads of one video apart, as in "1080p H.264"
         /// Records that the store does not hold; may be absent. Asked when a file is about to be
@@ -72,18 +72,19 @@ Q_SIGNALS:
     void failed();
 
 private:
-    /// The file, and the lock of its video, which the work and we hold: none gives it back while
-    /// the other writes.
+    /// The file, and the lock of its video, shared with the background work so that neither
+    /// releases it while the other still writes.
     struct Downloaded {
         QString filePath;
         std::shared_ptr<VideoLock> lock;
-        QStringList left; ///< this and what earlier attempts left, unless it is the user's
+        QStringList
+            leftovers; ///< the download, unless it is the user's, and those of earlier attempts
     };
 
-    /// Waits for it. On the thread of the work.
-    std::shared_ptr<VideoLock> takeLock(const PromisedDownload &download,
-                                        const BackgroundTask::Post &post,
-                                        const std::stop_token &stop);
+    /// Blocks. On the background thread.
+    std::shared_ptr<VideoLock> acquireLock(const VerifiedDownload &download,
+                                           const BackgroundTask::Post &post,
+                                           const std::stop_token &stop);
     void decide(const QString &downloaded);
     void process(const QString &downloaded, const EncodeProfile &profile,
                  const std::optional<TrimRange> &trim);
@@ -104,8 +105,8 @@ private:
     std::optional<QString> m_errorMessage;
     std::optional<ToolLog> m_errorLog;
     bool m_cancelled = false;
-    std::shared_ptr<VideoLock> m_lock; ///< until the record is where it belongs
-    QStringList m_left;
+    std::shared_ptr<VideoLock> m_lock; ///< until the record is stored
+    QStringList m_leftovers;
     BackgroundTask m_step;
 };
 

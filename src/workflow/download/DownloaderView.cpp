@@ -14,7 +14,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// URL classes write schemes in lower case, so the text is looked at as it was typed.
+/// QUrl lowers the scheme, so the typed text is checked.
 bool isWebAddress(const QString &text)
 {
     return (text.startsWith("http:"_L1) || text.startsWith("https:"_L1))
@@ -29,7 +29,7 @@ DownloaderView::DownloaderView(const Environment &environment,
       m_format(environment.preferences, environment.format), m_preview(environment.makePlayer),
       m_pipeline(environment.store, environment.history)
 {
-    // A version that is read later may explain a failure.
+    // A version that arrives later may add the hint on an outdated yt-dlp.
     connect(&environment.tools, &ToolEnvironment::changed, this, &DownloaderView::changed);
     connect(&m_pipeline, &DownloadPipeline::progressed, this, &DownloaderView::changed);
     connect(&m_pipeline, &DownloadPipeline::processing, this, [this] {
@@ -48,11 +48,11 @@ DownloaderView::~DownloaderView() = default;
 
 // Requests from outside
 
-void DownloaderView::takeUpRequests()
+void DownloaderView::acceptRequests()
 {
     connect(&m_environment.pendingFetch, &PendingFetchBox::changed, this,
-            &DownloaderView::takeUpRequest);
-    takeUpRequest();
+            &DownloaderView::acceptRequest);
+    acceptRequest();
 }
 
 void DownloaderView::leave()
@@ -64,7 +64,7 @@ void DownloaderView::leave()
     m_preview.unload();
 }
 
-void DownloaderView::takeUpRequest()
+void DownloaderView::acceptRequest()
 {
     const std::optional<PendingFetch> request = m_environment.pendingFetch.take();
     if (!request)
@@ -88,14 +88,14 @@ void DownloaderView::fetchInfo(bool retryingLast)
     m_fetchError.reset();
     m_lookupFailed = false;
     m_fetchStatus.clear();
-    // What was said of another download, and a log that stands open, are none of this one's.
+    // The error and the open log of an earlier download do not concern this one.
     m_pipeline.dismissErrorMessage();
     m_showLogs = false;
     const QString address = (retryingLast ? m_lastAttemptedURL : m_urlText).trimmed();
     if (address.isEmpty() || !isWebAddress(address)) {
         if (!address.isEmpty()) {
             m_fetchError = u"Enter a valid http(s) URL"_s;
-            // No tool said anything about this one.
+            // No tool ran for this address, so there is no log.
             m_fetchLog.clear();
         }
         returnToInput();
@@ -111,7 +111,7 @@ void DownloaderView::fetchInfo(bool retryingLast)
 
 void DownloaderView::returnToInput()
 {
-    // What was cancelled has nothing more to say.
+    // Silences the cancelled look-up.
     m_lookup = BackgroundTask();
     m_pipeline.drop();
     m_phase = Phase::input;
@@ -121,7 +121,7 @@ void DownloaderView::returnToInput()
 void DownloaderView::startLookup(const QString &address)
 {
     m_pipeline.drop();
-    // Another video must not be seen, should this one have no preview.
+    // The previous video must not stay on screen when this one has no preview.
     m_previewLookup = BackgroundTask();
     m_preview.unload();
     m_previewURL.reset();
@@ -149,7 +149,7 @@ void DownloaderView::startLookup(const QString &address)
 void DownloaderView::lookupSucceeded(const QString &address,
                                      const YtDlpService::FetchedInfo &lookup)
 {
-    // "Cancel" came while the answer was on its way.
+    // "Cancel" was pressed while the result was being posted.
     if (m_phase != Phase::fetching)
         return;
     m_info = lookup.info;
@@ -224,13 +224,13 @@ void DownloaderView::loadPreview(const QString &address)
             reloadPreview();
             Q_EMIT changed();
         },
-        // Without a stream the preview stays unavailable, which is all there is to say.
+        // Without a stream the preview stays unavailable; that is no failure for the user.
         [this](const std::exception_ptr &) { Q_EMIT changed(); });
 }
 
 void DownloaderView::reloadPreview()
 {
-    // A running download has the network for itself.
+    // No preview during a download: it would take bandwidth from it.
     if (m_previewURL && (m_phase == Phase::confirming || m_phase == Phase::ready))
         m_preview.load(*m_previewURL);
 }
@@ -290,7 +290,7 @@ void DownloaderView::setShowLogs(bool show)
     Q_EMIT changed();
 }
 
-// What the user chooses before the download
+// The user's choices before the download
 
 void DownloaderView::setCustomTitle(const QString &title)
 {
@@ -352,7 +352,7 @@ DownloadPipeline::Job DownloaderView::downloadJob() const
     job.otherRecords = m_environment.otherRecords;
     job.download.downloader = ytDlp();
     job.download.inspector = {*tools.ffmpegPath(), *tools.ffprobePath()};
-    // The field may have been typed over since.
+    // The address field may have been edited since.
     job.download.address = m_infoAddress;
     job.download.outputDirectory = m_environment.downloadDirectory;
     job.download.format = outputFormat();

@@ -7,7 +7,7 @@
 #include "workflow/download/DownloadPipeline.h"
 #include "workflow/download/FileTitle.h"
 #include "workflow/download/FormatChoice.h"
-#include "workflow/download/FormatPromise.h"
+#include "workflow/download/OfferedFormats.h"
 #include "workflow/download/PendingFetch.h"
 #include "workflow/download/Phase.h"
 #include "workflow/preview/PreviewPlayerController.h"
@@ -65,9 +65,9 @@ public:
                             std::function<void(QUuid)> onCompleted = {}, QObject *parent = nullptr);
     ~DownloaderView() override;
 
-    /// Takes up a request that waits, and from now on every later one.
-    void takeUpRequests();
-    /// The view is no longer shown: stops what runs and what plays, and takes up no more requests.
+    /// Looks up the pending request, if any, and from now on every later one.
+    void acceptRequests();
+    /// The view is no longer shown: stops tools and preview, and accepts no more requests.
     void leave();
 
     // The look-up.
@@ -77,10 +77,10 @@ public:
     std::optional<VideoInfo> info() const { return m_info; }
     std::optional<QString> fetchError() const { return m_fetchError; }
     QString fetchStatus() const { return m_fetchStatus; }
-    /// Whether the failure that is shown, of a look-up or a download, is one of yt-dlp.
+    /// Whether the failure on screen, of a look-up or a download, came from yt-dlp.
     bool downloaderFailed() const;
-    /// What goes with such a failure when yt-dlp is old; absent also while its version is not
-    /// known.
+    /// The hint to update yt-dlp, shown with such a failure when it is old; absent while its
+    /// version is unknown.
     std::optional<QString> outdatedHint() const;
     /// The sentence, with that as a second line.
     QString withOutdatedHint(const QString &failure) const;
@@ -102,17 +102,17 @@ public:
     /// Back to a blank address field.
     void resetAll();
 
-    // What the user chooses before the download.
+    // The user's choices before the download.
     QString customTitle() const { return m_title.custom; }
-    /// Line breaks become blanks; at most `longestTitle` of it is kept.
+    /// Replaces line breaks by blanks; truncates to `longestTitle`.
     void setCustomTitle(const QString &title);
     void resetCustomTitle();
     /// The stored raw value of the output format, whatever it is.
     QString outputFormatRaw() const { return m_format.rawValue(); }
     void setOutputFormatRaw(const QString &rawValue);
-    /// Of the selected option: what the download gives.
+    /// The selected option's format.
     OutputFormat outputFormat() const { return selectedOption().kind; }
-    /// What the video can be saved as, in the order to show it.
+    /// The formats that the video can be saved as, in display order.
     QList<FormatOption> formatOptions() const { return offeredFormats(m_info); }
     /// The stored format where this video offers it, else the first.
     FormatOption selectedOption() const { return m_format.selected(m_info); }
@@ -156,7 +156,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void takeUpRequest();
+    void acceptRequest();
     void startLookup(const QString &address);
     void lookupSucceeded(const QString &address, const YtDlpService::FetchedInfo &lookup);
     void lookupFailed(const std::exception_ptr &error);
@@ -175,11 +175,11 @@ private:
 
     QString m_urlText;
     std::optional<VideoInfo> m_info; ///< its title in one line
-    QString m_infoAddress; ///< of the video that `m_info` tells about
-    DownloadAttempts m_attempts; ///< at the video that was looked up
+    QString m_infoAddress; ///< of the video that `m_info` describes
+    DownloadAttempts m_attempts; ///< of the video that was looked up
     Phase m_phase = Phase::input;
     std::optional<QString> m_fetchError;
-    bool m_lookupFailed = false; // after it had begun
+    bool m_lookupFailed = false; ///< not set by an invalid address, for which no tool runs
     QString m_fetchStatus;
     QString m_fetchLog;
     QString m_lastAttemptedURL;
@@ -192,9 +192,9 @@ private:
     bool m_trimEnabled = false;
     double m_trimStart = 0;
     double m_trimEnd = 0;
-    bool m_rangeIsOfThisVideo = false; ///< and not left over from another
+    bool m_rangeIsOfThisVideo = false; ///< not of the previously looked-up one
 
-    // Declared last, so that work ends before what it reports to.
+    // Declared last, so that background work is destroyed before the members it reports to.
     BackgroundTask m_lookup;
     BackgroundTask m_previewLookup;
     DownloadPipeline m_pipeline;

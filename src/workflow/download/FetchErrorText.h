@@ -6,8 +6,8 @@
 
 namespace clipwren {
 
-/// The sentence that the user reads about a look-up that failed, with only the decisive line of
-/// what the tool wrote.
+/// The sentence that the user reads about a failed look-up, with only the decisive line of the
+/// tool's log.
 QString friendlyFetchError(const std::exception &error);
 
 } // namespace clipwren

@@ -5,6 +5,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 QString FileTitle::original() const
 {
     return singleLine(site.value_or(QString()));
@@ -19,7 +21,7 @@ QString FileTitle::effective() const
 std::optional<QString> FileTitle::override() const
 {
     const QString title = effective();
-    // Of a site's title the tool would keep some line breaks, and make too long a name.
+    // yt-dlp would keep some line breaks of a site's title, and may make too long a name of it.
     const bool isForTool = title == site && siteFileStem(title).toUtf8().size() <= maximumStemBytes;
     return title.isEmpty() || isForTool ? std::nullopt : std::optional(title);
 }
@@ -27,9 +29,8 @@ std::optional<QString> FileTitle::override() const
 QString FileTitle::fileName(OutputFormat format) const
 {
     const auto title = override();
-    const QString stem =
-        title ? fileStem(*title) : siteFileStem(site.value_or(QStringLiteral("Untitled")));
-    return stem + QStringLiteral(" [<id>].") + traits(format).extension;
+    const QString stem = title ? fileStem(*title) : siteFileStem(site.value_or(u"Untitled"_s));
+    return stem + u" [<id>]."_s + traits(format).extension;
 }
 
 } // namespace clipwren

@@ -15,9 +15,10 @@ struct FileTitle {
 
     /// The site's title in one line; empty without one.
     QString original() const;
-    /// What the record is called; may be empty.
+    /// The record's title; may be empty.
     QString effective() const;
-    /// What the tool is told, where it is not to name the file by what the site says.
+    /// The title to pass to the tool; absent when the tool's own naming by the site's title will
+    /// do.
     std::optional<QString> override() const;
     /// The name that the file will get, with a placeholder for the video's identifier.
     QString fileName(OutputFormat format) const;

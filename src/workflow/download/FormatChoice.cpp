@@ -1,14 +1,16 @@
 #include "workflow/download/FormatChoice.h"
 
 #include "platform/desktop/Preferences.h"
-#include "workflow/download/FormatPromise.h"
+#include "workflow/download/OfferedFormats.h"
 
 #include <algorithm>
 
 namespace clipwren {
 namespace {
 
-const QString key = QStringLiteral("outputFormat");
+using namespace Qt::StringLiterals;
+
+const QString key = u"outputFormat"_s;
 
 } // namespace
 

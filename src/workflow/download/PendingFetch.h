@@ -17,8 +17,8 @@ struct PendingFetch {
     bool operator==(const PendingFetch &) const = default;
 };
 
-/// Holds the request that has not been taken up yet. Owned by the window's content; the downloader
-/// takes requests out of it.
+/// Holds the request that has not been handled yet. Owned by the window's content; the downloader
+/// takes requests from it.
 class PendingFetchBox : public QObject {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ public:
 
     const std::optional<PendingFetch> &value() const { return m_value; }
     void put(PendingFetch request);
-    /// Hands the request over and leaves the box empty.
+    /// Removes the request and returns it.
     std::optional<PendingFetch> take();
 
 Q_SIGNALS:

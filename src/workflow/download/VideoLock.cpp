@@ -23,8 +23,8 @@ using namespace Qt::StringLiterals;
 const QString nameTemplate = u".clipwren-%1.lock"_s;
 constexpr int hashDigits = 16;
 
-/// False where another one has taken the file away since it was opened.
-bool isStillThere(const FileDescriptor &file, const QString &path)
+/// False when its holder has removed the file since it was opened.
+bool isStillNamed(const FileDescriptor &file, const QString &path)
 {
     struct stat opened { };
     struct stat named { };
@@ -35,9 +35,9 @@ bool isStillThere(const FileDescriptor &file, const QString &path)
 
 } // namespace
 
-std::shared_ptr<VideoLock> VideoLock::take(const QString &folder, const QString &video,
-                                           const std::function<void()> &onWait,
-                                           const std::stop_token &stop)
+std::shared_ptr<VideoLock> VideoLock::acquire(const QString &folder, const QString &video,
+                                              const std::function<void()> &onWait,
+                                              const std::stop_token &stop)
 {
     constexpr int pollMilliseconds = 100;
     QDir().mkpath(folder);
@@ -46,7 +46,7 @@ std::shared_ptr<VideoLock> VideoLock::take(const QString &folder, const QString 
     const std::shared_ptr<VideoLock> lock(new VideoLock(folder + u'/' + name));
     const StopSignal stopSignal(stop);
     bool waits = false;
-    while (!lock->tryToTake()) {
+    while (!lock->tryAcquire()) {
         if (!std::exchange(waits, true))
             onWait();
         pollfd stopped{stopSignal.descriptor(), POLLIN, 0};
@@ -61,9 +61,9 @@ VideoLock::VideoLock(const QString &path) : m_path(path)
 {
 }
 
-bool VideoLock::tryToTake()
+bool VideoLock::tryAcquire()
 {
-    // Once more where the one before us has just taken the file away.
+    // Retry when the previous holder has just removed the file.
     for (int attempts = 3; attempts > 0; --attempts) {
         FileDescriptor file(::open(QFile::encodeName(m_path).constData(),
                                    O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600));
@@ -71,7 +71,7 @@ bool VideoLock::tryToTake()
             return true;
         if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
             return false;
-        if (!isStillThere(file, m_path))
+        if (!isStillNamed(file, m_path))
             continue;
         m_file = std::move(file);
         return true;
@@ -81,7 +81,7 @@ bool VideoLock::tryToTake()
 
 VideoLock::~VideoLock()
 {
-    // While it is locked, so that nobody's new file is taken away.
+    // Removed while still locked, so that no other process's new file is removed.
     if (m_file.isOpen())
         QFile::remove(m_path);
 }
@@ -90,9 +90,9 @@ void VideoLock::removeAfterKill(const QString &folder)
 {
     const QStringList ours{nameTemplate.arg(QString(hashDigits, u'?'))};
     for (const QFileInfo &left : QDir(folder).entryInfoList(ours, QDir::Files | QDir::Hidden)) {
-        // It goes with the lock that it was.
+        // The destructor removes a file whose lock could be acquired.
         VideoLock lock(left.filePath());
-        lock.tryToTake();
+        lock.tryAcquire();
     }
 }
 

@@ -10,33 +10,33 @@
 
 namespace clipwren {
 
-/// Who holds it is alone in saving a video to a folder, whatever its format and range: the tools
-/// and we write to files whose names the video gives.
+/// An exclusive lock on saving one video to one folder, in any format and range, since the names of
+/// the files written there derive from the video.
 ///
-/// A hidden file in that folder, which is there for as long as the lock is held. So it counts for
-/// every process that saves there, whatever lists it keeps. The system gives the lock back when a
-/// process ends, however that comes.
+/// It is flock() on a hidden file in that folder, which exists while the lock is held, so it works
+/// between all processes that save there. The system releases it when a process ends, even by a
+/// kill.
 class VideoLock {
 public:
-    /// Waits until nobody else has the lock; `onWait` is called once before that. Throws
+    /// Blocks until the lock is free; calls `onWait` once before it waits. Throws
     /// `CancellationError` on a request to stop.
     ///
-    /// Where nothing can be written or locked, nobody has the lock; what is to be saved there
-    /// fails by itself.
-    static std::shared_ptr<VideoLock> take(const QString &folder, const QString &video,
-                                           const std::function<void()> &onWait,
-                                           const std::stop_token &stop);
+    /// Where the folder cannot be written or locked, this succeeds without a lock; saving there
+    /// fails anyway.
+    static std::shared_ptr<VideoLock> acquire(const QString &folder, const QString &video,
+                                              const std::function<void()> &onWait,
+                                              const std::stop_token &stop);
     VideoLock(const VideoLock &) = delete;
     VideoLock &operator=(const VideoLock &) = delete;
     ~VideoLock();
 
-    /// Removes the locks of processes that were killed.
+    /// Removes the lock files of killed processes.
     static void removeAfterKill(const QString &folder);
 
 private:
     explicit VideoLock(const QString &path);
-    /// False while somebody else has it.
-    bool tryToTake();
+    /// False while another process or thread holds it.
+    bool tryAcquire();
 
     QString m_path;
     FileDescriptor m_file;

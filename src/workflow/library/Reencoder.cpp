@@ -13,11 +13,13 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 // The one category whose name is not printed in front of the line.
 Q_LOGGING_CATEGORY(plainLog, "default")
 
-/// True when the copies of both files get one name, which only differ from theirs in their ends.
-bool haveOneOutput(const QString &path, const QString &other)
+/// True when the copies of both files would have the same name: only the extensions differ.
+bool haveSameOutput(const QString &path, const QString &other)
 {
     const QFileInfo file(path);
     const QFileInfo otherFile(other);
@@ -57,7 +59,7 @@ void Reencoder::startNext()
 {
     for (auto job = m_waiting.begin(); job != m_waiting.end();) {
         const bool blocked = std::ranges::any_of(m_running, [&job](const auto &running) {
-            return haveOneOutput(running.second.input, job->input);
+            return haveSameOutput(running.second.input, job->input);
         });
         if (blocked) {
             ++job;
@@ -68,17 +70,17 @@ void Reencoder::startNext()
     }
 }
 
-/// The first name that no file has. Films of one name that only differ in their ends would get one
-/// copy, and their records with them; one film made again has it already.
+/// The first suffix that gives a free name, so that films whose names differ only in the extension
+/// get copies of their own. A film that is re-encoded again replaces its own copy.
 QString Reencoder::suffixFor(const QString &input) const
 {
-    QString suffix = QStringLiteral("QT");
+    QString suffix = u"QT"_s;
     for (int number = 2;; ++number) {
         const QString output =
             FfmpegService::outputPath(input, EncodeProfile::h264Mp4().ext, suffix);
         if (!QFileInfo::exists(output) || m_inputs.value(output) == input)
             return suffix;
-        suffix = QStringLiteral("QT %1").arg(number);
+        suffix = u"QT %1"_s.arg(number);
     }
 }
 
@@ -103,7 +105,7 @@ void Reencoder::start(const Job &job)
 void Reencoder::succeed(const QUuid &id, const QString &output)
 {
     m_inputs.insert(output, m_running.at(id).input);
-    // The record may have changed or gone meanwhile.
+    // The record may have been changed or removed meanwhile.
     const QList<DownloadRecord> &records = m_store.records();
     const auto place = std::ranges::find(records, id, &DownloadRecord::id);
     if (place != records.end()) {

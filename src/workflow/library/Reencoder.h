@@ -29,9 +29,9 @@ public:
     Reencoder(const Reencoder &) = delete;
     Reencoder &operator=(const Reencoder &) = delete;
 
-    /// Starts unless that record is already being re-encoded or a tool is missing. Files of the
-    /// same name but for its end come one after the other. A failure goes to the
-    /// system's log as "Re-encode failed: " and the reason.
+    /// Starts unless that record is already being re-encoded or a tool is missing. Files whose
+    /// names differ only in the extension are re-encoded one after the other. A failure is logged
+    /// as "Re-encode failed: " and the reason.
     void convertToH264(const DownloadRecord &record);
 
     /// Ids of the records whose re-encode runs or waits.
@@ -61,7 +61,7 @@ private:
         BackgroundTask task;
     };
     std::map<QUuid, Running> m_running;
-    QHash<QString, QString> m_inputs; ///< by the paths of the copies that we made of them
+    QHash<QString, QString> m_inputs; ///< input paths by output path
 };
 
 } // namespace clipwren

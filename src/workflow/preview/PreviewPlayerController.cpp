@@ -9,6 +9,8 @@
 #include <utility>
 
 namespace clipwren {
+
+using namespace Qt::StringLiterals;
 PreviewPlayerController::PreviewPlayerController(MediaPlayerFactory makePlayer, QObject *parent)
     : QObject(parent), m_makePlayer(std::move(makePlayer))
 {
@@ -48,7 +50,7 @@ void PreviewPlayerController::followStatus()
         break;
     case MediaPlayer::Status::Failed: {
         const QString failure = m_player->failure();
-        m_loadError = failure.isEmpty() ? QStringLiteral("Preview unavailable") : failure;
+        m_loadError = failure.isEmpty() ? u"Preview unavailable"_s : failure;
         releasePlayer();
         break;
     }

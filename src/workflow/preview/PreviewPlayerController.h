@@ -38,7 +38,7 @@ public:
     void endRange();
 
     /// Absent while nothing is loaded and after a failure. One that was replaced lives on until
-    /// control is back in the event loop, so that views can let go of it on `changed()`.
+    /// control is back in the event loop, so that views can release it on `changed()`.
     MediaPlayer *player() const { return m_player.get(); }
     bool isPlaying() const { return m_isPlaying; }
     bool isLoading() const { return m_isLoading; }

@@ -172,8 +172,8 @@ TEST_F(YtDlp, downloadNamesTheFileAfterTheTitle)
         {u"漢"_s.repeated(100), u"漢"_s.repeated(66) + u" [%(id)s].%(ext)s"_s},
         // The tool would put the variable's value there.
         {u"$CLIPWREN_TEST_VARIABLE, ${CLIPWREN_TEST_VARIABLE} or $5"_s,
-         QStringLiteral("$%(none|)sCLIPWREN_TEST_VARIABLE, $%(none|)s{CLIPWREN_TEST_VARIABLE} or $5"
-                        " [%(id)s].%(ext)s")},
+         u"$%(none|)sCLIPWREN_TEST_VARIABLE, $%(none|)s{CLIPWREN_TEST_VARIABLE} or $5"
+         " [%(id)s].%(ext)s"_s},
     };
     const YtDlpService yt = service("echo filepath:/x");
     for (const auto &[title, outputTemplate] : cases) {

@@ -18,6 +18,8 @@ class QWidget;
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 /// The real window over the real tools, with lists and folders of its own, worked as a user does:
 /// by the names that are seen or read aloud.
 class WindowFixture : public testing::Test {
@@ -39,8 +41,8 @@ protected:
 
     SampleSite site;
     QTemporaryDir m_folder;
-    DownloadStore store{m_folder.filePath(QStringLiteral("library"))};
-    HistoryStore history{m_folder.filePath(QStringLiteral("library"))};
+    DownloadStore store{m_folder.filePath(u"library"_s)};
+    HistoryStore history{m_folder.filePath(u"library"_s)};
     std::optional<ToolEnvironment> tools;
     PendingFetchBox pendingFetch;
     RecordingDesktop desktop;

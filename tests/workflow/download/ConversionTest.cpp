@@ -1,7 +1,7 @@
 #include "workflow/download/Conversion.h"
 
 #include "workflow/download/DownloaderFixture.h"
-#include "workflow/download/LeftDownload.h"
+#include "workflow/download/LeftoverDownload.h"
 
 #include <QFileInfo>
 
@@ -148,7 +148,7 @@ TEST_F(ConversionTest, TriesAgainWithWhatItLeft)
         // The user's files are no more ours, and no other file is left.
         view->resetAll();
         EXPECT_EQ(QDir(fake.downloadFolder()).entryList(QDir::Files | QDir::Hidden), c.files);
-        EXPECT_EQ(LeftDownload::find(fake.downloadFolder(), address), QStringList());
+        EXPECT_EQ(LeftoverDownload::find(fake.downloadFolder(), address), QStringList());
     }
 }
 

@@ -173,7 +173,7 @@ TEST_F(DownloadPipelineTest, SavesAVideoOneAfterTheOther)
                     .isEmpty();
     };
     makeReady();
-    auto other = VideoLock::take(fake.downloadFolder(), address, {}, {});
+    auto other = VideoLock::acquire(fake.downloadFolder(), address, {}, {});
     VideoLock::removeAfterKill(fake.downloadFolder());
     EXPECT_TRUE(isLocked());
     const auto waits = [&] {
@@ -200,7 +200,7 @@ TEST_F(DownloadPipelineTest, SavesAVideoOneAfterTheOther)
     const auto leaveLock = [&] {
         if (const pid_t child = ::fork(); child != 0)
             return ::waitpid(child, nullptr, 0) == child && isLocked();
-        const auto killed = VideoLock::take(fake.downloadFolder(), address, {}, {});
+        const auto killed = VideoLock::acquire(fake.downloadFolder(), address, {}, {});
         ::_exit(0);
     };
     ASSERT_TRUE(leaveLock());
@@ -373,14 +373,14 @@ TEST_F(DownloadPipelineTest, WhatCameWhileADownloadWaitedIsNotItsOwn)
     download();
     fake.onProbe({}, 0, u"mp3"_s, 7.5);
     const ToolEnvironment &tools = *fake.toolEnvironment;
-    PromisedDownload second{.downloader = {*tools.ytDlpPath(), *tools.ffmpegPath()},
+    VerifiedDownload second{.downloader = {*tools.ytDlpPath(), *tools.ffmpegPath()},
                             .inspector = {*tools.ffmpegPath(), *tools.ffprobePath()},
                             .address = address,
                             .outputDirectory = fake.downloadFolder(),
                             .format = OutputFormat::audioMP3,
                             .info = view->info(),
                             .earlier = {.filesBefore = QSet<QString>()}};
-    second.begun = second.begun.addSecs(-60);
+    second.startedAt = second.startedAt.addSecs(-60);
     EXPECT_EQ(QFileInfo(second.run({}, {}).filePath).fileName(), u"Talk 2 [id1].mp3"_s);
     EXPECT_EQ(files(), (QStringList{u"Talk 2 [id1].mp3"_s, u"Talk [id1].mp3"_s}));
 }

@@ -9,6 +9,8 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 /// A downloader over fake tools.
 class DownloaderFixture : public testing::Test {
 protected:
@@ -52,7 +54,7 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    const QString address = QStringLiteral("https://site.example/watch?v=1");
+    const QString address = u"https://site.example/watch?v=1"_s;
     FakeDownloader fake;
     std::vector<QUuid> completed;
     std::optional<DownloaderView> view{std::in_place, fake.environment(),

@@ -150,7 +150,7 @@ TEST_F(DownloaderViewTest, CancellingALookupReturnsToTheAddress)
 TEST_F(DownloaderViewTest, TakesUpEveryRequest)
 {
     fake.pendingFetch.put({address});
-    view->takeUpRequests();
+    view->acceptRequests();
     EXPECT_FALSE(fake.pendingFetch.value());
     EXPECT_EQ(view->urlText(), address);
     ASSERT_TRUE(reaches(*view, Phase::confirming));

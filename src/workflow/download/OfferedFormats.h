@@ -12,9 +12,9 @@ namespace clipwren {
 
 /// The formats to choose from, each as the download will give it.
 ///
-/// `FormatOption::options` describes the first of several formats of the greatest height, and the
-/// tool takes the last. Where they differ, the one is shown that is saved: H.264 where it can be
-/// had at that height, otherwise the last.
+/// `FormatOption::options` describes the first of several formats of the greatest height, but the
+/// tool downloads the last. Where they differ, what is downloaded is shown: H.264 where it is
+/// offered at that height, otherwise the last.
 QList<FormatOption> offeredFormats(const std::optional<VideoInfo> &info);
 
 /// The format whose arguments make the tool save what `offeredFormats` shows for `format`.
@@ -22,7 +22,7 @@ OutputFormat requestedFormat(OutputFormat format, const std::optional<VideoInfo>
 
 /// Whether the picture of a file is what `offeredFormats` shows for `format`: at least of that
 /// height, and in a codec of that class.
-bool keepsPromise(OutputFormat format, const MediaInspection &file,
-                  const std::optional<VideoInfo> &info);
+bool matchesFormat(OutputFormat format, const MediaInspection &file,
+                   const std::optional<VideoInfo> &info);
 
 } // namespace clipwren

@@ -5,9 +5,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-using PromisedDownloadTest = DownloaderFixture;
+using VerifiedDownloadTest = DownloaderFixture;
 
-TEST_F(PromisedDownloadTest, KeepsTheFilmWhoseSoundIsSaved)
+TEST_F(VerifiedDownloadTest, KeepsTheFilmWhoseSoundIsSaved)
 {
     const QString film = u"Talk [id1].mp4"_s;
     const QString sound = u"Talk [id1].mp3"_s;
@@ -34,7 +34,7 @@ TEST_F(PromisedDownloadTest, KeepsTheFilmWhoseSoundIsSaved)
     }
 }
 
-TEST_F(PromisedDownloadTest, LeavesTheSourceOfASoundToTheTool)
+TEST_F(VerifiedDownloadTest, LeavesTheSourceOfASoundToTheTool)
 {
     const QString source = u"Talk [id1].mp4"_s;
     fake.onDownload(u"echo source > \"${file%mp3}mp4\"; echo '10%||NA||NA'; exec sleep 60"_s);

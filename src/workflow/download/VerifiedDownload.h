@@ -19,24 +19,22 @@
 
 namespace clipwren {
 
-/// The attempts to download one video that were before, and failed or were cancelled.
+/// Earlier attempts to download one video, which failed or were cancelled.
 struct DownloadAttempts {
-    /// Names in the downloads folder before the first of them; absent when there was none.
+    /// File names in the downloads folder before the first attempt; absent before that.
     std::optional<QSet<QString>> filesBefore = std::nullopt;
 
-    /// Another attempt is about to begin.
     void add(const QString &directory);
 };
 
-/// A download that gives what the chosen format promises.
+/// A download whose file is verified to be complete and of the chosen format.
 ///
-/// The tool counts a download as done when a file of that name is there, whatever is in it: another
-/// format of the same video, or what an interrupted conversion left. Such a file is looked into.
-/// Where it is not what was asked for, the download is made again under the next free title
-/// ("Talk 2", "Talk 3"), unless one of those is that file already. What an attempt before this one
-/// left unfinished makes room. So the tool runs at most twice. Films stay where the sound of one is
-/// saved.
-struct PromisedDownload {
+/// yt-dlp skips a download when a file of that name exists, whatever is in it: another format of
+/// the same video, or a partial file of an interrupted conversion. So an existing file is
+/// inspected. Where it is not what was asked for, the download runs again under the next free title
+/// ("Talk 2", "Talk 3"), unless one of those is that file already. A partial file of an earlier
+/// attempt is removed. The tool runs at most twice. Saving the sound of a video keeps its films.
+struct VerifiedDownload {
     YtDlpService downloader;
     FfmpegService inspector;
     QString address;
@@ -44,13 +42,13 @@ struct PromisedDownload {
     OutputFormat format = OutputFormat::bestResolution;
     std::optional<QString> customTitle = std::nullopt;
     std::optional<VideoInfo> info = std::nullopt;
-    QList<DownloadRecord> records = {}; ///< of the files that were saved before, of any video
+    QList<DownloadRecord> records = {}; ///< of all saved files, of any video
     DownloadAttempts earlier = {};
-    QDateTime begun = QDateTime::currentDateTimeUtc(); ///< when the user asked for it
+    QDateTime startedAt = QDateTime::currentDateTimeUtc(); ///< when the user asked for it
 
     struct Result {
         QString filePath;
-        bool wasThereBefore = false; ///< the download found the file complete and left it alone
+        bool existedBefore = false; ///< the download found the file complete and skipped it
     };
 
     /// Blocks. Throws what `YtDlpService::download` throws, and `Error` for a new file that does
@@ -64,8 +62,8 @@ private:
     std::list<KeptFile> keptFilms(const std::optional<QString> &title,
                                   const std::stop_token &stop) const;
     bool isFilm(const QString &filePath, const std::stop_token &stop) const;
-    void checkThatItPlays(const QString &filePath, const std::stop_token &stop) const;
-    bool isWhole(const QString &filePath, const MediaInspection &file) const;
+    void checkPlayable(const QString &filePath, const std::stop_token &stop) const;
+    bool isComplete(const QString &filePath, const MediaInspection &file) const;
     bool isLeftover(const QString &filePath, const std::optional<MediaInspection> &file) const;
     bool isRecorded(const QString &filePath) const;
 };

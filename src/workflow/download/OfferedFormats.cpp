@@ -1,4 +1,4 @@
-#include "workflow/download/FormatPromise.h"
+#include "workflow/download/OfferedFormats.h"
 
 #include <algorithm>
 
@@ -101,8 +101,8 @@ OutputFormat requestedFormat(OutputFormat format, const std::optional<VideoInfo>
     return hasOtherCodecs ? OutputFormat::macCompatible : format;
 }
 
-bool keepsPromise(OutputFormat format, const MediaInspection &file,
-                  const std::optional<VideoInfo> &info)
+bool matchesFormat(OutputFormat format, const MediaInspection &file,
+                   const std::optional<VideoInfo> &info)
 {
     const QList<VideoFormat> formats = formatsOf(info);
     const auto isLike = [&](const std::optional<VideoFormat> &shown) {

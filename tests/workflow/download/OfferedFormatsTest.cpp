@@ -1,4 +1,4 @@
-#include "workflow/download/FormatPromise.h"
+#include "workflow/download/OfferedFormats.h"
 
 #include "support/Printing.h"
 
@@ -39,7 +39,7 @@ struct PromiseCase {
     OutputFormat bestRequest; ///< whose arguments are asked for best resolution
 };
 
-TEST(FormatPromise, showsWhatTheToolTakes)
+TEST(OfferedFormats, showsWhatTheToolTakes)
 {
     using enum OutputFormat;
     const PromiseCase cases[] = {
@@ -97,7 +97,7 @@ TEST(FormatPromise, showsWhatTheToolTakes)
     }
 }
 
-TEST(FormatPromise, isKeptByEveryFileOfThatClassAndHeight)
+TEST(OfferedFormats, isKeptByEveryFileOfThatClassAndHeight)
 {
     using enum OutputFormat;
     const VideoInfo tied = infoFrom(sound + u"mp4 avc1 - 1080, webm vp9 - 1080, mp4 av01 - 1080"_s);
@@ -121,7 +121,7 @@ TEST(FormatPromise, isKeptByEveryFileOfThatClassAndHeight)
         {VideoInfo(), macCompatible, u"vp9"_s, 10, false},
     };
     for (const auto &[info, format, codec, height, isKept] : cases) {
-        EXPECT_EQ(keepsPromise(format, {.videoCodec = codec, .height = height}, info), isKept)
+        EXPECT_EQ(matchesFormat(format, {.videoCodec = codec, .height = height}, info), isKept)
             << codec.toStdString() << ' ' << height;
     }
 }

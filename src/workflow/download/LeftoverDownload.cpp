@@ -1,4 +1,4 @@
-#include "workflow/download/LeftDownload.h"
+#include "workflow/download/LeftoverDownload.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -9,8 +9,10 @@
 #include <array>
 #include <sys/xattr.h>
 
-namespace clipwren::LeftDownload {
+namespace clipwren::LeftoverDownload {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 constexpr const char *attribute = "user.clipwren.left";
 
@@ -22,12 +24,11 @@ QByteArray hashOf(const QString &text)
         .first(digits);
 }
 
-/// Tells a file that was left alone from one that was changed.
+/// Tells an unchanged file from one that was changed or renamed.
 QByteArray identityOf(const QString &path)
 {
     const QFileInfo file(path);
-    return hashOf(QStringLiteral("%1/%2/%3")
-                      .arg(file.fileName())
+    return hashOf(u"%1/%2/%3"_s.arg(file.fileName())
                       .arg(file.size())
                       .arg(file.lastModified().toMSecsSinceEpoch()));
 }
@@ -37,12 +38,7 @@ QByteArray markOf(const QString &path)
 {
     std::array<char, 256> value{};
     const QByteArray name = QFile::encodeName(path);
-#ifdef __APPLE__
-    const ssize_t size =
-        ::getxattr(name.constData(), attribute, value.data(), value.size(), 0, XATTR_NOFOLLOW);
-#else
     const ssize_t size = ::lgetxattr(name.constData(), attribute, value.data(), value.size());
-#endif
     return size > 0 ? QByteArray(value.data(), size) : QByteArray();
 }
 
@@ -53,41 +49,33 @@ void mark(const QString &path, const QString &video, const QString &purpose)
     const QByteArray value = identityOf(path) + hashOf(video) + hashOf(purpose);
     const QByteArray name = QFile::encodeName(path);
     const auto size = static_cast<size_t>(value.size());
-#ifdef __APPLE__
-    ::setxattr(name.constData(), attribute, value.constData(), size, 0, XATTR_NOFOLLOW);
-#else
     ::lsetxattr(name.constData(), attribute, value.constData(), size, 0);
-#endif
 }
 
 void unmark(const QString &path)
 {
-#ifdef __APPLE__
-    ::removexattr(QFile::encodeName(path).constData(), attribute, XATTR_NOFOLLOW);
-#else
     ::lremovexattr(QFile::encodeName(path).constData(), attribute);
-#endif
 }
 
 QStringList find(const QString &folder, const QString &video)
 {
     QStringList paths;
     for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files)) {
-        if (isLeft(file.filePath(), video))
+        if (isLeftover(file.filePath(), video))
             paths.append(file.filePath());
     }
     return paths;
 }
 
-bool isLeft(const QString &path, const QString &video)
+bool isLeftover(const QString &path, const QString &video)
 {
     const QByteArray mark = markOf(path);
     return !mark.isEmpty() && mark.startsWith(identityOf(path) + hashOf(video));
 }
 
-bool isLeftFor(const QString &path, const QString &video, const QString &purpose)
+bool isLeftoverFor(const QString &path, const QString &video, const QString &purpose)
 {
-    return isLeft(path, video) && markOf(path).endsWith(hashOf(purpose));
+    return isLeftover(path, video) && markOf(path).endsWith(hashOf(purpose));
 }
 
-} // namespace clipwren::LeftDownload
+} // namespace clipwren::LeftoverDownload

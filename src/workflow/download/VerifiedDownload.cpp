@@ -1,8 +1,8 @@
-#include "workflow/download/PromisedDownload.h"
+#include "workflow/download/VerifiedDownload.h"
 
 #include "core/process/ProcessRunner.h"
 #include "core/ytdlp/DownloadArguments.h"
-#include "workflow/download/FormatPromise.h"
+#include "workflow/download/OfferedFormats.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,7 +19,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Tells a file that was left alone from one that was written again.
+/// Tells an unchanged file from one that was written again.
 struct FileIdentity {
     quint64 number;
     qint64 changedMilliseconds; ///< since 1970; a change of the file's name or owner counts, too
@@ -31,11 +31,7 @@ std::optional<FileIdentity> identityOf(const QString &path)
     struct stat status { };
     if (::stat(QFile::encodeName(path).constData(), &status) != 0)
         return std::nullopt;
-#ifdef __APPLE__
-    const timespec changed = status.st_ctimespec;
-#else
     const timespec changed = status.st_ctim;
-#endif
     return FileIdentity{status.st_ino, changed.tv_sec * 1'000 + changed.tv_nsec / 1'000'000};
 }
 
@@ -57,28 +53,27 @@ QString titleIn(const QString &filePath)
     return bracket > 0 ? stem.left(bracket) : stem;
 }
 
-/// Room is left for the number: a title that is cut again afterwards would stay the same for ever.
+/// Truncates the title so that the number is not cut off again by `fileStem`.
 QString numbered(const QString &title, int number)
 {
     constexpr qsizetype maximumBytes = 150;
     return u"%1 %2"_s.arg(firstBytes(title, maximumBytes)).arg(number);
 }
 
-/// The file that stands for the download of the same video under another title.
+/// The path that a download of the same video under another title would have.
 QString pathWithTitle(const QString &filePath, const QString &title)
 {
     const QFileInfo file(filePath);
     return file.path() + u'/' + fileStem(title) + file.fileName().sliced(titleIn(filePath).size());
 }
 
-/// What ffprobe calls the container of a whole file with that extension; other extensions are not
-/// judged.
+/// ffprobe's name of the container that belongs to an extension. Other extensions are not checked.
 constexpr std::pair<QLatin1StringView, QLatin1StringView> containers[] = {
     {"mp4"_L1, "mp4"_L1}, {"m4a"_L1, "m4a"_L1},   {"mov"_L1, "mov"_L1},
     {"mp3"_L1, "mp3"_L1}, {"webm"_L1, "webm"_L1}, {"mkv"_L1, "matroska"_L1},
 };
 
-/// A stream's pieces in one file wait to be put into the container that its name says.
+/// False for the raw fragments of a stream, which the tool has not remuxed yet.
 bool hasItsContainer(const QString &filePath, const MediaInspection &file)
 {
     const QString extension = QFileInfo(filePath).suffix();
@@ -88,10 +83,10 @@ bool hasItsContainer(const QString &filePath, const MediaInspection &file)
     });
 }
 
-// Sites round, and sound may be a little longer than the picture.
+// Sites round durations, and sound may be a little longer than the picture.
 constexpr double toleranceSeconds = 1.5;
 
-/// Of what the site says of the length; negative for a file that is longer.
+/// How much shorter the file is than the site says; negative for a longer file.
 std::optional<double> missingSeconds(const MediaInspection &file,
                                      const std::optional<VideoInfo> &info)
 {
@@ -109,28 +104,28 @@ void DownloadAttempts::add(const QString &directory)
     filesBefore.emplace(names.begin(), names.end());
 }
 
-PromisedDownload::Result PromisedDownload::run(const YtDlpService::ProgressHandler &onProgress,
+VerifiedDownload::Result VerifiedDownload::run(const YtDlpService::ProgressHandler &onProgress,
                                                const std::stop_token &stop) const
 {
     const auto inspected = [&](const QString &path) -> std::optional<MediaInspection> {
         try {
             return inspector.inspect(path, stop);
         } catch (const Error &) {
-            // No media file at all, so certainly not the one that was asked for.
+            // Not a media file, so not the one that was asked for.
             if (stop.stop_requested())
                 throw CancellationError();
             return std::nullopt;
         }
     };
-    const auto fits = [&](const QString &path, const std::optional<MediaInspection> &file) {
-        return file && isWhole(path, *file) && keepsPromise(format, *file, info);
+    const auto matches = [&](const QString &path, const std::optional<MediaInspection> &file) {
+        return file && isComplete(path, *file) && matchesFormat(format, *file, info);
     };
 
     const Result first = downloadAs(customTitle, onProgress, stop);
-    if (!first.wasThereBefore)
+    if (!first.existedBefore)
         return first;
     const auto file = inspected(first.filePath);
-    if (fits(first.filePath, file))
+    if (matches(first.filePath, file))
         return first;
     if (isLeftover(first.filePath, file)) {
         QFile::remove(first.filePath);
@@ -142,17 +137,17 @@ PromisedDownload::Result PromisedDownload::run(const YtDlpService::ProgressHandl
         const QString path = pathWithTitle(first.filePath, title);
         if (!QFileInfo::exists(path)) {
             const Result again = downloadAs(title, onProgress, stop);
-            if (again.wasThereBefore)
+            if (again.existedBefore)
                 throw Error(u"Another file is in the way: %1"_s.arg(again.filePath));
             return again;
         }
-        if (fits(path, inspected(path)))
+        if (matches(path, inspected(path)))
             return {path, true};
     }
 }
 
-PromisedDownload::Result
-PromisedDownload::downloadAs(const std::optional<QString> &title,
+VerifiedDownload::Result
+VerifiedDownload::downloadAs(const std::optional<QString> &title,
                              const YtDlpService::ProgressHandler &onProgress,
                              const std::stop_token &stop) const
 {
@@ -163,13 +158,13 @@ PromisedDownload::downloadAs(const std::optional<QString> &title,
     const auto found = before.constFind(QFileInfo(path).fileName());
     if (found != before.constEnd() && identityOf(path) == *found)
         return {path, true};
-    checkThatItPlays(path, stop);
+    checkPlayable(path, stop);
     return {path, false};
 }
 
-/// The tool takes the sound from a film of that name that is there already, and removes the film.
-/// What an attempt before this one left is no such film.
-std::list<KeptFile> PromisedDownload::keptFilms(const std::optional<QString> &title,
+/// For MP3, yt-dlp extracts the sound from an existing film of that name and deletes the film.
+/// Protects such films; partial files of earlier attempts are not protected.
+std::list<KeptFile> VerifiedDownload::keptFilms(const std::optional<QString> &title,
                                                 const std::stop_token &stop) const
 {
     std::list<KeptFile> films;
@@ -180,14 +175,15 @@ std::list<KeptFile> PromisedDownload::keptFilms(const std::optional<QString> &ti
     for (const QFileInfo &file : QDir(outputDirectory).entryInfoList(QDir::Files)) {
         if (!file.fileName().startsWith(start) || file.suffix() == "mp3"_L1)
             continue;
-        const bool isLeft = earlier.filesBefore && !earlier.filesBefore->contains(file.fileName());
-        if (isRecorded(file.filePath()) || (!isLeft && isFilm(file.filePath(), stop)))
+        const bool isOfEarlierAttempt =
+            earlier.filesBefore && !earlier.filesBefore->contains(file.fileName());
+        if (isRecorded(file.filePath()) || (!isOfEarlierAttempt && isFilm(file.filePath(), stop)))
             films.emplace_back(file.filePath());
     }
     return films;
 }
 
-bool PromisedDownload::isFilm(const QString &filePath, const std::stop_token &stop) const
+bool VerifiedDownload::isFilm(const QString &filePath, const std::stop_token &stop) const
 {
     try {
         return !filePath.endsWith(".part"_L1) && inspector.lengths(filePath, stop).hasPicture;
@@ -198,8 +194,9 @@ bool PromisedDownload::isFilm(const QString &filePath, const std::stop_token &st
     }
 }
 
-/// Where the disk is full at the very end, ffmpeg and so the tool report success all the same.
-void PromisedDownload::checkThatItPlays(const QString &filePath, const std::stop_token &stop) const
+/// ffmpeg, and so yt-dlp, report success even when the disk became full while the last bytes were
+/// written.
+void VerifiedDownload::checkPlayable(const QString &filePath, const std::stop_token &stop) const
 {
     if (!QFileInfo::exists(filePath))
         return;
@@ -212,12 +209,12 @@ void PromisedDownload::checkThatItPlays(const QString &filePath, const std::stop
             u"The downloaded file does not play; the disk may have been full: “%1”"_s.arg(filePath);
         throw Error(sentence, sentence, failure.toolLog());
     } catch (const std::exception &) {
-        // An inspection that fails for another reason says nothing about the file.
+        // ffprobe could not be run, which says nothing about the file.
     }
 }
 
-/// A conversion that was interrupted leaves a file that is only shorter.
-bool PromisedDownload::isWhole(const QString &filePath, const MediaInspection &file) const
+/// An interrupted conversion leaves a valid but shorter file.
+bool VerifiedDownload::isComplete(const QString &filePath, const MediaInspection &file) const
 {
     if (!hasItsContainer(filePath, file))
         return false;
@@ -227,14 +224,14 @@ bool PromisedDownload::isWhole(const QString &filePath, const MediaInspection &f
     return missing && std::abs(*missing) <= toleranceSeconds;
 }
 
-/// Has the very name of this download, came while an earlier attempt ran, and cannot be whole. No
-/// file is taken for that which may be another's: whose end is not known to be missing, or which
-/// was written while we waited for our turn.
-bool PromisedDownload::isLeftover(const QString &filePath,
+/// Whether this is the partial file of an earlier attempt: it has the name of this download, was
+/// created during that attempt, and is certainly incomplete. A file that may belong to somebody
+/// else is none: one of unknown length, or written while we waited for the lock.
+bool VerifiedDownload::isLeftover(const QString &filePath,
                                   const std::optional<MediaInspection> &file) const
 {
     const auto identity = identityOf(filePath);
-    if (!identity || identity->changedMilliseconds > begun.toMSecsSinceEpoch()
+    if (!identity || identity->changedMilliseconds > startedAt.toMSecsSinceEpoch()
         || !earlier.filesBefore || earlier.filesBefore->contains(QFileInfo(filePath).fileName())
         || isRecorded(filePath))
         return false;
@@ -242,13 +239,13 @@ bool PromisedDownload::isLeftover(const QString &filePath,
         || missingSeconds(*file, info).value_or(0) > toleranceSeconds;
 }
 
-/// A record is written when its file is whole, so a file that was changed later is not it.
-bool PromisedDownload::isRecorded(const QString &filePath) const
+/// A record is written when its file is complete, so a file that changed later is another one.
+bool VerifiedDownload::isRecorded(const QString &filePath) const
 {
     const auto identity = identityOf(filePath);
     if (!identity)
         return false;
-    // The list's file holds whole seconds.
+    // The library file stores whole seconds.
     return std::any_of(records.begin(), records.end(), [&](const DownloadRecord &record) {
         return record.filePath == filePath
             && identity->changedMilliseconds <= record.createdAt.toMSecsSinceEpoch() + 1'000;
