@@ -4,6 +4,8 @@
 #include "platform/media/PlayerBackend.h"
 #include "platform/media/UnavailablePlayer.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QLibrary>
 
 #include <exception>
@@ -12,19 +14,39 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 // An end takes a few milliseconds, unless it waits for a name look-up.
 constexpr std::chrono::seconds endingGrace(2);
 
+const QString fileName = u"clipwren_player.so"_s;
+
 } // namespace
 
-PlayerModule::PlayerModule(const QStringList &folders, std::chrono::milliseconds networkTimeout)
-    : m_module(QStringLiteral("clipwren_player"), folders), m_networkTimeout(networkTimeout)
+PlayerModule::PlayerModule(QStringList folders, std::chrono::milliseconds networkTimeout)
+    : m_folders(std::move(folders)), m_networkTimeout(networkTimeout)
 {
 }
 
 PlayerModule::~PlayerModule()
 {
     waitForEndedPlayers(endingGrace);
+}
+
+QStringList PlayerModule::defaultFolders()
+{
+    const QString here = QCoreApplication::applicationDirPath();
+    return {here, here + u"/../lib/clipwren"_s};
+}
+
+QString PlayerModule::path() const
+{
+    for (const QString &folder : m_folders) {
+        const QFileInfo file(folder + u'/' + fileName);
+        if (file.isFile())
+            return file.absoluteFilePath();
+    }
+    return {};
 }
 
 bool PlayerModule::waitForEndedPlayers(std::chrono::milliseconds timeout)
@@ -37,7 +59,7 @@ void PlayerModule::warmUp()
     if (m_backend || std::exchange(m_isWarm, true))
         return;
     m_warmUp = BackgroundTask::start(
-        [path = m_module.path()](const std::stop_token &, const BackgroundTask::Post &) {
+        [path = path()](const std::stop_token &, const BackgroundTask::Post &) {
             // Whether it worked is found out, with the reason, when the first player is made.
             QLibrary(path).load();
         },
@@ -48,11 +70,18 @@ PlayerBackend *PlayerModule::backend()
 {
     if (m_backend)
         return m_backend;
-    if (const auto function = m_module.resolve("clipwrenPlayerBackend2")) {
-        m_backend = reinterpret_cast<decltype(&clipwrenPlayerBackend2)>(function)();
-        return m_backend;
+    const QString file = path();
+    QLibrary library(file);
+    if (!file.isEmpty()) {
+        if (const auto function = library.resolve("clipwrenPlayerBackend2")) {
+            m_backend = reinterpret_cast<decltype(&clipwrenPlayerBackend2)>(function)();
+            return m_backend;
+        }
     }
-    m_failure = QStringLiteral("The player cannot be used: %1").arg(m_module.failure());
+    m_failure = u"The player cannot be used: %1"_s.arg(
+        file.isEmpty()
+            ? u"%1 was not found. Installing Clipwren again should bring it back."_s.arg(fileName)
+            : library.errorString());
     return nullptr;
 }
 

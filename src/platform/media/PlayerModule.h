@@ -2,7 +2,9 @@
 
 #include "core/tasks/BackgroundTask.h"
 #include "platform/media/MediaPlayer.h"
-#include "platform/modules/Module.h"
+
+#include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <cstdint>
@@ -20,12 +22,15 @@ class PlayerModule {
 public:
     /// Looks for the module in these folders, in this order. A stream from the network that is not
     /// ready after `networkTimeout` fails.
-    explicit PlayerModule(const QStringList &folders = Module::defaultFolders(),
+    explicit PlayerModule(QStringList folders = defaultFolders(),
                           std::chrono::milliseconds networkTimeout = std::chrono::seconds(20));
     /// Gives the players that still end in the background a moment to do so.
     ~PlayerModule();
     PlayerModule(const PlayerModule &) = delete;
     PlayerModule &operator=(const PlayerModule &) = delete;
+
+    /// Beside the executable, and where the module is installed and built, as seen from there.
+    static QStringList defaultFolders();
 
     /// Loads the module in the background, once, so that the first player comes at once.
     void warmUp();
@@ -41,10 +46,12 @@ public:
     bool waitForEndedPlayers(std::chrono::milliseconds timeout);
 
 private:
+    /// Of the module's file; empty where there is none.
+    QString path() const;
     /// Null when the module cannot be used; `m_failure` then says why.
     PlayerBackend *backend();
 
-    Module m_module;
+    QStringList m_folders;
     std::chrono::milliseconds m_networkTimeout;
     PlayerBackend *m_backend = nullptr;
     QString m_failure;

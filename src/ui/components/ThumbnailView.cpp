@@ -1,12 +1,13 @@
 #include "ui/components/ThumbnailView.h"
 
-#include "platform/network/HttpTransfer.h"
 #include "ui/components/Icon.h"
 #include "ui/components/Spinner.h"
 #include "ui/components/Theme.h"
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QPainter>
 #include <QPainterPath>
 #include <QShowEvent>
@@ -19,6 +20,9 @@ namespace {
 
 // More than any screen shows of a thumbnail.
 constexpr QSize largestPicture(1280, 1280);
+constexpr int redirectsAllowed = 5;
+// What is not yet read from the network waits there.
+constexpr qint64 bufferBytes = 256 * 1024;
 
 std::optional<QUrl> webAddress(const std::optional<QString> &text)
 {
@@ -28,6 +32,16 @@ std::optional<QUrl> webAddress(const std::optional<QString> &text)
     const bool web =
         url.scheme() == QStringLiteral("http") || url.scheme() == QStringLiteral("https");
     return url.isValid() && web && !url.host().isEmpty() ? std::optional(url) : std::nullopt;
+}
+
+/// Whatever the server's status says, it may have sent a picture.
+bool cameWhole(QNetworkReply::NetworkError error)
+{
+    return error == QNetworkReply::NoError
+        || (error >= QNetworkReply::ContentAccessDenied
+            && error <= QNetworkReply::UnknownContentError)
+        || (error >= QNetworkReply::InternalServerError
+            && error <= QNetworkReply::UnknownServerError);
 }
 
 /// Null when it is no picture of a common kind or too large.
@@ -107,18 +121,14 @@ void ThumbnailView::load()
         return;
     }
     setState(State::Loading);
-    m_transfer = HttpTransfer::start(*url,
-                                     {[this](const QByteArray &bytes) { receive(bytes); },
-                                      [this](bool isWhole) {
-                                          if (isWhole)
-                                              decode();
-                                          else
-                                              fail();
-                                      }});
-    if (!m_transfer) {
-        setState(State::Failed);
-        return;
-    }
+    QNetworkRequest request(*url);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::NoLessSafeRedirectPolicy);
+    request.setMaximumRedirectsAllowed(redirectsAllowed);
+    m_reply = (new QNetworkAccessManager(this))->get(request);
+    m_reply->setReadBufferSize(bufferBytes);
+    connect(m_reply, &QNetworkReply::readyRead, this, &ThumbnailView::receive);
+    connect(m_reply, &QNetworkReply::finished, this, &ThumbnailView::finishTransfer);
     m_timeLimit.start(m_limits.time);
 }
 
@@ -127,13 +137,29 @@ void ThumbnailView::stopLoading()
     m_timeLimit.stop();
     m_decoding = {};
     m_received = {};
-    m_transfer.reset();
+    if (!m_reply)
+        return;
+    m_reply->disconnect(this);
+    // With its thread, its connections and the reply, which may be calling us.
+    m_reply->manager()->deleteLater();
+    m_reply = nullptr;
 }
 
-void ThumbnailView::receive(const QByteArray &bytes)
+void ThumbnailView::receive()
 {
-    m_received += bytes;
+    m_received += m_reply->readAll();
     if (m_received.size() > m_limits.bytes)
+        fail();
+}
+
+void ThumbnailView::finishTransfer()
+{
+    receive();
+    if (!m_reply)
+        return;
+    if (cameWhole(m_reply->error()))
+        decode();
+    else
         fail();
 }
 

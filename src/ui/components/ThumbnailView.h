@@ -8,12 +8,12 @@
 #include <QWidget>
 
 #include <chrono>
-#include <memory>
 #include <optional>
+
+class QNetworkReply;
 
 namespace clipwren {
 
-class HttpTransfer;
 class Spinner;
 
 /// A picture from the web that fills the view, a spinner while it loads, or a placeholder when
@@ -55,7 +55,8 @@ protected:
 private:
     void load();
     void stopLoading();
-    void receive(const QByteArray &bytes);
+    void receive();
+    void finishTransfer();
     void decode();
     void fail();
     void setState(State state);
@@ -66,7 +67,7 @@ private:
     State m_state = State::Loading;
     QImage m_image;
     QPixmap m_scaled; // the image as it was last painted
-    std::unique_ptr<HttpTransfer> m_transfer;
+    QNetworkReply *m_reply = nullptr; // null unless a transfer runs
     QByteArray m_received;
     QTimer m_timeLimit;
     BackgroundTask m_decoding;

@@ -60,7 +60,7 @@ TEST_F(PlayerModuleTest, saysWhyAStreamCannotBePlayed)
         {QUrl::fromLocalFile(folder.path()), noVideo},
         {QUrl::fromLocalFile(folder.filePath(u"gone.mp4"_s)), u"The file does not exist."_s},
         {QUrl(u"edl:///etc/passwd"_s), u"Videos cannot be played from this kind of address."_s}};
-    PlayerModule module(Module::defaultFolders(), std::chrono::milliseconds(300));
+    PlayerModule module(PlayerModule::defaultFolders(), std::chrono::milliseconds(300));
     std::unique_ptr<MediaPlayer> player;
     for (const auto &[url, sentence] : cases) {
         // Beside the one before, which ends in the background.
@@ -105,7 +105,7 @@ TEST_F(PlayerModuleTest, aServerThatStallsFailsTheLoadInTime)
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         socket.write("HTTP/1.1 200 OK\r\nContent-Length: 5000000\r\n\r\n" + file.read(200));
     });
-    PlayerModule module(Module::defaultFolders(), std::chrono::milliseconds(300));
+    PlayerModule module(PlayerModule::defaultFolders(), std::chrono::milliseconds(300));
     const auto player = module.makePlayer();
     QElapsedTimer time;
     time.start();

@@ -200,7 +200,7 @@ TEST_F(SafeVideoPlayerTest, nothingIsLoadedBeforeThereIsAVideo)
 {
     const QTemporaryDir folder;
     const QString name = u"/clipwren_player.so"_s;
-    ASSERT_TRUE(QFile::copy(Module::defaultFolders().last() + name, folder.path() + name));
+    ASSERT_TRUE(QFile::copy(PlayerModule::defaultFolders().last() + name, folder.path() + name));
     PlayerModule module({folder.path()});
     PreviewPlayerController controller([&] { return module.makePlayer(); });
     SafeVideoPlayer file([&] { return module.makePlayer(); }, &window);
