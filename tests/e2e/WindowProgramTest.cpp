@@ -1,4 +1,4 @@
-#include "app/instance/LibraryLock.h"
+#include "app/instance/LibraryClaim.h"
 #include "core/library/DownloadStore.h"
 #include "e2e/ProgramTest.h"
 #include "support/SampleSite.h"

@@ -1,4 +1,4 @@
-#include "app/instance/InstanceMessage.h"
+#include "app/instance/InstanceChannel.h"
 #include "core/json/JsonObjectReader.h"
 #include "fuzz/Fuzz.h"
 

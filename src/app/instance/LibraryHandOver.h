@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/instance/InstanceMessage.h"
+#include "app/instance/InstanceChannel.h"
 
 #include <chrono>
 #include <optional>

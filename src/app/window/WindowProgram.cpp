@@ -1,7 +1,6 @@
 #include "app/window/WindowProgram.h"
 
 #include "app/InterruptSignal.h"
-#include "app/instance/InstanceChannel.h"
 #include "app/instance/LibraryClaim.h"
 #include "app/instance/LibraryHandOver.h"
 #include "app/window/MainWindow.h"

@@ -1,4 +1,3 @@
-#include "app/instance/InstanceChannel.h"
 #include "app/instance/LibraryClaim.h"
 #include "app/instance/LibraryHandOver.h"
 #include "core/library/DownloadStore.h"
@@ -127,7 +126,7 @@ TEST_F(InstanceTest, ASecondStartReachesTheFirst)
     EXPECT_EQ(send(show(u"nonsense"_s)), InstanceAnswer::Failed);
     struct stat status { };
     ASSERT_EQ(::stat(QFile::encodeName(inLibrary(u"socket"_s)).constData(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0600U);
+    EXPECT_EQ(status.st_mode & 077, 0U);
     EXPECT_EQ(claimLibrary(libraryFolder(), {}, 1ms, {}).outcome, LibraryClaim::Outcome::Silent);
 }
 
@@ -165,7 +164,7 @@ TEST_F(InstanceTest, SendsAwayWhoSaysNothingOfUse)
     EXPECT_EQ(received, 1);
 }
 
-TEST_F(InstanceTest, WaitsQuietlyForDescriptors)
+TEST_F(InstanceTest, isQuietWithoutDescriptors)
 {
     const LibraryLock lock(libraryFolder());
     const InstanceServer server(libraryFolder(), [](const InstanceMessage &) { return true; });
