@@ -7,7 +7,6 @@
 #include "ui/downloader/PreviewPane.h"
 #include "ui/downloader/TimeField.h"
 #include "ui/downloader/TimeStat.h"
-#include "ui/downloader/TrimGeometry.h"
 #include "ui/downloader/TrimSlider.h"
 #include "workflow/download/DownloaderView.h"
 

@@ -1,12 +1,15 @@
 #include "ui/downloader/TrimSlider.h"
 
+#include "core/text/Duration.h"
+#include "ui/components/FocusRing.h"
 #include "ui/components/Painting.h"
+#include "ui/components/Slider.h"
 #include "ui/components/Theme.h"
-#include "ui/downloader/TrimHandle.h"
 
-#include <QMouseEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -21,6 +24,37 @@ constexpr double draggedScale = 1.12;
 constexpr Spring scaleSpring{0.15, 1};
 constexpr Spring glideSpring{0.5, 1};
 constexpr double shadowRadius = 2;
+
+constexpr double arrowSeconds = 0.1;
+constexpr double shiftedArrowSeconds = 1;
+constexpr double pageSeconds = 10;
+
+/// One end of the range as the keyboard and assistive tools see it: a slider over the whole
+/// duration. The trim slider paints it and takes the mouse for it.
+class TrimHandle : public Slider {
+public:
+    TrimHandle(const QString &name, QWidget *parent) : Slider(name, {1000, formatDuration}, parent)
+    {
+        setFocusPolicy(Qt::StrongFocus);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFixedSize(int(knobSize), int(knobSize));
+        setSteps(arrowSeconds, pageSeconds);
+        FocusRing::install(this, knobSize / 2);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) {
+            event->ignore();
+            return;
+        }
+        const bool shifted = event->modifiers() & Qt::ShiftModifier;
+        setSteps(shifted ? shiftedArrowSeconds : arrowSeconds, pageSeconds);
+        Slider::keyPressEvent(event);
+    }
+    void paintEvent(QPaintEvent *) override { }
+};
 
 void paintKnobShadow(QPainter &painter, const QRectF &knob)
 {
@@ -38,6 +72,43 @@ void paintKnobShadow(QPainter &painter, const QRectF &knob)
 
 } // namespace
 
+double TrimGeometry::trackWidth() const
+{
+    return std::max(width - knobSize, 1.0);
+}
+
+double TrimGeometry::handleX(double seconds) const
+{
+    return trackWidth() * (seconds / duration);
+}
+
+double TrimGeometry::timeAt(double pointerX) const
+{
+    const double place = std::clamp(pointerX - knobSize / 2, 0.0, trackWidth());
+    // A duration that ends on no tenth is still to be reached.
+    if (place == trackWidth())
+        return duration;
+    return toTenths(duration * (place / trackWidth()));
+}
+
+TrimRange withStart(const TrimRange &range, double seconds)
+{
+    // Never before the beginning, also in a clip that has no room for the gap.
+    const double start = std::min(std::max(seconds, 0.0), range.end - minimumHandleGapSeconds);
+    return {std::max(start, 0.0), range.end};
+}
+
+TrimRange withEnd(const TrimRange &range, double seconds, double duration)
+{
+    return {range.start,
+            std::max(std::min(seconds, duration), range.start + minimumHandleGapSeconds)};
+}
+
+double toTenths(double seconds)
+{
+    return std::round(seconds * 10) / 10;
+}
+
 TrimSlider::TrimSlider(QWidget *parent)
     : QWidget(parent), m_start{new TrimHandle(tr("Start"), this),
                                {glideSpring, 0, [this](double) { placeHandles(); }},
@@ -49,11 +120,13 @@ TrimSlider::TrimSlider(QWidget *parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setMouseTracking(true);
     for (const Handle handle : {Handle::start, Handle::end}) {
-        TrimHandle *seen = knob(handle).handle;
-        seen->installEventFilter(this);
-        connect(seen, &TrimHandle::wanted, this, [this, handle, seen](double seconds) {
-            setMovedByKeys(seen->hasFocus());
-            moveHandle(handle, seconds);
+        Slider *slider = knob(handle).handle;
+        slider->setLargestValue(m_duration);
+        slider->installEventFilter(this);
+        connect(slider, &Slider::valueRequested, this, [this, handle, slider](double seconds) {
+            setMovedByKeys(slider->hasFocus());
+            // A duration that ends on no tenth is still to be reached.
+            moveHandle(handle, seconds < m_duration ? toTenths(seconds) : m_duration);
         });
     }
 }
@@ -73,19 +146,23 @@ void TrimSlider::setDuration(double seconds)
     if (!(seconds > 0) || std::isinf(seconds) || seconds == m_duration)
         return;
     m_duration = seconds;
-    m_start.handle->setDuration(seconds);
-    m_end.handle->setDuration(seconds);
+    m_start.handle->setLargestValue(seconds);
+    m_end.handle->setLargestValue(seconds);
+    m_start.handle->showValue(m_range.start);
+    m_end.handle->showValue(m_range.end);
     placeHandles();
 }
 
 void TrimSlider::setRange(const TrimRange &range, Motion motion)
 {
-    if (range == m_range)
+    const bool differs = std::exchange(m_range, range) != range;
+    // Also without a difference, where a handle was asked to go further than it may.
+    m_start.handle->showValue(range.start);
+    m_end.handle->showValue(range.end);
+    if (!differs)
         return;
-    m_range = range;
     for (const auto &[knob, seconds] :
          {std::pair(&m_start, range.start), std::pair(&m_end, range.end)}) {
-        knob->handle->setValue(seconds);
         if (motion == Motion::Glide && isVisible())
             knob->seconds.moveTo(seconds);
         else
@@ -189,7 +266,6 @@ void TrimSlider::endDrag()
         return;
     knob(*m_dragging).scale.moveTo(1);
     m_dragging.reset();
-    Q_EMIT scrubEnded();
     Q_EMIT adjustingChanged();
 }
 

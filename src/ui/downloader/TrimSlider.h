@@ -2,7 +2,6 @@
 
 #include "core/media/TrimRange.h"
 #include "ui/components/SpringAnimation.h"
-#include "ui/downloader/TrimGeometry.h"
 
 #include <QWidget>
 
@@ -11,7 +10,38 @@
 
 namespace clipwren {
 
-class TrimHandle;
+class Slider;
+
+/// Where the handles of a trim slider stand, and what time a place on it means.
+///
+/// Places are logical pixels from the slider's left edge, times seconds.
+struct TrimGeometry {
+    static constexpr double trackHeight = 6;
+    static constexpr double knobSize = 18;
+    static constexpr double height = knobSize + 8;
+
+    double width; ///< of the whole slider; any
+    double duration; ///< greater than 0
+
+    /// The way that a handle can go; at least 1.
+    double trackWidth() const;
+    /// The left edge of the handle at a time.
+    double handleX(double seconds) const;
+    /// The time that a handle gets when its middle is dragged to a place: a whole tenth of a
+    /// second, or the whole duration at the right end.
+    double timeAt(double pointerX) const;
+};
+
+/// What the user leaves between the handles at least. A range set by the program may be shorter.
+inline constexpr double minimumHandleGapSeconds = 0.1;
+
+/// The range with its start moved towards a time, as far as its end lets it.
+TrimRange withStart(const TrimRange &range, double seconds);
+/// The range with its end moved towards a time, as far as its start and the duration let it.
+TrimRange withEnd(const TrimRange &range, double seconds, double duration);
+
+/// The nearest tenth of a second; halves away from zero.
+double toTenths(double seconds);
 
 /// Chooses the part of a video to keep, with a handle at each end.
 ///
@@ -47,8 +77,6 @@ Q_SIGNALS:
     void rangeChanged(const TrimRange &range);
     /// With every step of a handle, after `rangeChanged()`: its new time.
     void scrubbed(double seconds, Handle handle);
-    /// A drag ended.
-    void scrubEnded();
     void adjustingChanged();
 
 protected:
@@ -62,7 +90,7 @@ protected:
 
 private:
     struct Knob {
-        TrimHandle *handle;
+        Slider *handle; // for the keyboard and assistive tools
         SpringAnimation seconds; // where it is shown
         SpringAnimation scale;
     };

@@ -3,10 +3,10 @@
 #include "core/text/Duration.h"
 #include "ui/components/Button.h"
 #include "ui/components/DigitText.h"
+#include "ui/components/FocusRing.h"
 #include "ui/components/Label.h"
 #include "ui/components/Painting.h"
 #include "ui/player/ThinSlider.h"
-#include "ui/player/TimeButton.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -38,10 +38,9 @@ constexpr double audibleVolume = 0.5;
 // Going on from here would begin anew.
 constexpr double endToleranceSeconds = 0.25;
 
-QString volumeText(double volume)
-{
-    return PlayerControls::tr("%1 %").arg(std::lround(volume * 100));
-}
+constexpr Slider::Unit inMilliseconds{1000, formatDuration};
+constexpr Slider::Unit inPercent{
+    100, [](double volume) { return PlayerControls::tr("%1 %").arg(std::lround(volume * 100)); }};
 
 void describe(Button &button, Icon icon, const QString &name)
 {
@@ -54,12 +53,54 @@ void describe(Button &button, Icon icon, const QString &name)
 
 } // namespace
 
+/// A running time that can be clicked. Its digits stand still.
+class TimeButton : public QAbstractButton {
+public:
+    TimeButton()
+    {
+        setFont(Theme::font(Theme::TextStyle::CaptionDigits));
+        setFocusPolicy(Qt::TabFocus);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        FocusRing::install(this, 4);
+    }
+
+    /// Keeps at least the room of `longest`, so that nothing moves as time goes by.
+    void setTime(const QString &time, const QString &longest)
+    {
+        if (time != text())
+            setText(time);
+        const double room =
+            std::max(DigitText(longest, font()).width(), DigitText(time, font()).width());
+        if (std::exchange(m_room, room) != room)
+            updateGeometry();
+    }
+
+    QSize sizeHint() const override
+    {
+        return {static_cast<int>(std::ceil(m_room)), fontMetrics().height()};
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        const DigitText time(text(), font());
+        QPainter painter(this);
+        painter.setPen(Theme::current().color(Theme::Color::OnVideo));
+        time.paint(painter,
+                   {width() - time.width(),
+                    (height() - fontMetrics().height()) / 2.0 + fontMetrics().ascent()});
+    }
+
+private:
+    double m_room = 0;
+};
+
 PlayerControls::PlayerControls(FullScreen fullScreen, QWidget *parent)
     : QWidget(parent), m_fullScreen(fullScreen), m_play(addButton(u"play.fill")),
       m_elapsed(new Label(Theme::TextStyle::CaptionDigits, Theme::Color::OnVideo)),
-      m_position(new ThinSlider(tr("Position"), {skipSeconds, pageSeconds}, formatDuration)),
-      m_end(new TimeButton), m_mute(addButton(u"speaker.wave.2.fill")),
-      m_volume(new ThinSlider(tr("Volume"), {volumeStep, volumePage}, volumeText)),
+      m_position(new ThinSlider(tr("Position"), inMilliseconds)), m_end(new TimeButton),
+      m_mute(addButton(u"speaker.wave.2.fill")), m_volume(new ThinSlider(tr("Volume"), inPercent)),
       m_toggleFullScreen(addButton(u"arrow.up.left.and.arrow.down.right"))
 {
     // Time runs to the right in every language, and all players look like this.
@@ -76,8 +117,10 @@ PlayerControls::PlayerControls(FullScreen fullScreen, QWidget *parent)
         before = part;
     }
     m_elapsed->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_position->setSteps(skipSeconds, pageSeconds);
     m_volume->setFixedWidth(volumeWidth);
-    m_volume->setMaximum(1);
+    m_volume->setSteps(volumeStep, volumePage);
+    m_volume->setLargestValue(1);
     m_toggleFullScreen->setVisible(m_fullScreen != FullScreen::None);
     if (m_fullScreen == FullScreen::CanEnter)
         describe(*m_toggleFullScreen, u"arrow.up.left.and.arrow.down.right", tr("Full Screen"));
@@ -86,18 +129,18 @@ PlayerControls::PlayerControls(FullScreen fullScreen, QWidget *parent)
                  tr("Leave Full Screen"));
 
     connect(m_play, &Button::clicked, this, &PlayerControls::togglePlaying);
-    connect(m_position, &ThinSlider::dragBegan, this, [this] {
-        m_goesOn = m_player->isPlaying();
+    connect(m_position, &ThinSlider::sliderPressed, this, [this] {
+        m_resumeAfterSeek = m_player->isPlaying();
         m_player->pause();
     });
-    connect(m_position, &ThinSlider::wanted, this, &PlayerControls::seek);
-    connect(m_position, &ThinSlider::dragEnded, this, &PlayerControls::endDrag);
+    connect(m_position, &ThinSlider::valueRequested, this, &PlayerControls::seek);
+    connect(m_position, &ThinSlider::sliderReleased, this, &PlayerControls::endDrag);
     connect(m_end, &TimeButton::clicked, this, [this] {
         m_showsTimeLeft = !m_showsTimeLeft;
         renderTimes();
     });
     connect(m_mute, &Button::clicked, this, &PlayerControls::toggleMuted);
-    connect(m_volume, &ThinSlider::wanted, this, &PlayerControls::setVolume);
+    connect(m_volume, &ThinSlider::valueRequested, this, &PlayerControls::setVolume);
     connect(m_toggleFullScreen, &Button::clicked, this, &PlayerControls::fullScreenToggled);
     setEnabled(false);
 }
@@ -117,7 +160,7 @@ void PlayerControls::setPlayer(MediaPlayer *player)
 {
     if (m_player)
         m_player->disconnect(this);
-    m_goesOn = false;
+    m_resumeAfterSeek = false;
     m_position->cancelDrag();
     m_player = player;
     setEnabled(player != nullptr);
@@ -172,7 +215,7 @@ bool PlayerControls::pressKey(int key, bool repeated)
 
 bool PlayerControls::willPlay() const
 {
-    return m_goesOn || m_player->isPlaying();
+    return m_resumeAfterSeek || m_player->isPlaying();
 }
 
 void PlayerControls::togglePlaying()
@@ -193,7 +236,7 @@ void PlayerControls::seek(double seconds)
 
 void PlayerControls::endDrag()
 {
-    if (!std::exchange(m_goesOn, false) || !m_player)
+    if (!std::exchange(m_resumeAfterSeek, false) || !m_player)
         return;
     const bool atEnd = m_player->positionSeconds()
         >= m_player->durationSeconds().value_or(0) - endToleranceSeconds;
@@ -223,7 +266,7 @@ void PlayerControls::render()
         describe(*m_play, u"pause.fill", tr("Pause"));
     else
         describe(*m_play, u"play.fill", tr("Play"));
-    m_position->setMaximum(m_player->durationSeconds().value_or(0));
+    m_position->setLargestValue(m_player->durationSeconds().value_or(0));
     renderTimes();
     renderVolume();
     leaveOutWhatDoesNotFit();
@@ -232,7 +275,7 @@ void PlayerControls::render()
 void PlayerControls::renderTimes()
 {
     const double position = m_player->positionSeconds();
-    m_position->setValue(position);
+    m_position->showValue(position);
     const QString elapsed = formatDuration(position);
     if (m_elapsed->text() != elapsed)
         m_elapsed->setText(elapsed);
@@ -257,12 +300,12 @@ void PlayerControls::renderVolume()
         describe(*m_mute, u"speaker.slash.fill", tr("Unmute"));
     else
         describe(*m_mute, u"speaker.wave.2.fill", tr("Mute"));
-    m_volume->setValue(silent ? 0 : m_player->volume());
+    m_volume->showValue(silent ? 0 : m_player->volume());
 }
 
 bool PlayerControls::isInUse() const
 {
-    return underMouse() || m_position->isDragged() || m_volume->isDragged()
+    return underMouse() || m_position->isSliderDown() || m_volume->isSliderDown()
         || isAncestorOf(QApplication::focusWidget());
 }
 
@@ -272,8 +315,8 @@ int PlayerControls::widthOver(int videoWidth)
     constexpr double share = 0.7;
     constexpr int comfortable = 500;
     constexpr int longest = 820;
-    const int wanted = std::max(static_cast<int>(videoWidth * share), comfortable);
-    return std::max(std::min({wanted, videoWidth - 2 * margin, longest}), 0);
+    const int preferred = std::max(static_cast<int>(videoWidth * share), comfortable);
+    return std::max(std::min({preferred, videoWidth - 2 * margin, longest}), 0);
 }
 
 QSize PlayerControls::sizeHint() const

@@ -68,8 +68,8 @@ private:
 
     QPointer<MediaPlayer> m_player;
     FullScreen m_fullScreen;
-    // Played when the drag of the position began.
-    bool m_goesOn = false;
+    // The player was playing when the drag of the position began.
+    bool m_resumeAfterSeek = false;
     bool m_showsTimeLeft = false;
 
     Button *m_play;

@@ -6,6 +6,7 @@
 #include "support/LibraryFixture.h"
 #include "support/Widgets.h"
 #include "ui/components/ConfirmationDialog.h"
+#include "ui/components/Slider.h"
 #include "ui/player/SafeVideoPlayer.h"
 #include "ui/shell/HistoryList.h"
 #include "ui/shell/LibraryListView.h"
@@ -48,20 +49,18 @@ protected:
     /// Drags a handle of the trim slider sideways.
     void dragHandle(const QString &name, int pixels)
     {
-        QWidget *handle = nullptr;
-        for (QWidget *widget : window().findChildren<QWidget *>()) {
-            if (widget->inherits("clipwren::TrimHandle") && nameOf(*widget) == name)
-                handle = widget;
-        }
+        auto *handle = shown<Slider>(window(), name);
         ASSERT_NE(handle, nullptr);
-        const QPoint from = handle->rect().center();
-        QTest::mousePress(handle, Qt::LeftButton, Qt::NoModifier, from);
-        const QPoint to = handle->mapToGlobal(from) + QPoint(pixels, 0);
-        QTest::mouseMove(handle, handle->mapFromGlobal(to));
-        QMouseEvent move(QEvent::MouseMove, handle->mapFromGlobal(to), to, Qt::NoButton,
+        // Which takes the mouse for its handles.
+        QWidget *slider = handle->parentWidget();
+        const QPoint from = handle->geometry().center();
+        QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, from);
+        const QPoint to = from + QPoint(pixels, 0);
+        QTest::mouseMove(slider, to);
+        QMouseEvent move(QEvent::MouseMove, to, slider->mapToGlobal(to), Qt::NoButton,
                          Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(handle, &move);
-        QTest::mouseRelease(handle, Qt::LeftButton, Qt::NoModifier, handle->mapFromGlobal(to));
+        QApplication::sendEvent(slider, &move);
+        QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, to);
     }
 };
 

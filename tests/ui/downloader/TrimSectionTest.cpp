@@ -1,8 +1,8 @@
 #include "ScreenTest.h"
 #include "core/text/Duration.h"
+#include "ui/components/Slider.h"
 #include "ui/downloader/PreviewPane.h"
 #include "ui/downloader/TimeField.h"
-#include "ui/downloader/TrimHandle.h"
 #include "ui/downloader/TrimSlider.h"
 
 #include <QAccessible>
@@ -62,7 +62,7 @@ TEST_F(TrimSectionTest, theSwitchOpensTheChoiceOfAKnownLength)
 TEST_F(TrimSectionTest, scrubbingChangesTheRangeAndShowsTheFrame)
 {
     openTrim();
-    auto *end = slider()->findChildren<TrimHandle *>().last();
+    auto *end = slider()->findChildren<Slider *>().last();
     end->setFocus();
     press(end, Qt::Key_PageDown);
     EXPECT_EQ(m_view.trimEnd(), 50.5);
@@ -261,7 +261,7 @@ TEST_F(TrimSectionTest, keysWorkWhereverNobodyTypes)
     click(u"Reset"_s);
     m_fake.lastPlayer->finishSeek();
     for (QWidget *focus : {QApplication::focusWidget(), player,
-                           static_cast<QWidget *>(slider()->findChild<TrimHandle *>())}) {
+                           static_cast<QWidget *>(slider()->findChild<Slider *>())}) {
         focus->setFocus();
         m_view.setTrimRange(10, 20);
         for (const auto &c : cases) {
@@ -285,7 +285,7 @@ TEST_F(TrimSectionTest, keysWorkWhereverNobodyTypes)
     QTest::keyClicks(field(u"Save as"_s), u" ,.io"_s);
     m_view.setTrimEnabled(false);
     settle();
-    press(slider()->findChild<TrimHandle *>(), Qt::Key_Period);
+    press(slider()->findChild<Slider *>(), Qt::Key_Period);
     EXPECT_EQ(m_fake.playerLog.filter(u"step"_s), QStringList());
     EXPECT_EQ((TrimRange{m_view.trimStart(), m_view.trimEnd()}), (TrimRange{10, 20}));
 }
@@ -313,7 +313,7 @@ TEST_F(TrimSectionTest, theKeysIAndOSetTheEndsToWhatIsShown)
         m_view.preview().seek(c.shown);
         m_fake.lastPlayer->finishSeek();
         m_fake.playerLog.clear();
-        press(slider()->findChild<TrimHandle *>(), c.key);
+        press(slider()->findChild<Slider *>(), c.key);
         EXPECT_EQ((TrimRange{m_view.trimStart(), m_view.trimEnd()}), c.expected) << c.shown;
         EXPECT_EQ(slider()->range(), c.expected);
         EXPECT_EQ(m_fake.playerLog, QStringList()) << "the picture stays";
