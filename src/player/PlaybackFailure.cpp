@@ -1,5 +1,7 @@
 #include "player/PlaybackFailure.h"
 
+#include <cerrno>
+#include <cstring>
 #include <mpv/client.h>
 
 namespace clipwren {
@@ -8,6 +10,7 @@ namespace {
 struct LogRule {
     const char16_t *words;
     const char16_t *sentence;
+    int systemError = 0; ///< errno, whose text the system translates
 };
 
 // The error code of nearly every failure to open is the same; the log tells them apart.
@@ -21,15 +24,15 @@ constexpr LogRule logRules[] = {
     {u"HTTP error 5", u"The server has a fault and cannot send the video."},
     {u"Failed to resolve hostname",
      u"The video's server was not found. Is this computer connected to the internet?"},
-    {u"Connection refused", u"Cannot connect to the video's server."},
-    {u"Network is unreachable", u"Cannot connect to the video's server."},
-    {u"No route to host", u"Cannot connect to the video's server."},
-    {u"Connection reset", u"The video's server broke the connection."},
-    {u"timed out", u"The video's server took too long to answer."},
+    {u"Connection refused", u"Cannot connect to the video's server.", ECONNREFUSED},
+    {u"Network is unreachable", u"Cannot connect to the video's server.", ENETUNREACH},
+    {u"No route to host", u"Cannot connect to the video's server.", EHOSTUNREACH},
+    {u"Connection reset", u"The video's server broke the connection.", ECONNRESET},
+    {u"timed out", u"The video's server took too long to answer.", ETIMEDOUT},
     {u"certificate", u"The identity of the video's server could not be verified."},
     {u"tls:", u"No secure connection to the video's server could be made."},
-    {u"No such file", u"The file does not exist."},
-    {u"Permission denied", u"The file may not be read."},
+    {u"No such file", u"The file does not exist.", ENOENT},
+    {u"Permission denied", u"The file may not be read.", EACCES},
     {u"moov atom not found", u"The video is incomplete or damaged."},
     {u"Failed to initialize a decoder", u"This kind of video cannot be played here."},
     {u"No protocol handler", u"Videos cannot be played from this kind of address."},
@@ -53,13 +56,21 @@ const char16_t *sentenceOfCode(int mpvError)
     }
 }
 
+bool matches(const LogRule &rule, const QString &line)
+{
+    if (line.contains(QStringView(rule.words), Qt::CaseInsensitive))
+        return true;
+    return rule.systemError != 0
+        && line.contains(QString::fromLocal8Bit(std::strerror(rule.systemError)));
+}
+
 } // namespace
 
 QString playbackFailure(int mpvError, const QStringList &log)
 {
     for (const LogRule &rule : logRules) {
         for (const QString &line : log) {
-            if (line.contains(QStringView(rule.words), Qt::CaseInsensitive))
+            if (matches(rule, line))
                 return QString::fromUtf16(rule.sentence);
         }
     }

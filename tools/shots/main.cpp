@@ -3,10 +3,12 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -44,10 +46,40 @@ void take(const Shot &shot, SampleSite &site, const QString &folder)
     }
 }
 
+/// Names the pictures that two folders do not have alike, and where they differ. Returns whether
+/// there are any.
+bool compare(const QDir &before, const QDir &after)
+{
+    QStringList names = before.entryList({u"*.png"_s}) + after.entryList({u"*.png"_s});
+    names.removeDuplicates();
+    bool isDifferent = false;
+    for (const QString &name : names) {
+        const QImage old(before.filePath(name));
+        const QImage current(after.filePath(name));
+        if (old == current)
+            continue;
+        isDifferent = true;
+        QRect area;
+        for (int y = 0; y < old.height() && old.size() == current.size(); ++y) {
+            for (int x = 0; x < old.width(); ++x) {
+                if (old.pixel(x, y) != current.pixel(x, y))
+                    area |= QRect(x, y, 1, 1);
+            }
+        }
+        std::printf("%s: x %d to %d, y %d to %d\n", qUtf8Printable(name), area.left(), area.right(),
+                    area.top(), area.bottom());
+    }
+    return isDifferent;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    if (argc == 4 && std::strcmp(argv[1], "--compare") == 0)
+        return compare(QDir(QString::fromLocal8Bit(argv[2])), QDir(QString::fromLocal8Bit(argv[3])))
+            ? 1
+            : 0;
     const QTemporaryDir home;
     for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
         qputenv(variable, home.path().toUtf8());
@@ -55,7 +87,9 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 2) {
-        std::fputs("Usage: clipwren-shots FOLDER [NAME]…\n", stderr);
+        std::fputs("Usage: clipwren-shots FOLDER [NAME]…\n"
+                   "       clipwren-shots --compare BEFORE AFTER\n",
+                   stderr);
         return 2;
     }
     QDir().mkpath(arguments[1]);

@@ -72,7 +72,7 @@ double knownDuration(const FfmpegService &service, const QString &path, const st
 
 } // namespace
 
-MediaInspection FfmpegService::inspect(const QString &path, std::stop_token stop) const
+MediaInspection FfmpegService::inspect(const QString &path, const std::stop_token &stop) const
 {
     const QString report =
         ProcessRunner::runCapturing({ffprobePath,
@@ -85,7 +85,7 @@ MediaInspection FfmpegService::inspect(const QString &path, std::stop_token stop
     return MediaInspection::fromReport(FfprobeReport::fromJson(report.toUtf8()));
 }
 
-double FfmpegService::duration(const QString &path, std::stop_token stop) const
+double FfmpegService::duration(const QString &path, const std::stop_token &stop) const
 {
     const QString seconds =
         ProcessRunner::runCapturing({ffprobePath,
@@ -95,7 +95,8 @@ double FfmpegService::duration(const QString &path, std::stop_token stop) const
     return readNumber(seconds.trimmed()).value_or(0);
 }
 
-FfmpegService::Lengths FfmpegService::lengths(const QString &path, std::stop_token stop) const
+FfmpegService::Lengths FfmpegService::lengths(const QString &path,
+                                              const std::stop_token &stop) const
 {
     const QString report = ProcessRunner::runCapturing(
         {ffprobePath,
@@ -130,7 +131,7 @@ QString FfmpegService::outputPath(const QString &input, const QString &ext, cons
 QString FfmpegService::transcode(const QString &input, const EncodeProfile &profile,
                                  const std::optional<TrimRange> &trim, const QString &suffix,
                                  const FractionHandler &onProgress, const OutputCheck &check,
-                                 std::stop_token stop) const
+                                 const std::stop_token &stop) const
 {
     const double seconds = trim ? lengthOf(*trim) : knownDuration(*this, input, stop);
     if (stop.stop_requested())

@@ -33,13 +33,13 @@ struct FfmpegService {
 
     /// Throws `ClipwrenError` with `EmptyProbeOutput`, or `DecodingError` when the report cannot be
     /// read.
-    MediaInspection inspect(const QString &path, std::stop_token stop = {}) const;
+    MediaInspection inspect(const QString &path, const std::stop_token &stop = {}) const;
 
     /// Seconds; 0 when ffprobe does not know.
-    double duration(const QString &path, std::stop_token stop = {}) const;
+    double duration(const QString &path, const std::stop_token &stop = {}) const;
 
     /// Throws `DecodingError` when the report cannot be read.
-    Lengths lengths(const QString &path, std::stop_token stop = {}) const;
+    Lengths lengths(const QString &path, const std::stop_token &stop = {}) const;
 
     /// The path that `transcode` would write to now.
     static QString outputPath(const QString &input, const QString &ext, const QString &suffix);
@@ -55,7 +55,7 @@ struct FfmpegService {
     QString transcode(const QString &input, const EncodeProfile &profile,
                       const std::optional<TrimRange> &trim, const QString &suffix,
                       const FractionHandler &onProgress, const OutputCheck &check = {},
-                      std::stop_token stop = {}) const;
+                      const std::stop_token &stop = {}) const;
 };
 
 } // namespace clipwren

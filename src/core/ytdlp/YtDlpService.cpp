@@ -147,7 +147,7 @@ ProcessRunner::Command YtDlpService::command(const QStringList &options, const Q
 }
 
 YtDlpService::FetchedInfo YtDlpService::fetchInfo(const QString &url, const StatusHandler &onStatus,
-                                                  std::stop_token stop) const
+                                                  const std::stop_token &stop) const
 {
     const QStringList options{u"-J"_s,
                               u"-v"_s,
@@ -173,7 +173,8 @@ YtDlpService::FetchedInfo YtDlpService::fetchInfo(const QString &url, const Stat
     }
 }
 
-std::optional<QUrl> YtDlpService::fetchPreviewURL(const QString &url, std::stop_token stop) const
+std::optional<QUrl> YtDlpService::fetchPreviewURL(const QString &url,
+                                                  const std::stop_token &stop) const
 {
     const QStringList options{u"-g"_s,
                               u"-f"_s,
@@ -191,7 +192,7 @@ std::optional<QUrl> YtDlpService::fetchPreviewURL(const QString &url, std::stop_
 
 QString YtDlpService::download(const QString &url, const QString &outputDirectory,
                                OutputFormat format, const std::optional<QString> &customFilename,
-                               const ProgressHandler &onProgress, std::stop_token stop) const
+                               const ProgressHandler &onProgress, const std::stop_token &stop) const
 {
     constexpr qsizetype maximumLog = 100'000;
     createDirectory(outputDirectory);

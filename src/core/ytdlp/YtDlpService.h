@@ -60,11 +60,11 @@ struct YtDlpService {
     /// Throws `FetchError`, or `ProcessRunner::TimeoutError` after `infoTimeout`, when the tool has
     /// been stopped and is gone.
     FetchedInfo fetchInfo(const QString &url, const StatusHandler &onStatus,
-                          std::stop_token stop = {}) const;
+                          const std::stop_token &stop = {}) const;
 
     /// Asks for the address of a stream that a player can open; absent when the tool names none.
     /// Throws `ProcessRunner::TimeoutError` after `previewTimeout`.
-    std::optional<QUrl> fetchPreviewURL(const QString &url, std::stop_token stop = {}) const;
+    std::optional<QUrl> fetchPreviewURL(const QString &url, const std::stop_token &stop = {}) const;
 
     /// Saves the video in `outputDirectory`, which is created when absent, and returns the absolute
     /// path of the file. `customFilename` is a title as the user typed it; the site's title stands
@@ -74,7 +74,7 @@ struct YtDlpService {
     /// `NoOutputPath` when the tool does not say where the file is.
     QString download(const QString &url, const QString &outputDirectory, OutputFormat format,
                      const std::optional<QString> &customFilename,
-                     const ProgressHandler &onProgress, std::stop_token stop = {}) const;
+                     const ProgressHandler &onProgress, const std::stop_token &stop = {}) const;
 
     /// Turns a title into the stem of a file name, as part of the tool's output template: a "%"
     /// comes out doubled. At most 180 characters as people see them; never empty.
