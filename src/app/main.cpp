@@ -61,7 +61,7 @@ void endWork()
 {
     BackgroundTask::stopAll();
     BackgroundTask::waitForAll(std::chrono::seconds(20));
-    ProcessRunner::killStragglers();
+    ProcessRunner::killTimedOutProcesses();
 }
 
 std::unique_ptr<QApplication> makeWindowApplication(int &argc, char *argv[])

@@ -1,6 +1,5 @@
 #include "core/media/FfmpegProgress.h"
-#include "core/process/BoundedLog.h"
-#include "core/process/LineSplitter.h"
+#include "core/process/ToolOutput.h"
 #include "core/ytdlp/DownloadProgress.h"
 #include "fuzz/Fuzz.h"
 
@@ -38,7 +37,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     BoundedLog log(16);
     QByteArray understood;
     for (qsizetype from = 0; from < output.size(); from += pieceLength) {
-        const QByteArray text = splitter.take(output.mid(from, pieceLength), takeLine);
+        const QByteArray text = splitter.split(output.mid(from, pieceLength), takeLine);
         understood += text;
         log.append(text);
     }

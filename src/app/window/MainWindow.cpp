@@ -3,16 +3,12 @@
 #include "app/window/AboutDialog.h"
 #include "app/window/WindowPlacement.h"
 #include "platform/media/PlayerModule.h"
-#include "platform/system/MemoryPages.h"
 #include "ui/components/PlainText.h"
 
-#include <QBackingStore>
 #include <QMenu>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
-
-#include <utility>
 
 namespace clipwren {
 
@@ -58,19 +54,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
     QWidget::closeEvent(event);
 }
 
-void MainWindow::resizeEvent(QResizeEvent *event)
-{
-    m_hasNewPixels = true;
-    QWidget::resizeEvent(event);
-}
-
 void MainWindow::paintEvent(QPaintEvent *event)
 {
-    // None while it is painted for somebody else before it is shown.
-    QBackingStore *const store = backingStore();
-    const auto *pixels = store ? dynamic_cast<QImage *>(store->paintDevice()) : nullptr;
-    if (pixels && std::exchange(m_hasNewPixels, false))
-        providePages(pixels->constBits(), static_cast<std::size_t>(pixels->sizeInBytes()));
     QPainter(this).fillRect(event->rect(), palette().window());
 }
 

@@ -23,7 +23,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
@@ -34,7 +33,6 @@ private:
     const ToolEnvironment &m_tools;
     Preferences &m_preferences;
     ContentView *m_content;
-    bool m_hasNewPixels = true; // which nobody has written to
 };
 
 } // namespace clipwren

@@ -1,11 +1,7 @@
 #pragma once
 
-#include "core/process/Descendants.h"
-#include "core/process/ExitNotifier.h"
 #include "core/process/FileDescriptor.h"
 
-#include <chrono>
-#include <optional>
 #include <sys/types.h>
 
 namespace clipwren {
@@ -15,6 +11,11 @@ struct Command;
 }
 
 /// One started program that has not been reaped yet, with the read ends of its two outputs.
+///
+/// It leads a session and a process group of its own: a signal from a terminal reaches us alone,
+/// and ours reach what it has started, too. It gets SIGINT when the thread that started it ends, so
+/// also when we are killed: yt-dlp then ends the ffmpeg that it runs, which it leaves running on
+/// SIGTERM.
 ///
 /// Used by one thread at a time. Destroying it while the program still runs kills the program.
 class ChildProcess {
@@ -31,19 +32,17 @@ public:
     ChildProcess &operator=(ChildProcess &&) = delete;
     ~ChildProcess();
 
-    int exitDescriptor() const { return m_exitNotifier.descriptor(); }
+    /// Becomes readable when the program has ended.
+    int exitDescriptor() const { return m_exitDescriptor.get(); }
     FileDescriptor &standardOutput() { return m_standardOutput; }
     FileDescriptor &standardError() { return m_standardError; }
 
-    /// Sends the signal to the program and to what it started itself. Never reaches a process
-    /// other than those: the program keeps its number until it is reaped here.
-    void signalAll(int signal);
+    /// Sends the signal to the program and to what it has started. Call before `reap`: until then
+    /// the group's number belongs to nobody else.
+    void signalGroup(int signal) const;
 
-    /// What it has started and what may still run, also after its own exit. Call before `reap`.
-    Descendants takeDescendants();
-
-    /// Waits for the exit and reaps the program. Throws `std::system_error` when how it ended
-    /// cannot be learned.
+    /// Kills what the program left running, or the program itself, and waits for its exit. Throws
+    /// `std::system_error` when how it ended cannot be learned.
     Exit reap();
 
 private:
@@ -54,8 +53,7 @@ private:
     ChildProcess(const ProcessRunner::Command &command, Ends ends);
 
     pid_t m_process; ///< 0 once reaped
-    ExitNotifier m_exitNotifier;
-    Descendants m_signalled;
+    FileDescriptor m_exitDescriptor; ///< a pidfd
     FileDescriptor m_standardOutput;
     FileDescriptor m_standardError;
 };

@@ -1,9 +1,8 @@
 #include "core/process/ProcessRunner.h"
 
-#include "core/process/BoundedLog.h"
 #include "core/process/ChildProcess.h"
-#include "core/process/LineSplitter.h"
 #include "core/process/StopSignal.h"
+#include "core/process/ToolOutput.h"
 #include "core/text/DecisiveLine.h"
 
 #include <QFileInfo>
@@ -33,14 +32,27 @@ constexpr qsizetype chunkSize = 64 * 1024;
 // Some thirty years: what is longer would not fit the clock's whole nanoseconds.
 constexpr std::chrono::duration<double> longestTimeout{1e9};
 
-/// Programs that outlived their time limit, and what programs have left running behind them, each
-/// seen to its end on a thread of its own.
-class Stragglers {
+/// Sees programs that outlived their time limit to their end, each on a thread of its own.
+class TimedOutProcessReaper {
 public:
-    Stragglers()
+    TimedOutProcessReaper()
     {
         m_threads.setMaxThreadCount(std::numeric_limits<int>::max());
         m_threads.setExpiryTimeout(0);
+    }
+
+    void reap(ChildProcess child, std::chrono::milliseconds grace)
+    {
+        child.standardOutput().close();
+        child.standardError().close();
+        child.signalGroup(SIGTERM);
+        m_threads.start([child = std::make_shared<ChildProcess>(std::move(child)), grace,
+                         stop = m_stop.get_token()] {
+            const StopSignal stopSignal(stop);
+            std::array<pollfd, 2> events{pollfd{child->exitDescriptor(), POLLIN, 0},
+                                         pollfd{stopSignal.descriptor(), POLLIN, 0}};
+            ::poll(events.data(), events.size(), static_cast<int>(grace.count()));
+        });
     }
 
     void killAll()
@@ -49,47 +61,22 @@ public:
         m_threads.waitForDone();
     }
 
-    void take(ChildProcess child, std::chrono::milliseconds grace)
-    {
-        child.standardOutput().close();
-        child.standardError().close();
-        child.signalAll(SIGTERM);
-        m_threads.start([child = std::make_shared<ChildProcess>(std::move(child)),
-                         end = Clock::now() + grace, grace, stop = m_stop.get_token()] {
-            const StopSignal stopSignal(stop);
-            std::array<pollfd, 2> events{pollfd{child->exitDescriptor(), POLLIN, 0},
-                                         pollfd{stopSignal.descriptor(), POLLIN, 0}};
-            ::poll(events.data(), events.size(), static_cast<int>(grace.count()));
-            if (events.front().revents != 0)
-                killAfter(child->takeDescendants(), end, stopSignal);
-        });
-    }
-
-    void take(Descendants left, std::chrono::milliseconds grace)
-    {
-        left.signal(SIGTERM);
-        m_threads.start(
-            [left = std::make_shared<Descendants>(std::move(left)), end = Clock::now() + grace,
-             stop = m_stop.get_token()] { killAfter(std::move(*left), end, StopSignal(stop)); });
-    }
-
 private:
-    static void killAfter(Descendants left, Clock::time_point end, const StopSignal &stop)
-    {
-        if (!left.waitUntil(end, stop.descriptor()))
-            left.signal(SIGKILL);
-    }
-
     std::stop_source m_stop;
     QThreadPool m_threads;
 };
 
 // Never destroyed: where exit() is called while a program runs, its thread may still come here.
-Stragglers &stragglers()
+TimedOutProcessReaper &timedOutProcesses()
 {
-    static Stragglers &instance = *new Stragglers;
+    static TimedOutProcessReaper &instance = *new TimedOutProcessReaper;
     return instance;
 }
+
+struct TimeLimit {
+    std::optional<std::chrono::duration<double>> timeout;
+    bool waitsForExit = true; ///< of the program, before the run fails
+};
 
 /// One run of a program, from its start to its exit.
 class Run {
@@ -100,11 +87,15 @@ public:
     {
     }
 
-    /// Reads both outputs until the program has ended. Throws `TimeoutError` at the deadline.
-    ChildProcess::Exit finish(const std::stop_token &stop,
-                              std::optional<Clock::time_point> deadline = std::nullopt)
+    /// Reads both outputs until the program has ended. Throws `TimeoutError`.
+    ChildProcess::Exit finish(const std::stop_token &stop, const TimeLimit &limit = {})
     {
         const StopSignal stopSignal(stop);
+        std::optional<Clock::time_point> deadline;
+        if (limit.timeout)
+            deadline = Clock::now()
+                + std::chrono::duration_cast<Clock::duration>(
+                           std::min(*limit.timeout, longestTimeout));
         while (true) {
             std::array<pollfd, 4> events{
                 pollfd{m_child.standardOutput().get(), POLLIN, 0},
@@ -112,14 +103,18 @@ public:
                 pollfd{m_child.exitDescriptor(), POLLIN, 0},
                 pollfd{m_terminating ? -1 : stopSignal.descriptor(), POLLIN, 0},
             };
-            ::poll(events.data(), events.size(), waitTime(deadline));
+            // A program that takes its time to stop when asked to has not timed out.
+            const auto due = m_terminating ? m_killAt : deadline;
+            ::poll(events.data(), events.size(), waitTime(due));
             const auto &[output, error, exit, stopRequest] = events;
 
             if (exit.revents != 0) {
                 readRest(m_child.standardOutput(), m_onOutput);
                 readRest(m_child.standardError(), m_onError);
-                endDescendants();
-                return m_child.reap();
+                const ChildProcess::Exit result = m_child.reap();
+                if (m_hasTimedOut)
+                    throw TimeoutError();
+                return result;
             }
             if (output.revents != 0)
                 readChunk(m_child.standardOutput(), m_onOutput, chunkSize);
@@ -127,54 +122,40 @@ public:
                 readChunk(m_child.standardError(), m_onError, chunkSize);
             if (stopRequest.revents != 0)
                 terminate();
-            killWhenGraceIsOver();
-            if (deadline && Clock::now() >= *deadline) {
-                stragglers().take(std::move(m_child), m_grace);
-                throw TimeoutError();
-            }
+            else if (due && Clock::now() >= *due)
+                endOverdue(limit);
         }
     }
 
 private:
-    /// Milliseconds until something is due by the clock, for poll(); -1 for no limit.
-    int waitTime(std::optional<Clock::time_point> deadline) const
+    /// Milliseconds until then, for poll(); -1 for no limit.
+    static int waitTime(std::optional<Clock::time_point> due)
     {
-        if (!deadline && !m_killAt)
+        if (!due)
             return -1;
-        const auto due = std::min(deadline.value_or(Clock::time_point::max()),
-                                  m_killAt.value_or(Clock::time_point::max()));
-        const auto wait = std::chrono::ceil<std::chrono::milliseconds>(due - Clock::now()).count();
+        const auto wait = std::chrono::ceil<std::chrono::milliseconds>(*due - Clock::now()).count();
         return static_cast<int>(std::clamp<long long>(wait, 0, 3'600'000));
     }
 
     void terminate()
     {
         m_terminating = true;
-        m_child.signalAll(SIGTERM);
+        m_child.signalGroup(SIGTERM);
         m_killAt = Clock::now() + m_grace;
     }
 
-    void killWhenGraceIsOver()
+    void endOverdue(const TimeLimit &limit)
     {
-        if (!m_killAt || Clock::now() < *m_killAt)
-            return;
-        m_killAt.reset();
-        m_child.signalAll(SIGKILL);
-    }
-
-    /// The program has ended. What it left running was not to outlive it.
-    void endDescendants()
-    {
-        Descendants left = m_child.takeDescendants();
-        if (left.isEmpty())
-            return;
-        if (!m_terminating) {
-            stragglers().take(std::move(left), m_grace);
-            return;
+        if (m_terminating) {
+            m_killAt.reset();
+            m_child.signalGroup(SIGKILL);
+        } else if (limit.waitsForExit) {
+            m_hasTimedOut = true;
+            terminate();
+        } else {
+            timedOutProcesses().reap(std::move(m_child), m_grace);
+            throw TimeoutError();
         }
-        // It was asked to stop with the program. Whoever tries again finds nobody at its files.
-        if (!left.waitUntil(m_killAt.value_or(Clock::now())))
-            left.signal(SIGKILL);
     }
 
     /// Reads once. Returns how much came; closes the descriptor at the end of the output.
@@ -210,6 +191,7 @@ private:
     ChunkHandler m_onError;
     QByteArray m_buffer;
     bool m_terminating = false;
+    bool m_hasTimedOut = false;
     std::optional<Clock::time_point> m_killAt;
 };
 
@@ -217,7 +199,7 @@ private:
 ChunkHandler lineSplitter(const LineHandler &onLine, BoundedLog *collected = nullptr)
 {
     return [&onLine, collected, splitter = LineSplitter()](QByteArrayView chunk) mutable {
-        const QByteArray text = splitter.take(chunk, onLine);
+        const QByteArray text = splitter.split(chunk, onLine);
         if (collected)
             collected->append(text);
     };
@@ -291,20 +273,15 @@ QString runCapturing(const Command &command, std::optional<std::chrono::duration
     QByteArray output;
     BoundedLog error;
     Run run(command, collector(output, command), collector(error));
-    std::optional<Clock::time_point> deadline;
-    if (timeout) {
-        const std::chrono::duration<double> limit = std::min(*timeout, longestTimeout);
-        deadline = Clock::now() + std::chrono::duration_cast<Clock::duration>(limit);
-    }
-    const ChildProcess::Exit exit = run.finish(stop, deadline);
+    const ChildProcess::Exit exit = run.finish(stop, {.timeout = timeout, .waitsForExit = false});
     if (exit.status != 0)
         throwError(command, exit, error.text());
     return QString::fromUtf8(output);
 }
 
-void killStragglers()
+void killTimedOutProcesses()
 {
-    stragglers().killAll();
+    timedOutProcesses().killAll();
 }
 
 void runStreaming(const Command &command, const LineHandler &onLine, std::stop_token stop)
@@ -315,12 +292,13 @@ void runStreaming(const Command &command, const LineHandler &onLine, std::stop_t
 }
 
 Output runCapturingStdoutStreamingStderr(const Command &command, const LineHandler &onStderrLine,
+                                         std::optional<std::chrono::duration<double>> timeout,
                                          std::stop_token stop)
 {
     QByteArray output;
     BoundedLog error;
     Run run(command, collector(output, command), lineSplitter(onStderrLine, &error));
-    throwUnlessSucceeded(command, run.finish(stop), error);
+    throwUnlessSucceeded(command, run.finish(stop, {.timeout = timeout}), error);
     return {QString::fromUtf8(output), error.text()};
 }
 

@@ -22,10 +22,10 @@
 ///    waited for because the process ignores SIGCHLD.
 ///
 /// A request to stop sends the program, and what it started itself, SIGTERM. The call then ends
-/// through the program's exit like any other run, when what it started has ended, too. What is
-/// still there after `Command::terminationGrace` is killed. What a program leaves running at its
-/// own exit is stopped the same way behind the call. Programs do not outlive this process for long,
-/// however it ends.
+/// through the program's exit like any other run. A program that is still there after
+/// `Command::terminationGrace` is killed, and so is, at the program's exit, what it leaves running.
+/// Only what leaves the program's process group goes on. Programs do not outlive this process for
+/// long, however it ends.
 namespace clipwren::ProcessRunner {
 
 using Environment = std::map<QString, QString>;
@@ -100,7 +100,7 @@ QString runCapturing(const Command &command,
 
 /// Kills what is still being stopped behind a call that has ended, from now on at once. For the end
 /// of the process, when no operation runs any more.
-void killStragglers();
+void killTimedOutProcesses();
 
 /// Runs the program and hands on every line of both its outputs.
 ///
@@ -110,7 +110,11 @@ void runStreaming(const Command &command, const LineHandler &onLine, std::stop_t
 
 /// Runs the program, hands on every line of its standard error, and returns both outputs. Throws as
 /// `runStreaming` does; a program that writes more than `Command::outputLimit` is killed.
-Output runCapturingStdoutStreamingStderr(const Command &command, const LineHandler &onStderrLine,
-                                         std::stop_token stop = {});
+///
+/// When `timeout`, in seconds, passes before a stop is requested, the program is stopped, and the
+/// call fails with `TimeoutError` at its exit.
+Output runCapturingStdoutStreamingStderr(
+    const Command &command, const LineHandler &onStderrLine,
+    std::optional<std::chrono::duration<double>> timeout = std::nullopt, std::stop_token stop = {});
 
 } // namespace clipwren::ProcessRunner

@@ -1,6 +1,5 @@
 #include "core/ytdlp/YtDlpService.h"
 
-#include "core/process/Mutex.h"
 #include "core/process/ProcessRunner.h"
 #include "core/ytdlp/DownloadArguments.h"
 #include "core/ytdlp/DownloadProgress.h"
@@ -9,24 +8,12 @@
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
-#include <condition_variable>
 #include <filesystem>
-#include <thread>
 
 namespace clipwren {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// True when the time passed, false when a stop was requested before.
-bool sleepFor(std::chrono::milliseconds duration, const std::stop_token &stop)
-{
-    std::mutex lock;
-    std::condition_variable_any never;
-    std::unique_lock held(lock);
-    never.wait_for(held, stop, duration, [] { return false; });
-    return !stop.stop_requested();
-}
 
 /// "[youtube] abc: Downloading webpage" without its tag.
 QString withoutTag(QStringView line)
@@ -38,36 +25,6 @@ QString withoutTag(QStringView line)
     while (start < line.size() && line[start].isSpace())
         ++start;
     return line.sliced(start).toString();
-}
-
-/// Runs the tool and a timer; whichever ends first decides. The tool is gone when this returns.
-ProcessRunner::Output runWithin(std::chrono::milliseconds timeout,
-                                const ProcessRunner::Command &command,
-                                const ProcessRunner::LineHandler &onStderrLine,
-                                const std::stop_token &stop)
-{
-    std::stop_source toolStop;
-    Mutex<bool> decided;
-    std::jthread timer([&](const std::stop_token &timerStop) {
-        if (sleepFor(timeout, timerStop) && !decided.testAndSet())
-            toolStop.request_stop();
-    });
-    // A tool that takes its time to stop on the caller's request has not timed out.
-    const std::stop_callback forwarding(stop, [&] {
-        timer.request_stop();
-        toolStop.request_stop();
-    });
-
-    try {
-        auto output = ProcessRunner::runCapturingStdoutStreamingStderr(command, onStderrLine,
-                                                                       toolStop.get_token());
-        if (!decided.testAndSet())
-            return output;
-    } catch (const std::exception &) {
-        if (!decided.testAndSet())
-            throw;
-    }
-    throw ProcessRunner::TimeoutError();
 }
 
 void createDirectory(const QString &directory)
@@ -157,13 +114,13 @@ YtDlpService::FetchedInfo YtDlpService::fetchInfo(const QString &url, const Stat
                               u"20"_s,
                               u"--retries"_s,
                               u"2"_s};
-    const auto [document, log] = runWithin(
-        infoTimeout, command(options, url),
+    const auto [document, log] = ProcessRunner::runCapturingStdoutStreamingStderr(
+        command(options, url),
         [&](QStringView line) {
             if (onStatus)
                 onStatus(withoutTag(line));
         },
-        stop);
+        infoTimeout, stop);
     if (document.isEmpty())
         throw FetchError::emptyResponse(log);
     try {

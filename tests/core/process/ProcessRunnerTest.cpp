@@ -1,7 +1,7 @@
 #include "core/process/ProcessRunner.h"
 
-#include "core/process/BoundedLog.h"
 #include "core/process/FileDescriptor.h"
+#include "core/process/ToolOutput.h"
 #include "support/LeakCheck.h"
 
 #include <QElapsedTimer>
@@ -268,8 +268,7 @@ TEST(ProcessRunner, StopsWhatAProgramLeavesBehindWithoutWaitingForIt)
 TEST(ProcessRunner, StopsTheProgramAndWhatItStarted)
 {
     // The shell ends at once on SIGTERM and would leave its own child behind.
-    for (const QString &child :
-         {u"exec sleep 60"_s, u"trap '' TERM; exec sleep 60"_s, u"exec setsid sleep 60"_s}) {
+    for (const QString &child : {u"exec sleep 60"_s, u"trap '' TERM; exec sleep 60"_s}) {
         SCOPED_TRACE(child.toStdString());
         Command parent = shell(u"{ %1; } & echo $!; wait"_s.arg(child));
         parent.terminationGrace = 100ms;
