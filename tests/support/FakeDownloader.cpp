@@ -57,18 +57,22 @@ QString FakeDownloader::defaultDownload()
            "echo \"filepath:$file\""_s;
 }
 
-DownloaderView::Environment FakeDownloader::environment()
+ApplicationContext FakeDownloader::context()
 {
     const auto makePlayer = [this] {
         auto player = std::make_unique<ScriptedPlayer>(playerLog);
         lastPlayer = player.get();
         return player;
     };
-    DownloaderView::Environment environment{store,        history, *toolEnvironment,
-                                            pendingFetch, desktop, preferences,
-                                            makePlayer,   nullptr, downloadFolder()};
-    environment.today = [this] { return today; };
-    return environment;
+    return {.store = store,
+            .history = history,
+            .tools = *toolEnvironment,
+            .pendingFetch = pendingFetch,
+            .desktop = desktop,
+            .preferences = preferences,
+            .makePlayer = makePlayer,
+            .downloadDirectory = downloadFolder(),
+            .today = [this] { return today; }};
 }
 
 bool reaches(DownloaderView &view, Phase phase)

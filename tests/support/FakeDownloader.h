@@ -34,7 +34,7 @@ public:
 
     static QString defaultDownload();
 
-    DownloaderView::Environment environment();
+    ApplicationContext context();
     QString downloadFolder() const { return m_folder.filePath(u"Movies/Clipwren"_s); }
     QString libraryFolder() const { return m_folder.filePath(u"library"_s); }
 

@@ -51,12 +51,12 @@ SampleWindow::SampleWindow(SampleSite &site, const QString &title, const QSize &
     m_fake.tools.add(u"ffprobe"_s, u"exec /usr/bin/ffprobe \"$@\""_s);
     addRecords();
 
-    DownloaderView::Environment environment = m_fake.environment();
-    environment.makePlayer = [this] { return m_players.makePlayer(); };
-    environment.makeBackgroundPlayer = [this] {
+    ApplicationContext context = m_fake.context();
+    context.makePlayer = [this] { return m_players.makePlayer(); };
+    context.makeBackgroundPlayer = [this] {
         return m_players.makePlayer(PlayerModule::Purpose::Pictures);
     };
-    m_window.emplace(environment, m_players);
+    m_window.emplace(context, m_players);
     m_window->resize(size);
     m_window->show();
     settle();

@@ -13,20 +13,19 @@ namespace clipwren {
 
 using namespace Qt::StringLiterals;
 
-SaveCommand::SaveCommand(const SaveArguments &arguments,
-                         const DownloaderView::Environment &environment)
-    : m_arguments(arguments), m_tools(environment.tools), m_report(stderr),
-      m_view({.store = environment.store,
-              .history = environment.history,
-              .tools = environment.tools,
-              .pendingFetch = environment.pendingFetch,
-              .desktop = environment.desktop,
-              .preferences = environment.preferences,
-              .downloadDirectory = environment.downloadDirectory,
-              .otherRecords = environment.otherRecords,
-              .format = arguments.format,
-              .today = environment.today},
-             [this](QUuid) { finish(Saved); })
+namespace {
+
+ApplicationContext withFormat(ApplicationContext context, std::optional<OutputFormat> format)
+{
+    context.format = format;
+    return context;
+}
+
+} // namespace
+
+SaveCommand::SaveCommand(const SaveArguments &arguments, const ApplicationContext &context)
+    : m_arguments(arguments), m_tools(context.tools), m_report(stderr),
+      m_view(withFormat(context, arguments.format), [this](QUuid) { finish(Saved); })
 {
     connect(&m_view, &DownloaderView::changed, this, &SaveCommand::follow);
 }

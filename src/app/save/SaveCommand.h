@@ -18,14 +18,14 @@ class SaveCommand : public QObject {
 public:
     enum ExitStatus { Saved = 0, Failed = 1, WrongUse = 2, Interrupted = 130 };
 
-    SaveCommand(const SaveArguments &arguments, const DownloaderView::Environment &environment);
+    SaveCommand(const SaveArguments &arguments, const ApplicationContext &context);
 
     void start();
     /// Stops the running tool; `finished` follows.
     void interrupt();
 
 Q_SIGNALS:
-    /// With `Saved`, the environment's store holds the record.
+    /// With `Saved`, the context's store holds the record.
     void finished(int exitStatus);
 
 private:

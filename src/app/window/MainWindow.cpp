@@ -14,9 +14,9 @@ namespace clipwren {
 
 using namespace Qt::StringLiterals;
 
-MainWindow::MainWindow(const DownloaderView::Environment &environment, PlayerModule &players)
-    : m_tools(environment.tools), m_preferences(environment.preferences),
-      m_content(new ContentView(environment))
+MainWindow::MainWindow(const ApplicationContext &context, PlayerModule &players)
+    : m_tools(context.tools), m_preferences(context.preferences),
+      m_content(new ContentView(context))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     auto *layout = new QVBoxLayout(this);

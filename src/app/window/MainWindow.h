@@ -14,7 +14,7 @@ class MainWindow : public QWidget {
 
 public:
     /// What is given must outlive the window.
-    MainWindow(const DownloaderView::Environment &environment, PlayerModule &players);
+    MainWindow(const ApplicationContext &context, PlayerModule &players);
 
     ContentView &content() { return *m_content; }
     /// Shows and activates the window and looks the address up unless it is empty. The token is

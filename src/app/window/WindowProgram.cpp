@@ -78,11 +78,18 @@ int runWindow(const QString &address)
     SystemDesktop desktop;
     SettingsPreferences preferences;
     PlayerModule players;
-    MainWindow window({store, history, tools, pendingFetch, desktop, preferences,
-                       [&players] { return players.makePlayer(); },
-                       [&players] { return players.makePlayer(PlayerModule::Purpose::Pictures); },
-                       DownloadStore::defaultDownloadDirectory()},
-                      players);
+    const ApplicationContext context{
+        .store = store,
+        .history = history,
+        .tools = tools,
+        .pendingFetch = pendingFetch,
+        .desktop = desktop,
+        .preferences = preferences,
+        .makePlayer = [&players] { return players.makePlayer(); },
+        .makeBackgroundPlayer =
+            [&players] { return players.makePlayer(PlayerModule::Purpose::Pictures); },
+        .downloadDirectory = DownloadStore::defaultDownloadDirectory()};
+    MainWindow window(context, players);
     std::optional<InstanceServer> server;
     if (claim.outcome == Outcome::Held) {
         server.emplace(defaultLibraryFolder(), [&](const InstanceMessage &message) {

@@ -72,11 +72,10 @@ QString addressIn(const QMimeData &data)
 
 } // namespace
 
-ContentView::ContentView(const DownloaderView::Environment &environment, QWidget *parent)
-    : QWidget(parent), m_environment(environment), m_menu(new QMenu(this)),
-      m_sidebar(new SidebarView(environment.store, environment.history, environment.tools,
-                                environment.desktop)),
-      m_detail(new DetailContainer(environment)), m_bar(new TopBar(*m_menu)),
+ContentView::ContentView(const ApplicationContext &context, QWidget *parent)
+    : QWidget(parent), m_context(context), m_menu(new QMenu(this)),
+      m_sidebar(new SidebarView(context.store, context.history, context.tools, context.desktop)),
+      m_detail(new DetailContainer(context)), m_bar(new TopBar(*m_menu)),
       m_columns(new Columns(Qt::Horizontal)), m_sidebarWidth(idealSidebarWidth)
 {
     setMinimumSize(minimumWindowSize);
@@ -146,7 +145,7 @@ void ContentView::show(std::optional<QUuid> id)
 void ContentView::redownload(const QString &address)
 {
     select(std::nullopt);
-    m_environment.pendingFetch.put({address});
+    m_context.pendingFetch.put({address});
 }
 
 void ContentView::lookUp(const QString &address)
@@ -194,7 +193,7 @@ void ContentView::keyPressEvent(QKeyEvent *event)
     // Text fields take this key themselves; it comes here from everything else. The clipboard is
     // another program's and may be slow, so no other key asks for it.
     const QString text =
-        event->matches(QKeySequence::Paste) ? m_environment.desktop.clipboardText() : QString();
+        event->matches(QKeySequence::Paste) ? m_context.desktop.clipboardText() : QString();
     if (looksLikeWebAddress(text))
         lookUp(text.trimmed());
     else

@@ -24,7 +24,7 @@ class ContentView : public QWidget {
 
 public:
     /// What is given must outlive the view.
-    explicit ContentView(const DownloaderView::Environment &environment, QWidget *parent = nullptr);
+    explicit ContentView(const ApplicationContext &context, QWidget *parent = nullptr);
 
     /// Leaves the selected record for the downloader and looks an address up there. Asks first
     /// while a download runs, which that would stop.
@@ -54,7 +54,7 @@ private:
     void askToStop(const QString &confirm, const QString &message, std::function<void()> action);
     void showScreen();
 
-    DownloaderView::Environment m_environment;
+    ApplicationContext m_context;
     QMenu *m_menu;
     SidebarView *m_sidebar;
     DetailContainer *m_detail;

@@ -15,11 +15,11 @@
 
 namespace clipwren {
 
-DetailContainer::DetailContainer(DownloaderView::Environment environment, QWidget *parent)
-    : QWidget(parent), m_environment(std::move(environment)), m_layout(new QStackedLayout(this))
+DetailContainer::DetailContainer(ApplicationContext context, QWidget *parent)
+    : QWidget(parent), m_context(std::move(context)), m_layout(new QStackedLayout(this))
 {
-    connect(&m_environment.tools, &ToolEnvironment::changed, this, &DetailContainer::render);
-    connect(&m_environment.store, &DownloadStore::changed, this, [this] {
+    connect(&m_context.tools, &ToolEnvironment::changed, this, &DetailContainer::render);
+    connect(&m_context.store, &DownloadStore::changed, this, [this] {
         // A selected record that was removed and is brought back ends no download.
         if (!isDownloading())
             render();
@@ -55,7 +55,7 @@ std::optional<DownloadRecord> DetailContainer::selectedRecord() const
 {
     if (!m_selectedID)
         return std::nullopt;
-    const QList<DownloadRecord> &records = m_environment.store.records();
+    const QList<DownloadRecord> &records = m_context.store.records();
     const auto record =
         std::find_if(records.begin(), records.end(),
                      [this](const DownloadRecord &each) { return each.id == *m_selectedID; });
@@ -64,9 +64,9 @@ std::optional<DownloadRecord> DetailContainer::selectedRecord() const
 
 void DetailContainer::render()
 {
-    if (!m_environment.tools.allFound()) {
+    if (!m_context.tools.allFound()) {
         if (m_kind != Kind::Setup)
-            showScreen(Kind::Setup, new SetupView(m_environment.tools, m_environment.desktop));
+            showScreen(Kind::Setup, new SetupView(m_context.tools, m_context.desktop));
         return;
     }
     const std::optional<DownloadRecord> record = selectedRecord();
@@ -74,8 +74,8 @@ void DetailContainer::render()
         static_cast<DownloadDetailView *>(m_screen)->setRecord(*record);
     } else if (record) {
         showScreen(Kind::Detail,
-                   new DownloadDetailView(*record, m_environment.tools, m_environment.desktop,
-                                          m_environment.makePlayer));
+                   new DownloadDetailView(*record, m_context.tools, m_context.desktop,
+                                          m_context.makePlayer));
     } else if (m_kind != Kind::Downloader) {
         showScreen(Kind::Downloader, makeDownloader());
     }
@@ -83,9 +83,8 @@ void DetailContainer::render()
 
 DetailScreen *DetailContainer::makeDownloader()
 {
-    m_downloader = new DownloaderView(m_environment, [this](QUuid id) { Q_EMIT completed(id); });
-    return new DownloaderScreen(*m_downloader, m_environment.desktop,
-                                m_environment.downloadDirectory);
+    m_downloader = new DownloaderView(m_context, [this](QUuid id) { Q_EMIT completed(id); });
+    return new DownloaderScreen(*m_downloader, m_context.desktop, m_context.downloadDirectory);
 }
 
 void DetailContainer::showScreen(Kind kind, DetailScreen *screen)

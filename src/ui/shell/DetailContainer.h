@@ -23,8 +23,8 @@ class DetailContainer : public QWidget {
     Q_OBJECT
 
 public:
-    /// What the environment refers to must outlive the container.
-    explicit DetailContainer(DownloaderView::Environment environment, QWidget *parent = nullptr);
+    /// What the context refers to must outlive the container.
+    explicit DetailContainer(ApplicationContext context, QWidget *parent = nullptr);
     ~DetailContainer() override;
     DetailContainer(const DetailContainer &) = delete;
     DetailContainer &operator=(const DetailContainer &) = delete;
@@ -55,7 +55,7 @@ private:
     void showScreen(Kind kind, DetailScreen *screen);
     DetailScreen *makeDownloader();
 
-    DownloaderView::Environment m_environment;
+    ApplicationContext m_context;
     std::optional<QUuid> m_selectedID;
     Kind m_kind = Kind::None;
     DetailScreen *m_screen = nullptr;

@@ -23,14 +23,14 @@ bool isWebAddress(const QString &text)
 
 } // namespace
 
-DownloaderView::DownloaderView(const Environment &environment,
+DownloaderView::DownloaderView(const ApplicationContext &context,
                                std::function<void(QUuid)> onCompleted, QObject *parent)
-    : QObject(parent), m_environment(environment), m_onCompleted(std::move(onCompleted)),
-      m_format(environment.preferences, environment.format), m_preview(environment.makePlayer),
-      m_pipeline(environment.store, environment.history)
+    : QObject(parent), m_context(context), m_onCompleted(std::move(onCompleted)),
+      m_format(context.preferences, context.format), m_preview(context.makePlayer),
+      m_pipeline(context.store, context.history)
 {
     // A version that arrives later may add the hint on an outdated yt-dlp.
-    connect(&environment.tools, &ToolEnvironment::changed, this, &DownloaderView::changed);
+    connect(&context.tools, &ToolEnvironment::changed, this, &DownloaderView::changed);
     connect(&m_pipeline, &DownloadPipeline::progressed, this, &DownloaderView::changed);
     connect(&m_pipeline, &DownloadPipeline::processing, this, [this] {
         m_phase = Phase::processing;
@@ -50,14 +50,14 @@ DownloaderView::~DownloaderView() = default;
 
 void DownloaderView::acceptRequests()
 {
-    connect(&m_environment.pendingFetch, &PendingFetchBox::changed, this,
+    connect(&m_context.pendingFetch, &PendingFetchBox::changed, this,
             &DownloaderView::acceptRequest);
     acceptRequest();
 }
 
 void DownloaderView::leave()
 {
-    m_environment.pendingFetch.disconnect(this);
+    m_context.pendingFetch.disconnect(this);
     m_lookup = BackgroundTask();
     m_previewLookup = BackgroundTask();
     m_pipeline.drop();
@@ -66,7 +66,7 @@ void DownloaderView::leave()
 
 void DownloaderView::acceptRequest()
 {
-    const std::optional<PendingFetch> request = m_environment.pendingFetch.take();
+    const std::optional<PendingFetch> request = m_context.pendingFetch.take();
     if (!request)
         return;
     m_urlText = request->url;
@@ -104,7 +104,7 @@ void DownloaderView::fetchInfo(bool retryingLast)
     if (retryingLast)
         m_urlText = address;
     m_lastAttemptedURL = address;
-    if (m_environment.tools.ytDlpPath() && m_environment.tools.ffmpegPath())
+    if (m_context.tools.ytDlpPath() && m_context.tools.ffmpegPath())
         startLookup(address);
     Q_EMIT changed();
 }
@@ -198,10 +198,10 @@ bool DownloaderView::downloaderFailed() const
 
 std::optional<QString> DownloaderView::outdatedHint() const
 {
-    const ToolEnvironment &tools = m_environment.tools;
+    const ToolEnvironment &tools = m_context.tools;
     if (!downloaderFailed() || !tools.ytDlpPath() || !tools.ytDlpVersion())
         return std::nullopt;
-    return clipwren::outdatedHint(*tools.ytDlpPath(), *tools.ytDlpVersion(), m_environment.today());
+    return clipwren::outdatedHint(*tools.ytDlpPath(), *tools.ytDlpVersion(), m_context.today());
 }
 
 QString DownloaderView::withOutdatedHint(const QString &failure) const
@@ -212,8 +212,8 @@ QString DownloaderView::withOutdatedHint(const QString &failure) const
 
 void DownloaderView::loadPreview(const QString &address)
 {
-    const ToolEnvironment &tools = m_environment.tools;
-    if (!tools.ytDlpPath() || !tools.ffmpegPath() || !m_environment.makePlayer)
+    const ToolEnvironment &tools = m_context.tools;
+    if (!tools.ytDlpPath() || !tools.ffmpegPath() || !m_context.makePlayer)
         return;
     m_previewLookup = BackgroundTask::start(
         [service = ytDlp(), address](const std::stop_token &stop, const BackgroundTask::Post &) {
@@ -237,13 +237,12 @@ void DownloaderView::reloadPreview()
 
 YtDlpService DownloaderView::ytDlp() const
 {
-    return {*m_environment.tools.ytDlpPath(), *m_environment.tools.ffmpegPath(),
-            m_environment.infoTimeout};
+    return {*m_context.tools.ytDlpPath(), *m_context.tools.ffmpegPath(), m_context.infoTimeout};
 }
 
 void DownloaderView::paste()
 {
-    const QString text = m_environment.desktop.clipboardText();
+    const QString text = m_context.desktop.clipboardText();
     if (text.isEmpty() || isBusy(m_phase))
         return;
     m_urlText = text;
@@ -333,28 +332,28 @@ void DownloaderView::resetTrim()
 
 void DownloaderView::start()
 {
-    if (!m_environment.tools.allFound() || m_phase != Phase::ready)
+    if (!m_context.tools.allFound() || m_phase != Phase::ready)
         return;
     m_phase = Phase::downloading;
     m_preview.unload();
     const DownloadPipeline::Job job = downloadJob();
-    m_attempts.add(m_environment.downloadDirectory);
+    m_attempts.add(m_context.downloadDirectory);
     m_pipeline.start(job);
     Q_EMIT changed();
 }
 
 DownloadPipeline::Job DownloaderView::downloadJob() const
 {
-    const ToolEnvironment &tools = m_environment.tools;
+    const ToolEnvironment &tools = m_context.tools;
     DownloadPipeline::Job job;
     job.effectiveTitle = m_title.effective();
     job.shownFormat = selectedOption().title;
-    job.otherRecords = m_environment.otherRecords;
+    job.otherRecords = m_context.otherRecords;
     job.download.downloader = ytDlp();
     job.download.inspector = {*tools.ffmpegPath(), *tools.ffprobePath()};
     // The address field may have been edited since.
     job.download.address = m_infoAddress;
-    job.download.outputDirectory = m_environment.downloadDirectory;
+    job.download.outputDirectory = m_context.downloadDirectory;
     job.download.format = outputFormat();
     job.download.customTitle = m_title.override();
     job.download.info = m_info;
@@ -376,7 +375,7 @@ void DownloaderView::downloadRecorded(const QUuid &recordId)
 {
     m_phase = Phase::done;
     Q_EMIT changed();
-    m_environment.desktop.playCompletionSound();
+    m_context.desktop.playCompletionSound();
     if (m_onCompleted)
         m_onCompleted(recordId);
 }

@@ -3,7 +3,7 @@
 #include "core/formats/FormatOption.h"
 #include "core/tasks/BackgroundTask.h"
 #include "core/ytdlp/VideoInfo.h"
-#include "platform/media/MediaPlayer.h"
+#include "workflow/ApplicationContext.h"
 #include "workflow/download/DownloadPipeline.h"
 #include "workflow/download/FileTitle.h"
 #include "workflow/download/FormatChoice.h"
@@ -39,29 +39,9 @@ class DownloaderView : public QObject {
     Q_OBJECT
 
 public:
-    /// What outlives the view.
-    struct Environment {
-        DownloadStore &store;
-        HistoryStore &history;
-        ToolEnvironment &tools;
-        PendingFetchBox &pendingFetch;
-        Desktop &desktop;
-        Preferences &preferences;
-        MediaPlayerFactory makePlayer = {}; ///< absent where nothing can be shown: no preview then
-        MediaPlayerFactory makeBackgroundPlayer =
-            {}; ///< for single pictures; absent: there are none
-        QString downloadDirectory = {}; ///< absolute; created by the download
-        /// Records that the store does not hold, where it is not the user's library; absent else.
-        std::function<QList<DownloadRecord>()> otherRecords = {};
-        /// Of this run alone; absent: the preferred one, which another choice changes.
-        std::optional<OutputFormat> format = std::nullopt;
-        std::chrono::milliseconds infoTimeout = std::chrono::seconds(60);
-        std::function<QDate()> today = &QDate::currentDate;
-    };
-
     /// `onCompleted` gets the new record's id, as the last thing that a download does; it may
     /// delete the view with `deleteLater()`.
-    explicit DownloaderView(const Environment &environment,
+    explicit DownloaderView(const ApplicationContext &context,
                             std::function<void(QUuid)> onCompleted = {}, QObject *parent = nullptr);
     ~DownloaderView() override;
 
@@ -134,7 +114,7 @@ public:
     /// Makes players for single pictures of the preview's stream. May be empty.
     const MediaPlayerFactory &makeBackgroundPlayer() const
     {
-        return m_environment.makeBackgroundPlayer;
+        return m_context.makeBackgroundPlayer;
     }
     /// True while the preview's stream is looked up or loads.
     bool isPreviewLoading() const { return m_previewLookup.isRunning() || m_preview.isLoading(); }
@@ -170,7 +150,7 @@ private:
     std::optional<TrimRange> trimToApply(OutputFormat format) const;
     void downloadRecorded(const QUuid &recordId);
 
-    Environment m_environment;
+    ApplicationContext m_context;
     std::function<void(QUuid)> m_onCompleted;
 
     QString m_urlText;

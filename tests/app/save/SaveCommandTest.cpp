@@ -19,13 +19,13 @@ using testing::Not;
 class SaveCommandTest : public testing::Test {
 protected:
     /// Runs the command to its end, and keeps what it wrote on standard error.
-    int run() { return run(fake.environment()); }
-    int run(const DownloaderView::Environment &environment)
+    int run() { return run(fake.context()); }
+    int run(const ApplicationContext &context)
     {
         testing::internal::CaptureStderr();
         SaveArguments arguments;
         arguments.address = u"https://site.example/watch?v=1"_s;
-        SaveCommand command(arguments, environment);
+        SaveCommand command(arguments, context);
         QSignalSpy finished(&command, &SaveCommand::finished);
         command.start();
         const bool ended = !finished.isEmpty() || finished.wait(10'000);
@@ -60,9 +60,9 @@ TEST_F(SaveCommandTest, KnowsAFileThatTheUsersLibraryRecords)
     EXPECT_EQ(run(), SaveCommand::Saved);
     const DownloadRecord saved = fake.store.records().value(0);
     fake.store.clear();
-    auto environment = fake.environment();
-    environment.otherRecords = [&] { return QList{saved}; };
-    EXPECT_EQ(run(environment), SaveCommand::Saved);
+    auto context = fake.context();
+    context.otherRecords = [&] { return QList{saved}; };
+    EXPECT_EQ(run(context), SaveCommand::Saved);
     EXPECT_EQ(fake.store.records().value(0).filePath, saved.filePath);
 }
 

@@ -34,11 +34,15 @@ void WindowFixture::SetUpTestSuite()
 void WindowFixture::open(const QStringList &toolFolders)
 {
     tools.emplace(toolFolders);
-    m_window = std::make_unique<MainWindow>(
-        DownloaderView::Environment{store, history, *tools, pendingFetch, desktop, preferences,
-                                    [this] { return players.makePlayer(); }, nullptr,
-                                    m_folder.filePath(u"Movies/Clipwren"_s)},
-        players);
+    const ApplicationContext context{.store = store,
+                                     .history = history,
+                                     .tools = *tools,
+                                     .pendingFetch = pendingFetch,
+                                     .desktop = desktop,
+                                     .preferences = preferences,
+                                     .makePlayer = [this] { return players.makePlayer(); },
+                                     .downloadDirectory = m_folder.filePath(u"Movies/Clipwren"_s)};
+    m_window = std::make_unique<MainWindow>(context, players);
     showWindow(*m_window);
 }
 

@@ -175,10 +175,10 @@ TEST_F(FilmStripTest, theTrimSectionHasAStripWhereThereAreBackgroundPlayers)
 {
     for (const bool canHaveStrip : {true, false}) {
         FakeDownloader fake;
-        DownloaderView::Environment environment = fake.environment();
+        ApplicationContext context = fake.context();
         if (canHaveStrip)
-            environment.makeBackgroundPlayer = [this] { return makePlayer(); };
-        DownloaderView view(environment);
+            context.makeBackgroundPlayer = [this] { return makePlayer(); };
+        DownloaderView view(context);
         TrimSection section(view);
         section.resize(500, 500);
         QObject::connect(&view, &DownloaderView::changed, &section, &TrimSection::render);

@@ -80,7 +80,7 @@ protected:
 
     const QString m_folder = QDir::homePath() + QStringLiteral("/Movies/Clipwren");
     FakeDownloader m_fake;
-    DownloaderView m_view{m_fake.environment()};
+    DownloaderView m_view{m_fake.context()};
     DownloaderScreen m_screen{m_view, m_fake.desktop, m_folder};
 };
 

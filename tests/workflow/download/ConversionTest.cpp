@@ -78,7 +78,7 @@ TEST_F(ConversionTest, TriesAgainWithWhatItLeft)
         {"no range", [] {}, {}, 0, {left}},
         {"another process",
          [&] {
-             view.emplace(fake.environment());
+             view.emplace(fake.context());
              makeReady();
          },
          TrimRange{1, 5},

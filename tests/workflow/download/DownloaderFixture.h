@@ -57,7 +57,7 @@ protected:
     const QString address = u"https://site.example/watch?v=1"_s;
     FakeDownloader fake;
     std::vector<QUuid> completed;
-    std::optional<DownloaderView> view{std::in_place, fake.environment(),
+    std::optional<DownloaderView> view{std::in_place, fake.context(),
                                        [this](QUuid id) { completed.push_back(id); }};
 };
 

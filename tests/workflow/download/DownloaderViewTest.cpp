@@ -280,7 +280,7 @@ TEST_F(DownloaderViewTest, CanBeDestroyedAtAnyMoment)
     fake.onConvert(u"sleep 0.01; echo new > \"$output\""_s);
     for (int round = 0; round < 100; ++round) {
         const auto lastPhase = static_cast<Phase>(round % 7);
-        view.emplace(fake.environment());
+        view.emplace(fake.context());
         view->setTrimEnabled(true);
         QObject::connect(
             &*view, &DownloaderView::changed, &*view,
