@@ -98,7 +98,7 @@ std::optional<qint64> known(qint64 bytes)
     return bytes >= 1 ? std::optional(bytes) : std::nullopt;
 }
 
-/// Sites state what they like; a sum beyond 64 bits is the greatest number.
+/// Saturates: a site may state any size.
 qint64 sum(qint64 first, qint64 second)
 {
     qint64 result = 0;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/formats/CompatLevel.h"
 #include "core/formats/OutputFormat.h"
 
 #include <QList>
@@ -9,6 +8,15 @@ namespace clipwren {
 
 struct VideoFormat;
 struct VideoInfo;
+
+/// Where a file plays.
+enum class CompatLevel {
+    macNative, ///< H.264: QuickTime and every common editor
+    macModern, ///< HEVC: current desktop systems, perhaps not older tools
+    needsThirdParty, ///< any other video codec: only players such as VLC or IINA
+    proRes, ///< the editing format
+    audioOnly,
+};
 
 /// One output format as offered for a video.
 struct FormatOption {

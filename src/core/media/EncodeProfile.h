@@ -4,7 +4,7 @@
 
 namespace clipwren {
 
-/// What ffmpeg makes of a file.
+/// ffmpeg's codec arguments and the container for a conversion.
 struct EncodeProfile {
     QStringList videoArgs;
     QStringList audioArgs;

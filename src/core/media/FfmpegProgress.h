@@ -6,8 +6,8 @@
 
 namespace clipwren {
 
-/// What a line of ffmpeg's progress report says of the whole, 0 to 1; nothing for other lines.
-/// `totalSeconds` is 0 where it is not known.
+/// The fraction of the whole, 0 to 1, that a line of ffmpeg's progress report states; absent for
+/// other lines. `totalSeconds` is 0 when unknown.
 std::optional<double> ffmpegFraction(QStringView line, double totalSeconds);
 
 } // namespace clipwren

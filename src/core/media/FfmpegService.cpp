@@ -36,7 +36,7 @@ QString secondsText(double seconds)
 
 bool isSameFile(const QString &path, const QString &other)
 {
-    // Sees through links, and through other spellings of one path.
+    // Resolves links and different spellings of one path.
     std::error_code ignored;
     return path == other
         || std::filesystem::equivalent(QFile::encodeName(path).toStdString(),
@@ -47,7 +47,7 @@ QStringList transcodeArguments(const QString &input, const QString &output,
                                const EncodeProfile &profile, const std::optional<TrimRange> &trim)
 {
     QStringList arguments{u"-hide_banner"_s, u"-y"_s};
-    // In front of the input, ffmpeg seeks instead of decoding all that comes before.
+    // Before "-i", ffmpeg seeks instead of decoding everything up to the start.
     if (trim)
         arguments << u"-ss"_s << secondsText(trim->start);
     arguments << u"-i"_s << input;
@@ -60,7 +60,7 @@ QStringList transcodeArguments(const QString &input, const QString &output,
     return arguments;
 }
 
-/// Seconds; 0 when they cannot be found out, which only costs the progress in between.
+/// Seconds; 0 when unknown, which only means no progress is reported.
 double knownDuration(const FfmpegService &service, const QString &path, const std::stop_token &stop)
 {
     try {
@@ -148,7 +148,7 @@ QString FfmpegService::transcode(const QString &input, const EncodeProfile &prof
             },
             stop);
     } catch (const ProcessRunner::ProcessError &) {
-        // Asked to stop, ffmpeg tidies up and exits with 255.
+        // On SIGTERM, ffmpeg finishes the file and exits with 255.
         if (stop.stop_requested())
             throw CancellationError();
         throw;

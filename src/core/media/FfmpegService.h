@@ -21,12 +21,12 @@ struct FfmpegService {
     /// Between 0 and 1. Need not increase.
     using FractionHandler = std::function<void(double fraction)>;
 
-    /// Of the file that a conversion wrote; what it throws becomes the outcome.
+    /// Checks the file that a conversion wrote; what it throws becomes the outcome.
     using OutputCheck = std::function<void(const QString &path)>;
 
-    /// Seconds; absent what there is not, or what ffprobe does not know.
+    /// Durations in seconds; absent without such a stream or when ffprobe does not know.
     struct Lengths {
-        bool hasPicture = false; ///< a moving one, no cover
+        bool hasPicture = false; ///< a video stream, not a cover image
         std::optional<double> picture = std::nullopt;
         std::optional<double> whole = std::nullopt; ///< of the longest track
     };

@@ -20,7 +20,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Also true of a link that leads nowhere, through which a tool would write somewhere else.
+/// Also true of a dangling symbolic link: a tool would write through it to its target.
 bool isTaken(const QString &path)
 {
     const QFileInfo file(path);
@@ -32,9 +32,9 @@ bool isTaken(const QString &path)
     throw std::system_error(errno, std::generic_category(), path.toStdString());
 }
 
-/// What has that name; 0 when nothing has. Throws where that cannot be told, as a file that is
-/// overlooked would be lost.
-mode_t kindOf(const QString &path)
+/// The file type bits of stat(2); 0 when nothing has that name. Throws on any other failure, since
+/// a file that is overlooked would be replaced.
+mode_t fileTypeOf(const QString &path)
 {
     struct stat status { };
     if (::lstat(QFile::encodeName(path).constData(), &status) == 0)
@@ -44,7 +44,7 @@ mode_t kindOf(const QString &path)
     return 0;
 }
 
-/// As rename(2): takes the place of a file that has the name.
+/// As rename(2), which replaces an existing file.
 bool rename(const QString &from, const QString &to)
 {
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
@@ -55,10 +55,10 @@ void removeFolder(const QString &path)
     ::rmdir(QFile::encodeName(path).constData());
 }
 
-// The file keeps its name inside, which may be as long as the file system allows.
+// A folder, because a prefixed file name could be longer than the file system allows.
 const QString earlierFolderTemplate = u".clipwren-earlier-XXXXXX"_s;
 
-/// With the slash before it.
+/// The file name with the slash before it.
 QString nameOf(const QString &path)
 {
     return path.sliced(path.lastIndexOf(u'/'));
@@ -70,7 +70,7 @@ FileDescriptor openFolder(const QString &path)
                                  O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
-/// Some file systems have no locks for folders, so that nobody takes ours away either.
+/// Some file systems cannot lock folders; then no other process treats ours as unlocked, either.
 bool isLockMissing(int error)
 {
     return error == EOPNOTSUPP || error == ENOLCK || error == EBADF || error == EINVAL;
@@ -78,11 +78,11 @@ bool isLockMissing(int error)
 
 /// Makes a hidden folder beside the file and moves or links the file into it; returns the folder
 /// and the lock on it. `put` has the arguments of rename().
-std::pair<QString, FileDescriptor> putIntoFolder(const QString &file,
-                                                 bool (*put)(const QString &, const QString &))
+std::pair<QString, FileDescriptor>
+moveIntoHiddenFolder(const QString &file, bool (*put)(const QString &, const QString &))
 {
     const QString parent = file.first(file.lastIndexOf(u'/') + 1);
-    // Another process that starts may take the folder for one that was left, before it is locked.
+    // Another process may remove the folder as abandoned before it is locked.
     for (int attempts = 3;; --attempts) {
         QByteArray name = QFile::encodeName(parent + earlierFolderTemplate);
         if (!::mkdtemp(name.data()))
@@ -100,17 +100,17 @@ std::pair<QString, FileDescriptor> putIntoFolder(const QString &file,
     }
 }
 
-/// Some file systems have no hard links; there the file is away meanwhile.
+/// Some file systems have no hard links; there the file is moved.
 bool linkOrRename(const QString &from, const QString &to)
 {
     return ::link(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0
         || rename(from, to);
 }
 
-/// Takes the place of what has the name `to`, unless that is the very file.
+/// Replaces what has the name `to`, unless it is the same file.
 void putBack(const QString &from, const QString &to)
 {
-    // Of two names of one file, rename() leaves both.
+    // rename() does nothing when both names are of one file.
     if (rename(from, to))
         ::unlink(QFile::encodeName(from).constData());
 }
@@ -119,15 +119,15 @@ void putBack(const QString &from, const QString &to)
 
 OutputFile::OutputFile(const QString &path) : m_path(path)
 {
-    // Folders and devices are left alone: the tool says itself what it cannot write to.
-    const mode_t kind = kindOf(path);
+    // Folders and devices are not moved: the tool reports that it cannot write there.
+    const mode_t kind = fileTypeOf(path);
     if (kind == S_IFREG || kind == S_IFLNK)
         moveAside();
 }
 
 void OutputFile::moveAside()
 {
-    std::tie(m_earlierFolder, m_lock) = putIntoFolder(m_path, &rename);
+    std::tie(m_earlierFolder, m_lock) = moveIntoHiddenFolder(m_path, &rename);
 }
 
 OutputFile::~OutputFile()
@@ -145,12 +145,12 @@ OutputFile::~OutputFile()
 
 void OutputFile::keep()
 {
-    // A tool that claims success without a file does not cost the earlier one.
-    if (kindOf(m_path) == 0)
+    // Keep the earlier file when the tool reports success but wrote none.
+    if (fileTypeOf(m_path) == 0)
         return;
     if (!m_earlierFolder.isEmpty()) {
         const QString earlier = m_earlierFolder + nameOf(m_path);
-        // Else it would take the new one's place after the next start.
+        // Otherwise the next start would put it back over the new one.
         if (::unlink(QFile::encodeName(earlier).constData()) != 0 && errno != ENOENT)
             throwError(m_path);
         removeFolder(m_earlierFolder);
@@ -175,7 +175,7 @@ void OutputFile::restoreAfterKill(const QString &folder)
 
 KeptFile::KeptFile(const QString &path) : m_path(path)
 {
-    std::tie(m_folder, m_lock) = putIntoFolder(path, &linkOrRename);
+    std::tie(m_folder, m_lock) = moveIntoHiddenFolder(path, &linkOrRename);
 }
 
 KeptFile::~KeptFile()
@@ -187,7 +187,7 @@ KeptFile::~KeptFile()
 bool mayExist(const QString &path)
 {
     try {
-        return kindOf(path) != 0;
+        return fileTypeOf(path) != 0;
     } catch (const std::system_error &) {
         return true;
     }

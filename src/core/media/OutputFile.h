@@ -6,24 +6,24 @@
 
 namespace clipwren {
 
-/// The file that a tool is about to write.
+/// Protects the file that a tool is about to overwrite until the new one is complete.
 ///
-/// A file that has its name already waits in a hidden folder beside it. Until `keep()` is called,
-/// destroying this removes what was written and puts the earlier file back.
+/// An existing file of that name is moved into a hidden folder beside it. Unless `keep()` was
+/// called, the destructor removes the new file and restores the earlier one.
 class OutputFile {
 public:
-    /// Throws `std::system_error` when an earlier file cannot be seen or moved.
+    /// Throws `std::system_error` when an existing file cannot be examined or moved.
     explicit OutputFile(const QString &path);
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
     ~OutputFile();
 
-    /// The new file is whole; the earlier one goes. Throws `std::system_error` when that cannot be
-    /// seen or removed, and is not kept then.
+    /// The new file is complete: removes the earlier one. Throws `std::system_error` when that
+    /// fails; then the earlier file is restored.
     void keep();
 
-    /// Puts the files of a folder back that processes had moved aside when they were killed. What
-    /// a running process has moved stays.
+    /// Restores the files in a folder that killed processes had moved. Files that a running process
+    /// has moved stay.
     static void restoreAfterKill(const QString &folder);
 
 private:
@@ -37,8 +37,8 @@ private:
 
 /// Protects a file that a tool may remove or replace while it runs.
 ///
-/// Meanwhile a hidden folder beside it holds a hard link to it. Destroying this puts it back
-/// where it is gone or another. `OutputFile::restoreAfterKill` does so after a kill.
+/// A hidden folder beside it holds a hard link to it. The destructor restores the file if it was
+/// removed or replaced; after a kill, `OutputFile::restoreAfterKill` does.
 class KeptFile {
 public:
     /// Throws `std::system_error` when the file cannot be kept.
@@ -53,10 +53,10 @@ private:
     FileDescriptor m_lock; ///< on that folder
 };
 
-/// False only where there certainly is nothing of that name.
+/// False only when certainly nothing has that name.
 bool mayExist(const QString &path);
 
-/// `path` with the least number from 2 on before the extension that no file has yet, as in
+/// `path` with the smallest number from 2 on before the extension that gives a free name, as in
 /// "Talk 2.mov".
 QString nextFreePath(const QString &path);
 

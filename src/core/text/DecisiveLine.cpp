@@ -11,10 +11,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// ffmpeg's closing words, which yt-dlp passes on as an error of its own.
+// ffmpeg's last line, which yt-dlp repeats as its own error.
 constexpr QLatin1StringView closingWords = "Conversion failed!"_L1;
 
-// What the system refuses stands far above the closing words, over the encoder's statistics.
+// Errors of the system stand far above the last line, before the encoder's statistics.
 constexpr std::array refusals{
     "No space left on device"_L1, "Disk quota exceeded"_L1,       "Input/output error"_L1,
     "Permission denied"_L1,       "Read-only file system"_L1,     "File too large"_L1,

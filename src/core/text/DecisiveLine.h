@@ -6,8 +6,8 @@ namespace clipwren {
 
 /// The line of a tool's log that tells why it failed; empty for an empty log.
 ///
-/// That is yt-dlp's last "ERROR:", or where ffmpeg says what the system refused, otherwise the last
-/// line that tells of a failure, or simply the last. At most 1000 characters of it.
+/// That is yt-dlp's last "ERROR:", or ffmpeg's line with a system error, otherwise the last line
+/// that mentions a failure, or simply the last. At most 1000 characters of it.
 QString decisiveLine(QStringView log);
 
 } // namespace clipwren

@@ -10,8 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Rounds to steps of which a second has so many; halves away from zero. Nothing for what is no
-/// duration.
+/// Rounds to that many steps a second, halves away from zero. Absent for an invalid duration.
 std::optional<qint64> stepsIn(double seconds, int stepsPerSecond)
 {
     constexpr double longest = 9e15;

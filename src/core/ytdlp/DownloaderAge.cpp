@@ -30,7 +30,7 @@ struct Update {
     QString text;
 };
 
-/// Each way of installing it has its own way to renew it.
+/// Each way of installing yt-dlp has its own way to update it.
 QString howToUpdate(const QString &path)
 {
     static const Update updates[] = {

@@ -15,8 +15,8 @@ std::optional<QDate> releaseDate(const QString &version);
 /// with one after `today`.
 std::optional<QString> ageText(const QString &version, const QDate &today);
 
-/// Two sentences that go with a failure, when the yt-dlp at `path` is older than 90 days: how old
-/// it is, and how to get a newer one. Sites change, and an old one is the commonest cause.
+/// Two sentences for a failure when the yt-dlp at `path` is older than 90 days: how old it is, and
+/// how to update it. Sites change, and an outdated yt-dlp is the most common cause of failures.
 std::optional<QString> outdatedHint(const QString &path, const QString &version,
                                     const QDate &today);
 

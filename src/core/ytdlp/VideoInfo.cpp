@@ -16,7 +16,7 @@ std::optional<QString> shownText(const std::optional<QString> &text)
     return boundedText(QString::fromUtf8(text->toUtf8()), longestTitle);
 }
 
-/// The beginning of an address leads somewhere else.
+/// A truncated address would lead somewhere else, so a long one is dropped.
 std::optional<QString> addressIfBounded(const std::optional<QString> &text)
 {
     constexpr qsizetype longestAddress = 100'000;
