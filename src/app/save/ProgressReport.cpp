@@ -49,12 +49,12 @@ void ProgressReport::status(const QString &text)
         line(text);
 }
 
-void ProgressReport::progress(const QString &stage, double fraction, const QString &detail)
+void ProgressReport::progress(const QString &stage, const DownloadProgress &progress)
 {
-    const double shown = std::clamp(fraction, 0.0, 1.0);
+    const double shown = std::clamp(progress.fraction, 0.0, 1.0);
     QString text = u"%1 %2%"_s.arg(stage).arg(static_cast<int>(shown * 100));
-    if (!detail.isEmpty())
-        text += u"  "_s + detail;
+    if (!progress.status.isEmpty())
+        text += u"  "_s + progress.status;
     if (m_isTerminal) {
         renew(text);
         return;

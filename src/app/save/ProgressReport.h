@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/ytdlp/DownloadProgress.h"
+
 #include <QString>
 
 #include <cstdio>
@@ -22,8 +24,7 @@ public:
     void line(const QString &text);
     /// A text that the next one replaces.
     void status(const QString &text);
-    /// `fraction` is 0 to 1; `detail` may be empty.
-    void progress(const QString &stage, double fraction, const QString &detail);
+    void progress(const QString &stage, const DownloadProgress &progress);
 
 private:
     void renew(const QString &text);

@@ -71,7 +71,7 @@ void SaveCommand::follow()
         return;
     case Phase::downloading:
     case Phase::processing:
-        m_report.progress(m_view.phaseLabel(), m_view.downloadProgress(), m_view.downloadStatus());
+        m_report.progress(m_view.phaseLabel(), m_view.progress());
         return;
     case Phase::done:
         return;

@@ -6,10 +6,12 @@
 
 namespace clipwren {
 
-/// One progress report of a download.
+/// How far a download, or the conversion after it, is.
 struct DownloadProgress {
-    double fraction; ///< 0 or more, 1 at the end of each file; not clamped
-    QString status; ///< speed and remaining time, as in "1.20MiB/s · 00:10"; may be empty
+    double fraction = 0; ///< 0 or more, 1 at the end of each file; not clamped
+    QString status = {}; ///< what is known beside, as in "1.20MiB/s · 00:10"; may be empty
+
+    bool operator==(const DownloadProgress &) const = default;
 
     /// Reads a line that follows `progressTemplate`. Any other line gives nothing, and so does one
     /// without a percentage.

@@ -2,7 +2,6 @@
 
 #include "core/process/ProcessRunner.h"
 #include "core/ytdlp/DownloadArguments.h"
-#include "core/ytdlp/DownloadProgress.h"
 
 #include <QFile>
 #include <QTextBoundaryFinder>
@@ -163,7 +162,7 @@ QString YtDlpService::download(const QString &url, const QString &outputDirector
             if (const auto path = reportedPath(line))
                 finalPath = *path;
             else if (const auto progress = DownloadProgress::fromLine(line); progress && onProgress)
-                onProgress(progress->fraction, progress->status);
+                onProgress(*progress);
             else if (log.size() < maximumLog)
                 log += line.first(std::min(line.size(), maximumLog)).toString() + u'\n';
         },

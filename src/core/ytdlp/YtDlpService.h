@@ -3,6 +3,7 @@
 #include "core/formats/OutputFormat.h"
 #include "core/json/JsonObjectReader.h"
 #include "core/process/ProcessRunner.h"
+#include "core/ytdlp/DownloadProgress.h"
 #include "core/ytdlp/VideoInfo.h"
 
 #include <QUrl>
@@ -52,7 +53,7 @@ struct YtDlpService {
 
     using StatusHandler = std::function<void(const QString &line)>;
     /// `fraction` is that of the file the tool works on now; the tool may start again at 0.
-    using ProgressHandler = std::function<void(double fraction, const QString &status)>;
+    using ProgressHandler = std::function<void(const DownloadProgress &progress)>;
 
     /// Asks for the description of the video at `url`. `onStatus` gets each line of the tool's log
     /// without its leading "[tag]"; what is left may be empty.

@@ -50,9 +50,10 @@ ProgressSection::ProgressSection(DownloaderView &view, QWidget *parent)
 void ProgressSection::render()
 {
     m_heading->setFullText(m_view.phaseLabel());
-    m_percentage->setText(percentage(m_view.downloadProgress()));
-    m_bar->setFraction(m_view.downloadProgress());
-    m_status->setFullText(m_view.downloadStatus());
+    const DownloadProgress &progress = m_view.progress();
+    m_percentage->setText(percentage(progress.fraction));
+    m_bar->setFraction(progress.fraction);
+    m_status->setFullText(progress.status);
 }
 
 } // namespace clipwren

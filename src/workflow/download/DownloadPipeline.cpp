@@ -67,8 +67,7 @@ void DownloadPipeline::start(const Job &job)
     m_job.download.records = m_store.records() + otherRecords();
     m_cancelled = false;
     dismissErrorMessage();
-    m_progress = 0;
-    m_status = starting;
+    m_progress = {.status = starting};
     m_heading = downloading;
     m_lock.reset();
     m_step = BackgroundTask::start(
@@ -81,8 +80,8 @@ void DownloadPipeline::start(const Job &job)
                 if (LeftoverDownload::isLeftoverFor(path, video, purpose))
                     return Downloaded{path, lock, leftovers};
             }
-            const auto onProgress = [this, &post](double fraction, const QString &status) {
-                post([this, fraction, status] { setProgress(fraction, status); });
+            const auto onProgress = [this, &post](const DownloadProgress &progress) {
+                post([this, progress] { setProgress(progress); });
             };
             const VerifiedDownload::Result file = download.run(onProgress, stop);
             checkReported(file.filePath, download.outputDirectory);
@@ -140,8 +139,7 @@ void DownloadPipeline::clear()
 {
     m_lock.reset();
     dismissErrorMessage();
-    m_progress = 0;
-    m_status.clear();
+    m_progress = {};
 }
 
 void DownloadPipeline::decide(const QString &downloaded)
@@ -157,8 +155,7 @@ void DownloadPipeline::decide(const QString &downloaded)
         fail(std::make_exception_ptr(CancellationError()));
         return;
     }
-    m_progress = 0;
-    m_status.clear();
+    m_progress = {};
     m_heading = format.conversion ? format.conversionHeading : u"Trimming"_s;
     Q_EMIT processing();
     process(downloaded, format.conversion.value_or(EncodeProfile::h264Mp4()), trim);
@@ -180,7 +177,7 @@ void DownloadPipeline::process(const QString &downloaded, const EncodeProfile &p
             // Held until the tool has ended, also when the job is dropped.
             const auto held = std::exchange(lock, nullptr);
             const auto onProgress = [this, &post](double fraction) {
-                post([this, fraction] { setProgress(fraction, QString()); });
+                post([this, fraction] { setProgress({.fraction = fraction}); });
             };
             return conversion.run(onProgress, stop);
         },
@@ -238,8 +235,7 @@ void DownloadPipeline::record(const QString &filePath, const std::optional<TrimR
     m_store.add(record);
     removeIntermediates(filePath);
     m_history.recordDownload(record.sourceURL, title, record.thumbnailURL, record.durationSeconds);
-    m_progress = 1;
-    m_status.clear();
+    m_progress = {.fraction = 1};
     Q_EMIT recorded(record.id);
 }
 
@@ -262,13 +258,12 @@ void DownloadPipeline::fail(const std::exception_ptr &error)
 void DownloadPipeline::setStage(const QString &heading, const QString &status)
 {
     m_heading = heading;
-    setProgress(0, status);
+    setProgress({.status = status});
 }
 
-void DownloadPipeline::setProgress(double fraction, const QString &status)
+void DownloadPipeline::setProgress(const DownloadProgress &progress)
 {
-    m_progress = fraction;
-    m_status = status;
+    m_progress = progress;
     Q_EMIT progressed();
 }
 

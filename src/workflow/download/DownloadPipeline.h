@@ -49,10 +49,8 @@ public:
     /// Stops the running tool. Nothing follows.
     void drop();
 
-    /// Of the running step, 0 to 1. It stays, as the two texts do, when the job failed.
-    double progress() const { return m_progress; }
-    /// Empty while the file is cut or converted.
-    QString status() const { return m_status; }
+    /// Of the running step. It stays, as the heading does, when the job failed.
+    const DownloadProgress &progress() const { return m_progress; }
     /// What the running step does.
     QString heading() const { return m_heading; }
     /// One sentence for the user when the latest job failed, also when it was cancelled.
@@ -94,13 +92,12 @@ private:
     void record(const QString &filePath, const std::optional<TrimRange> &trim);
     void fail(const std::exception_ptr &error);
     void setStage(const QString &heading, const QString &status);
-    void setProgress(double fraction, const QString &status);
+    void setProgress(const DownloadProgress &progress);
 
     DownloadStore &m_store;
     HistoryStore &m_history;
     Job m_job;
-    double m_progress = 0;
-    QString m_status;
+    DownloadProgress m_progress;
     QString m_heading;
     std::optional<QString> m_errorMessage;
     std::optional<ToolLog> m_errorLog;

@@ -123,8 +123,9 @@ public:
     /// Starts it when the phase is `ready` and the tools are there, otherwise does nothing.
     void start();
     void cancelDownload() { m_pipeline.cancel(); }
-    double downloadProgress() const { return m_pipeline.progress(); }
-    QString downloadStatus() const { return m_pipeline.status(); }
+    const DownloadProgress &progress() const { return m_pipeline.progress(); }
+    double downloadProgress() const { return progress().fraction; }
+    QString downloadStatus() const { return progress().status; }
     QString phaseLabel() const { return m_pipeline.heading(); }
     std::optional<QString> errorMessage() const { return m_pipeline.errorMessage(); }
     void dismissErrorMessage();

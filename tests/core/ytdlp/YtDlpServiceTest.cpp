@@ -204,18 +204,18 @@ TEST_F(YtDlp, downloadReturnsTheLastPathExactlyAsPrinted)
 TEST_F(YtDlp, downloadReportsProgressWhileTheToolRunsAndCanBeStopped)
 {
     std::stop_source source;
-    std::vector<std::pair<double, QString>> reports;
+    std::vector<DownloadProgress> reports;
     const auto yt = service("echo '[download] Destination: x'\n"
                             "echo '  50.0%||   1.20MiB/s||00:10'; exec sleep 30");
     EXPECT_THROW(yt.download(
                      address, folder(), OutputFormat::bestResolution, {},
-                     [&](double fraction, const QString &status) {
-                         reports.emplace_back(fraction, status);
+                     [&](const DownloadProgress &progress) {
+                         reports.push_back(progress);
                          source.request_stop();
                      },
                      source.get_token()),
                  CancellationError);
-    EXPECT_THAT(reports, ElementsAre(std::pair(0.5, u"1.20MiB/s · 00:10"_s)));
+    EXPECT_THAT(reports, ElementsAre(DownloadProgress{0.5, u"1.20MiB/s · 00:10"_s}));
 }
 
 TEST_F(YtDlp, downloadSaysWhyTheFolderCannotBeMade)
