@@ -42,7 +42,7 @@ FieldBox *AddressField::makeBox()
     QLineEdit *field = m_box->lineEdit();
     field->setPlaceholderText(QStringLiteral("https://www.youtube.com/watch?v=…"));
     field->setInputMethodHints(Qt::ImhUrlCharactersOnly);
-    // A link that is dropped here is looked up, as anywhere in the window.
+    // The window looks up a dropped link; the field would insert it as text.
     field->setAcceptDrops(false);
     connect(field, &QLineEdit::textEdited, &m_view, &DownloaderView::setUrlText);
     connect(field, &QLineEdit::returnPressed, &m_view, [this] { m_view.fetchInfo(false); });
@@ -54,7 +54,7 @@ FieldBox *AddressField::makeBox()
     m_box->addTrailing(m_clear);
 
     m_paste = new Button(Button::Style::Borderless, tr("Paste"));
-    // As even as the box, or it would stand a pixel above the address.
+    // An even height, as the box has, or it would stand a pixel too high.
     m_paste->setFixedHeight(28);
     m_paste->setToolTip(tr("Paste an address and look it up (Ctrl+Shift+V)"));
     connect(m_paste, &Button::clicked, &m_view, &DownloaderView::paste);

@@ -8,16 +8,12 @@
 #include "ui/components/ScrollPane.h"
 #include "ui/components/WrappedLabel.h"
 #include "ui/downloader/AddressField.h"
-#include "ui/downloader/ConfirmationCard.h"
-#include "ui/downloader/DownloadRow.h"
-#include "ui/downloader/FetchingCard.h"
 #include "ui/downloader/FormatSection.h"
 #include "ui/downloader/LogSheet.h"
 #include "ui/downloader/ProgressSection.h"
-#include "ui/downloader/SuccessCard.h"
 #include "ui/downloader/TitleField.h"
 #include "ui/downloader/TrimSection.h"
-#include "ui/downloader/VideoSummary.h"
+#include "ui/downloader/VideoCards.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QApplication>
@@ -48,7 +44,7 @@ std::optional<Spring> springTo(Phase phase, Phase from)
     case Phase::input:
         return std::nullopt;
     case Phase::ready:
-        // Back from a download that failed, the cards are simply there again.
+        // No animation when a failed download leads back here.
         return from == Phase::confirming ? std::optional(Spring{0.25, 1}) : std::nullopt;
     case Phase::fetching:
     case Phase::downloading:
@@ -81,7 +77,7 @@ DownloaderScreen::DownloaderScreen(DownloaderView &view, Desktop &desktop,
 
 DownloaderScreen::~DownloaderScreen()
 {
-    // Both may be children of others.
+    // Reparented to the bar and to the window.
     delete m_folderButton;
     delete m_logs;
 }
@@ -96,7 +92,7 @@ void DownloaderScreen::makeColumn()
     m_column = new QWidget;
     auto *rows = new QVBoxLayout(m_column);
     rows->setContentsMargins(padding, padding, padding, padding);
-    // What may be missing brings the space above it along.
+    // Optional rows bring the space above them as a margin of their own.
     rows->setSpacing(0);
     rows->addLayout(makeHeader());
     rows->addSpacing(spacing);
@@ -140,9 +136,9 @@ void DownloaderScreen::makeCards()
     m_format = new FormatSection(m_view);
     m_trim = new TrimSection(m_view);
     connect(m_trim, &TrimSection::opened, this, &DownloaderScreen::followTrim);
-    m_download = new DownloadRow(m_view);
+    m_download = makeDownloadRow();
     m_progress = new ProgressSection(m_view);
-    m_success = new SuccessCard(m_view, m_downloadFolder, [this] { revealFolder(); });
+    m_success = makeSuccessCard(m_view, m_downloadFolder, [this] { revealFolder(); });
 
     for (QWidget *card :
          std::initializer_list<QWidget *>{m_fetching, m_confirmation, m_summary, m_title, m_format,
@@ -150,8 +146,23 @@ void DownloaderScreen::makeCards()
         m_cardRows->addWidget(card);
         card->hide();
     }
-    // Behind them, also for Tab.
+    // Made last, so that it comes last in the tab order.
     m_errorPlace->addWidget(makeError());
+}
+
+QWidget *DownloaderScreen::makeDownloadRow()
+{
+    auto *download =
+        new Button(Button::Style::Prominent, tr("Download"), u"arrow.down.circle.fill");
+    download->setSize(Button::Size::Large);
+    download->setToolTip(tr("Start the download (Ctrl+Return)"));
+    connect(download, &Button::clicked, &m_view, &DownloaderView::start);
+    auto *box = new QWidget;
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addStretch(1);
+    row->addWidget(download);
+    return box;
 }
 
 QWidget *DownloaderScreen::makeError()
@@ -183,7 +194,7 @@ void DownloaderScreen::makeShortcuts()
 void DownloaderScreen::showEvent(QShowEvent *event)
 {
     DetailScreen::showEvent(event);
-    if (!std::exchange(m_tookUpRequests, true))
+    if (!std::exchange(m_acceptsRequests, true))
         m_view.acceptRequests();
 }
 
@@ -191,7 +202,7 @@ void DownloaderScreen::keyPressEvent(QKeyEvent *event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier) && !event->isAutoRepeat();
-    // The address field has looked its text up already.
+    // In the address field, Return starts a look-up instead.
     if (isReturn && isPlain && m_view.phase() == Phase::confirming && !m_address->isEdited())
         m_view.confirm();
     else if (!m_trim || !m_trim->pressKey(*event))
@@ -210,8 +221,8 @@ void DownloaderScreen::render()
     const Phase phase = m_view.phase();
     const Phase before = std::exchange(m_phase, phase);
     const bool hadFocus = hasFocusInside();
-    // Else it would go to whatever comes next when its place is disabled or hidden, and the next
-    // Return would press that.
+    // When the focused widget is disabled or hidden, Qt moves the focus to the next one in the tab
+    // order, and the next Return would press that.
     if (phase != before && hadFocus)
         m_column->setFocus(Qt::OtherFocusReason);
     m_address->render();
@@ -243,7 +254,7 @@ void DownloaderScreen::renderCards()
     const bool isRunning = phase == Phase::downloading || phase == Phase::processing;
     const bool isDone = phase == Phase::done;
     const auto show = [](auto *card, bool shown) {
-        // Before it is seen, so that it comes with its texts.
+        // Rendered before it is shown, so that it never appears with old texts.
         if constexpr (requires { card->render(); }) {
             if (shown)
                 card->render();
@@ -269,7 +280,7 @@ bool DownloaderScreen::hasFocusInside() const
 
 void DownloaderScreen::placeFocus(bool hadFocus)
 {
-    // The answer that is waited for, so that Return gives it wherever the focus was.
+    // Return is to confirm the video, wherever the focus was.
     if (m_phase == Phase::confirming && m_confirmation->isVisible())
         m_confirmation->continueButton()->setFocus(Qt::OtherFocusReason);
     else if (hadFocus && m_phase == Phase::input)
@@ -307,14 +318,14 @@ void DownloaderScreen::renderError()
     m_errorLogs->setVisible(m_view.errorLog().has_value());
     const bool appears = message && m_errorRow->isHidden();
     m_errorRow->setVisible(message.has_value());
-    // Once the layout has placed it, which may be below what is in view.
+    // Scrolls there once the layout has placed it.
     if (appears)
         QTimer::singleShot(0, m_errorRow, [this] { m_scroll->ensureWidgetVisible(m_errorRow); });
 }
 
 void DownloaderScreen::followTrim()
 {
-    // Each step in which it grows changes the range, up to the one behind its last.
+    // Each step of the animation changes the scroll range, the last one after it has ended.
     const auto following = connect(m_scroll->verticalScrollBar(), &QScrollBar::rangeChanged, this,
                                    &DownloaderScreen::scrollToTrim);
     const auto endSoon = [this, following] {
@@ -332,7 +343,7 @@ void DownloaderScreen::scrollToTrim()
     const int bottom = m_download->mapTo(m_column, m_download->rect().bottomLeft()).y() + 1;
     const int room = m_scroll->viewport()->height();
     QScrollBar *bar = m_scroll->verticalScrollBar();
-    // No further than it must, or to as much as there is room for.
+    // Scrolls no further than necessary; what does not fit is cut off at the bottom.
     const int spare = room - (bottom - top);
     const int margin = std::clamp(spare / 2, 0, scrollMargin);
     if (spare >= 0)

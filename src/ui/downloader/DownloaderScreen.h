@@ -18,14 +18,12 @@ class Banner;
 class ConfirmationCard;
 class Desktop;
 class DownloaderView;
-class DownloadRow;
 class FetchingCard;
 class FormatSection;
 class Glide;
 class LogSheet;
 class ProgressSection;
 class RenderJoiner;
-class SuccessCard;
 class TitleField;
 class TrimSection;
 class VideoSummary;
@@ -33,7 +31,7 @@ class VideoSummary;
 /// Shows one download from the address to the saved file, as a column of cards that change with
 /// its phase.
 ///
-/// Takes up requests that wait for a downloader when it is first shown.
+/// When it is first shown, it looks up the address that waits for a downloader.
 class DownloaderScreen : public DetailScreen {
     Q_OBJECT
 public:
@@ -55,6 +53,7 @@ private:
     void makeColumn();
     QLayout *makeHeader();
     void makeCards();
+    QWidget *makeDownloadRow();
     QWidget *makeError();
     void makeShortcuts();
 
@@ -76,7 +75,7 @@ private:
     QPointer<Button> m_folderButton;
     RenderJoiner *m_joiner;
     Phase m_phase = Phase::input; // as last rendered
-    bool m_tookUpRequests = false;
+    bool m_acceptsRequests = false;
 
     QScrollArea *m_scroll;
     QWidget *m_column;
@@ -84,16 +83,16 @@ private:
     Glide *m_cards;
     QVBoxLayout *m_cardRows;
     QVBoxLayout *m_errorPlace;
-    // Made for the first phase that shows one of them: the window opens sooner without.
+    // Made with the first phase that shows one of them, so that the window opens sooner.
     FetchingCard *m_fetching = nullptr;
     ConfirmationCard *m_confirmation = nullptr;
     VideoSummary *m_summary = nullptr;
     TitleField *m_title = nullptr;
     FormatSection *m_format = nullptr;
     TrimSection *m_trim = nullptr;
-    DownloadRow *m_download = nullptr;
+    QWidget *m_download = nullptr;
     ProgressSection *m_progress = nullptr;
-    SuccessCard *m_success = nullptr;
+    QWidget *m_success = nullptr;
     QWidget *m_errorRow = nullptr;
     Banner *m_error = nullptr;
     Button *m_errorLogs = nullptr;

@@ -1,8 +1,8 @@
 #include "ui/downloader/FilmStrip.h"
 
+#include "platform/media/VideoOutput.h"
 #include "ui/components/Painting.h"
 #include "ui/components/Theme.h"
-#include "ui/downloader/FilmStripLoader.h"
 
 #include <QHideEvent>
 #include <QPainter>
@@ -21,8 +21,8 @@ constexpr int stripHeight = 44;
 constexpr int cellWidth = 90; // about
 constexpr double radius = 6;
 constexpr double dimming = 0.65;
-// Films beyond these are shown with bars. Taken for a tall one, nearly every film fills the width
-// of its picture and enough of the height.
+// Films beyond these are shown with bars. A film of unknown shape is taken for the tallest, so that
+// nearly every one fills its cell.
 constexpr double tallestRatio = 0.4;
 constexpr double widestRatio = 4;
 
@@ -127,7 +127,7 @@ void FilmStrip::load()
 
 void FilmStrip::finish()
 {
-    // It is its own signal.
+    // The loader is the sender: it may not be deleted yet.
     m_loader.release()->deleteLater();
     if (std::any_of(m_pictures.begin(), m_pictures.end(),
                     [](const QImage &picture) { return !picture.isNull(); }))
@@ -152,7 +152,7 @@ void FilmStrip::showEvent(QShowEvent *)
 
 void FilmStrip::hideEvent(QHideEvent *event)
 {
-    // A window that is minimised comes back.
+    // Keep the pictures of a minimised window.
     if (!event->spontaneous())
         drop();
 }
@@ -173,7 +173,7 @@ void FilmStrip::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     QPainterPath shape;
     shape.addRoundedRect(rect(), radius, radius);
-    // Paths, as the edges of a clip are not smoothed.
+    // Intersected paths, because the edges of a clip are not anti-aliased.
     const auto fill = [&](const QRectF &place, const QBrush &brush) {
         QPainterPath part;
         part.addRect(place);
@@ -192,6 +192,73 @@ void FilmStrip::paintEvent(QPaintEvent *)
         fill(QRectF(to, 0, width() - to, height()), ground);
     }
     paintBox(painter, rect(), radius, Qt::transparent, theme.color(Theme::Color::CardBorder));
+}
+
+// Taking the pictures
+
+FilmStripLoader::FilmStripLoader(std::unique_ptr<MediaPlayer> player,
+                                 std::chrono::milliseconds longestDrawing)
+    : m_player(std::move(player))
+{
+    m_drawing.setSingleShot(true);
+    m_drawing.setInterval(longestDrawing);
+    connect(&m_drawing, &QTimer::timeout, this, &FilmStripLoader::take);
+}
+
+void FilmStripLoader::start(const QUrl &film, const QList<double> &times, QSize pixels)
+{
+    m_times = times;
+    VideoOutput *output = m_player->videoOutput();
+    if (!output) {
+        finish();
+        return;
+    }
+    output->setSize(pixels);
+    connect(output, &VideoOutput::pictureChanged, this, [this] {
+        if (m_drawing.isActive())
+            take();
+    });
+    connect(m_player.get(), &MediaPlayer::statusChanged, this, [this] {
+        if (m_player->status() == MediaPlayer::Status::Failed)
+            finish();
+    });
+    m_player->load(film);
+    seekNext();
+}
+
+void FilmStripLoader::seekNext()
+{
+    if (m_index == m_times.size())
+        finish();
+    if (m_isFinished)
+        return;
+    m_player->seek(m_times[m_index], [this](bool isThere) {
+        if (m_isFinished)
+            return;
+        if (isThere) {
+            m_drawing.start();
+            return;
+        }
+        ++m_index;
+        seekNext();
+    });
+}
+
+void FilmStripLoader::take()
+{
+    m_drawing.stop();
+    const QImage picture = m_player->videoOutput()->picture();
+    const qsizetype index = m_index++;
+    if (!picture.isNull())
+        Q_EMIT taken(index, picture);
+    seekNext();
+}
+
+void FilmStripLoader::finish()
+{
+    m_drawing.stop();
+    if (!std::exchange(m_isFinished, true))
+        Q_EMIT finished();
 }
 
 } // namespace clipwren

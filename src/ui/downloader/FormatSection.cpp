@@ -45,7 +45,7 @@ FormatSection::FormatSection(DownloaderView &view, QWidget *parent)
            "you'd rather lose some resolution and have it play everywhere."));
 
     auto *name = new Label(Theme::TextStyle::Label, Theme::Color::Text, tr("Format"));
-    // A combo box by itself says only what is chosen.
+    // Of a combo box alone, screen readers say only the value.
     name->setBuddy(m_picker);
     auto *row = new QHBoxLayout;
     row->setSpacing(7);

@@ -4,10 +4,12 @@
 #include "ui/components/Painting.h"
 #include "ui/components/Spinner.h"
 #include "ui/components/WrappedLabel.h"
-#include "ui/downloader/PreviewPlayerView.h"
+#include "ui/player/PlayerPane.h"
 #include "workflow/download/DownloaderView.h"
+#include "workflow/preview/PreviewPlayerController.h"
 
 #include <QPainter>
+#include <QShowEvent>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
@@ -16,7 +18,7 @@ namespace clipwren {
 namespace {
 
 constexpr int paneHeight = 220;
-constexpr qreal radius = 12;
+constexpr double radius = 12; // of the corners, in logical pixels
 
 /// Widgets below each other in the middle of a page.
 QWidget *centredPage(std::initializer_list<QWidget *> widgets)
@@ -70,7 +72,7 @@ void PreviewPane::render()
     } else if (preview.player()) {
         m_pages->setCurrentWidget(m_player);
     } else if (m_view.previewURL() && preview.loadError()) {
-        // Without a stream of this video, the error is that of an earlier one.
+        // Without a stream, the error belongs to an earlier video.
         m_failureText->setText(*preview.loadError());
         m_pages->setCurrentWidget(m_failure);
     } else {
@@ -84,6 +86,57 @@ void PreviewPane::paintEvent(QPaintEvent *)
     QPainter painter(this);
     paintBox(painter, rect(), radius, theme.color(Theme::Color::Video),
              theme.color(Theme::Color::CardBorder));
+}
+
+// The player
+
+PreviewPlayerView::PreviewPlayerView(PreviewPlayerController &controller, QWidget *parent)
+    : QWidget(parent), m_controller(controller), m_pane(new PlayerPane({.radius = radius}))
+{
+    auto *const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_pane);
+    setFocusProxy(m_pane);
+    connect(m_pane, &PlayerPane::jumped, &m_controller, &PreviewPlayerController::endRange);
+}
+
+PreviewPlayerView::~PreviewPlayerView()
+{
+    detach();
+}
+
+void PreviewPlayerView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (event->spontaneous() || m_following)
+        return;
+    m_following =
+        connect(&m_controller, &PreviewPlayerController::changed, this, &PreviewPlayerView::render);
+    render();
+}
+
+void PreviewPlayerView::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous())
+        detach();
+}
+
+void PreviewPlayerView::render()
+{
+    if (m_pane->player() != m_controller.player())
+        m_pane->setPlayer(m_controller.player());
+}
+
+// Disconnect first: pausing makes the controller emit changed().
+void PreviewPlayerView::detach()
+{
+    disconnect(m_following);
+    m_following = {};
+    MediaPlayer *const player = m_pane->player();
+    m_pane->setPlayer(nullptr);
+    if (player && player == m_controller.player())
+        m_controller.pause();
 }
 
 } // namespace clipwren

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMetaObject>
 #include <QWidget>
 
 class QStackedLayout;
@@ -7,8 +8,34 @@ class QStackedLayout;
 namespace clipwren {
 
 class DownloaderView;
-class PreviewPlayerView;
+class PlayerPane;
+class PreviewPlayerController;
 class WrappedLabel;
+
+/// Shows the player of a preview, with controls.
+///
+/// Follows the controller while it is shown; hidden or destroyed, it pauses the player and detaches
+/// from it.
+class PreviewPlayerView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The controller must outlive the time that the view is shown.
+    explicit PreviewPlayerView(PreviewPlayerController &controller, QWidget *parent = nullptr);
+    ~PreviewPlayerView() override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void render();
+    void detach();
+
+    PreviewPlayerController &m_controller;
+    PlayerPane *m_pane;
+    QMetaObject::Connection m_following;
+};
 
 /// The picture of the preview stream, or what keeps it from being there.
 class PreviewPane : public QWidget {

@@ -1,13 +1,18 @@
 #include "ui/downloader/ProgressSection.h"
 
 #include "ui/components/Button.h"
+#include "ui/components/Card.h"
 #include "ui/components/ElidedLabel.h"
+#include "ui/components/IconView.h"
 #include "ui/components/LinearProgress.h"
 #include "workflow/download/DownloaderView.h"
 
+#include <QDir>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace clipwren {
 
@@ -16,6 +21,15 @@ namespace {
 QString percentage(double fraction)
 {
     return QString::number(static_cast<int>(std::clamp(fraction, 0.0, 1.0) * 100)) + u'%';
+}
+
+/// The path with the home folder as a tilde.
+QString shortPath(const QString &path)
+{
+    const QString home = QDir::homePath();
+    if (path == home || path.startsWith(home + u'/'))
+        return u'~' + path.mid(home.size());
+    return path;
 }
 
 } // namespace
@@ -35,7 +49,7 @@ ProgressSection::ProgressSection(DownloaderView &view, QWidget *parent)
     connect(cancel, &Button::clicked, &m_view, &DownloaderView::cancelDownload);
     auto *bottom = new QHBoxLayout;
     bottom->setSpacing(10);
-    // Without a status there is nothing to read, but "Cancel" stays where it is.
+    // Stays visible when empty, so that "Cancel" does not move.
     bottom->addWidget(m_status, 1);
     bottom->addWidget(cancel);
 
@@ -54,6 +68,36 @@ void ProgressSection::render()
     m_percentage->setText(percentage(progress.fraction));
     m_bar->setFraction(progress.fraction);
     m_status->setFullText(progress.status);
+}
+
+QWidget *makeSuccessCard(DownloaderView &view, const QString &downloadFolder,
+                         std::function<void()> reveal)
+{
+    auto *card = new Card;
+    auto *place =
+        new ElidedLabel(Theme::TextStyle::Caption, Theme::Color::Secondary,
+                        ProgressSection::tr("Saved to %1").arg(shortPath(downloadFolder)));
+    place->setElideMode(Qt::ElideMiddle);
+    auto *texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addWidget(new ElidedLabel(Theme::TextStyle::Strong, Theme::Color::Text,
+                                     ProgressSection::tr("Download complete")));
+    texts->addWidget(place);
+
+    auto *revealButton =
+        new Button(Button::Style::Bordered, ProgressSection::tr("Reveal in Finder"));
+    QObject::connect(revealButton, &Button::clicked, card, std::move(reveal));
+    auto *again = new Button(Button::Style::Prominent, ProgressSection::tr("New download"));
+    QObject::connect(again, &Button::clicked, &view, &DownloaderView::resetAll);
+
+    auto *row = new QHBoxLayout(card);
+    row->setContentsMargins(13, 13, 13, 13);
+    row->setSpacing(12);
+    row->addWidget(new IconView(u"checkmark.circle.fill", 28, Theme::Color::Green));
+    row->addLayout(texts, 1);
+    row->addWidget(revealButton);
+    row->addWidget(again);
+    return card;
 }
 
 } // namespace clipwren

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 namespace clipwren {
 
 class DownloaderView;
@@ -24,5 +26,9 @@ private:
     LinearProgress *m_bar;
     ElidedLabel *m_status;
 };
+
+/// Says that the file is saved, and where. `reveal` opens the folder.
+QWidget *makeSuccessCard(DownloaderView &view, const QString &downloadFolder,
+                         std::function<void()> reveal);
 
 } // namespace clipwren

@@ -3,11 +3,13 @@
 #include "core/text/Duration.h"
 #include "ui/components/DigitText.h"
 #include "ui/components/FocusRing.h"
+#include "ui/components/Label.h"
 #include "ui/components/Theme.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -31,6 +33,7 @@ bool isTime(const QString &text)
 {
     return parseTime(text.trimmed()).has_value();
 }
+constexpr int ringRoom = 10; // between the ring around an edited time and what stands beside it
 
 } // namespace
 
@@ -42,13 +45,13 @@ TimeField::TimeField(const QString &name, const QString &help, QWidget *parent)
     setFrame(false);
     setAutoFillBackground(false);
     setBackgroundRole(QPalette::NoRole);
-    // The text stands where a label's would.
+    // Align the text with that of a label.
     setTextMargins(-2, 0, -2, 0);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);
     setMaxLength(longestText);
     setInputMethodHints(Qt::ImhPreferNumbers | Qt::ImhNoPredictiveText);
-    // A link that is dropped here is looked up, as anywhere in the window.
+    // The window looks up a dropped link; the field would insert it as text.
     setAcceptDrops(false);
     connect(this, &QLineEdit::textChanged, this, &TimeField::updateGeometry);
     connect(this, &QLineEdit::textEdited, this, [this] {
@@ -81,7 +84,7 @@ void TimeField::showTime()
     // Setting the same text again would move the cursor.
     if (text() != time)
         setText(time);
-    // Heard alone, a time says nothing.
+    // Screen readers say the name with the time.
     setAccessibleName(m_name + u' ' + time);
 }
 
@@ -171,7 +174,7 @@ void TimeField::focusInEvent(QFocusEvent *event)
 void TimeField::focusOutEvent(QFocusEvent *event)
 {
     QLineEdit::focusOutEvent(event);
-    // Its menu comes back to it.
+    // The context menu returns the focus.
     if (event->reason() != Qt::PopupFocusReason)
         endEdit();
 }
@@ -179,7 +182,7 @@ void TimeField::focusOutEvent(QFocusEvent *event)
 void TimeField::mouseReleaseEvent(QMouseEvent *event)
 {
     QLineEdit::mouseReleaseEvent(event);
-    // The click put the cursor somewhere.
+    // The click has removed the selection.
     if (std::exchange(m_isPressed, false) && !hasSelectedText())
         selectAll();
 }
@@ -201,6 +204,49 @@ void TimeField::paintEvent(QPaintEvent *event)
     painter.setPen(QPen(Theme::current().color(Theme::Color::Accent), 1, Qt::DotLine));
     const double line = std::floor(ascent) + 2.5;
     painter.drawLine(QPointF(left, line), QPointF(left + digits.width(), line));
+}
+
+// With its heading
+
+TimeStat::TimeStat(const QString &label, QWidget *parent)
+    : QWidget(parent), m_label(label), m_time(new Label(Theme::TextStyle::Time))
+{
+    addRows(m_time);
+}
+
+TimeStat::TimeStat(const QString &label, const QString &help, QWidget *parent)
+    : QWidget(parent), m_label(label), m_field(new TimeField(label, help))
+{
+    addRows(m_field);
+}
+
+void TimeStat::addRows(QWidget *time)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    auto *heading =
+        new Label(Theme::TextStyle::Overline, Theme::Color::Tertiary, m_label.toUpper());
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(heading);
+    column->addWidget(time);
+    if (!m_field)
+        return;
+    setMinimumWidth(heading->sizeHint().width() + TimeField::tenthsRoom());
+    connect(m_field, &TimeField::editedChanged, column,
+            [column](bool edited) { column->setContentsMargins(0, 0, edited ? ringRoom : 0, 0); });
+}
+
+void TimeStat::setSeconds(double seconds)
+{
+    if (m_field) {
+        m_field->setSeconds(seconds);
+        return;
+    }
+    const QString text = formatDuration(seconds);
+    m_time->setText(text);
+    // Screen readers say the name with the time.
+    m_time->setAccessibleName(m_label + u' ' + text);
 }
 
 } // namespace clipwren

@@ -7,11 +7,12 @@
 namespace clipwren {
 
 class FocusRing;
+class Label;
 
 /// A time that looks like a plain read-out until it gets the focus, and is a text field then.
 ///
-/// Return commits what was typed, and so does leaving the field; Escape brings back the time of
-/// before. What is no time is marked while it stands there, and never committed.
+/// Return commits what was typed, and so does leaving the field; Escape restores the
+/// earlier time. A text that is no time is marked, and never committed.
 class TimeField : public QLineEdit {
     Q_OBJECT
 public:
@@ -48,8 +49,8 @@ protected:
 private:
     enum class Warning : std::uint8_t {
         None,
-        Marked, ///< what stands there is no time
-        Explained, ///< what stood there was none
+        Marked, ///< the text is no time
+        Explained, ///< the rejected text was none
     };
 
     void showTime();
@@ -65,6 +66,27 @@ private:
     bool m_showsTenths = false;
     bool m_isEdited = false;
     bool m_isPressed = false; // by the click that began the edit
+};
+
+/// A time under a small heading, to be read or to be edited.
+class TimeStat : public QWidget {
+    Q_OBJECT
+public:
+    explicit TimeStat(const QString &label, QWidget *parent = nullptr);
+    /// One whose time can be edited; `help` says so. It keeps `TimeField::tenthsRoom()` free on its
+    /// far side.
+    TimeStat(const QString &label, const QString &help, QWidget *parent = nullptr);
+
+    void setSeconds(double seconds);
+    /// Null where the time cannot be edited.
+    TimeField *field() const { return m_field; }
+
+private:
+    void addRows(QWidget *time);
+
+    QString m_label;
+    Label *m_time = nullptr;
+    TimeField *m_field = nullptr;
 };
 
 } // namespace clipwren

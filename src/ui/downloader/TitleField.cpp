@@ -46,7 +46,7 @@ void TitleField::render()
     const QString title = m_view.customTitle();
     // Setting the same text again would move the cursor.
     if (field->text() != title) {
-        // Of lines that were pasted, what follows the cursor stays behind it.
+        // Pasted lines are joined, so keep the distance of the cursor from the end.
         const qsizetype behind = field->text().size() - field->cursorPosition();
         field->setText(title);
         field->setCursorPosition(

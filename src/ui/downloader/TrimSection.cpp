@@ -6,7 +6,6 @@
 #include "ui/downloader/FilmStrip.h"
 #include "ui/downloader/PreviewPane.h"
 #include "ui/downloader/TimeField.h"
-#include "ui/downloader/TimeStat.h"
 #include "ui/downloader/TrimSlider.h"
 #include "workflow/download/DownloaderView.h"
 
@@ -26,8 +25,8 @@ constexpr int spacing = 14;
 constexpr int statSpacing = 16;
 constexpr int stripSpacing = 4;
 
-/// The place of the frame that is shown, in seconds. Saving writes times in milliseconds; one that
-/// was rounded up would be behind the frame, and a clip would begin with the next.
+/// The time of the frame that is shown, in seconds, rounded down to the milliseconds that ffmpeg is
+/// given: rounded up, the clip would begin with the next frame.
 double shownSeconds(const MediaPlayer &player)
 {
     constexpr double tolerance = 1e-3; // of the product
@@ -107,7 +106,7 @@ QLayout *TrimSection::makeControls()
     connect(m_play, &Button::clicked, this, &TrimSection::playClip);
     auto *resetButton = new Button(Button::Style::Borderless, tr("Reset"));
     connect(resetButton, &Button::clicked, this, &TrimSection::reset);
-    // A click on one leaves the keyboard to all of them: the next Space plays and pauses.
+    // A click leaves the keyboard to the section: the next Space plays and pauses.
     for (QWidget *control : std::initializer_list<QWidget *>{m_switch, m_play, resetButton})
         control->setFocusPolicy(Qt::TabFocus);
     setFocusPolicy(Qt::ClickFocus);
@@ -134,16 +133,16 @@ QLayout *TrimSection::makeStats()
     for (const auto &[stat, handle] : {std::pair(m_start, TrimSlider::Handle::start),
                                        std::pair(m_end, TrimSlider::Handle::end)}) {
         connect(stat->field(), &TimeField::committed, this, [this, handle](double seconds) {
-            // One that is left because the video goes changes nothing any more.
+            // The field also loses the focus when the video is reset.
             if (m_view.info())
                 m_slider->moveHandle(handle, seconds);
         });
-        // Where arrow keys go on from what was typed.
+        // Arrow keys then continue from the typed time.
         connect(stat->field(), &TimeField::finished, this,
                 [this, handle] { m_slider->focusHandle(handle); });
     }
     auto *stats = new QHBoxLayout;
-    // Tenths come within it.
+    // The room for tenths is a part of it.
     stats->setSpacing(std::max(statSpacing - TimeField::tenthsRoom(), 0));
     for (TimeStat *stat : {m_start, m_end, m_clip})
         stats->addWidget(stat);
@@ -190,7 +189,7 @@ void TrimSection::startHere()
 {
     const double here = shownSeconds(*m_view.preview().player());
     TrimRange range{m_view.trimStart(), m_view.trimEnd()};
-    // Behind the old clip, a new one begins.
+    // Beyond the end of the clip, start a new one.
     if (here > range.end - minimumHandleGapSeconds)
         range.end = duration();
     range = withStart(range, here);
@@ -282,7 +281,7 @@ void TrimSection::renderStrip()
     else
         m_strip->setFilm(std::nullopt);
     m_strip->setRange({m_view.trimStart(), m_view.trimEnd()});
-    // Its room is there before its pictures.
+    // Reserve its room before the first picture.
     const bool shows = m_view.makeBackgroundPlayer() && (stream || m_view.isPreviewLoading())
         && !m_strip->hasFailed();
     if (shows != m_strip->isHidden())

@@ -93,7 +93,7 @@ double TrimGeometry::timeAt(double pointerX) const
 
 TrimRange withStart(const TrimRange &range, double seconds)
 {
-    // Never before the beginning, also in a clip that has no room for the gap.
+    // A range shorter than the gap would push the start below 0.
     const double start = std::min(std::max(seconds, 0.0), range.end - minimumHandleGapSeconds);
     return {std::max(start, 0.0), range.end};
 }
@@ -170,7 +170,7 @@ void TrimSlider::setRange(const TrimRange &range, Motion motion)
     }
 }
 
-// Where things are
+// Geometry
 
 QRectF TrimSlider::knobRect(const Knob &knob) const
 {
@@ -223,7 +223,7 @@ void TrimSlider::setMovedByKeys(bool moved)
 
 bool TrimSlider::eventFilter(QObject *watched, QEvent *event)
 {
-    // Only the handles are watched.
+    // The filter is installed on the handles alone.
     if (event->type() == QEvent::FocusOut)
         setMovedByKeys(false);
     return QWidget::eventFilter(watched, event);
@@ -287,7 +287,7 @@ void TrimSlider::leaveEvent(QEvent *)
 
 void TrimSlider::hideEvent(QHideEvent *)
 {
-    // The release will not come here.
+    // A hidden widget gets no mouse release.
     endDrag();
     m_hovered.reset();
 }

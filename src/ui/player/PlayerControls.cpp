@@ -33,9 +33,9 @@ constexpr double skipSeconds = 5;
 constexpr double pageSeconds = 30;
 constexpr double volumeStep = 0.05;
 constexpr double volumePage = 0.2;
-// Of one that was turned down to nothing and is to be heard again.
+// After unmuting a player whose volume is 0.
 constexpr double audibleVolume = 0.5;
-// Going on from here would begin anew.
+// Playing from here on would start again at 0.
 constexpr double endToleranceSeconds = 0.25;
 
 constexpr Slider::Unit inMilliseconds{1000, formatDuration};
@@ -150,7 +150,7 @@ Button *PlayerControls::addButton(Icon icon)
     Button *const button = Button::iconOnly(icon, {}, this);
     button->setSize(Button::Size::Small);
     button->setTint(Theme::Color::OnVideo);
-    // Clicks leave the focus with the video, whose keys then work.
+    // Clicks leave the focus, and so the keys, with the video.
     button->setFocusPolicy(Qt::TabFocus);
     button->installEventFilter(this);
     return button;
@@ -228,7 +228,7 @@ void PlayerControls::togglePlaying()
 
 void PlayerControls::seek(double seconds)
 {
-    // A jump of the user's ends the playing of a range.
+    // A seek by the user ends the playing of a range.
     Q_EMIT jumped();
     m_player->setEndTime(std::nullopt);
     m_player->seek(std::max(seconds, 0.0), {});
@@ -285,7 +285,7 @@ void PlayerControls::renderTimes()
     m_elapsed->setMinimumWidth(
         static_cast<int>(std::ceil(DigitText(length, m_elapsed->font()).width())));
     const QString minus(QChar(0x2212));
-    // Of whole seconds, so that both times change at once.
+    // Rounded, so that both times change at once.
     const QString left = duration
         ? minus + formatDuration(std::max(std::round(*duration) - std::round(position), 0.0))
         : length;
@@ -326,7 +326,7 @@ QSize PlayerControls::sizeHint() const
 
 bool PlayerControls::eventFilter(QObject *watched, QEvent *event)
 {
-    // A button would move the focus by arrow keys; here they are the video's.
+    // QAbstractButton would move the focus with arrow keys.
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key >= Qt::Key_Left && key <= Qt::Key_Down) {
@@ -339,7 +339,7 @@ bool PlayerControls::eventFilter(QObject *watched, QEvent *event)
 
 void PlayerControls::mousePressEvent(QMouseEvent *event)
 {
-    // Not for the video below.
+    // Keep the press from the video below.
     event->accept();
 }
 
@@ -354,7 +354,7 @@ void PlayerControls::leaveOutWhatDoesNotFit()
         QWidget *widget;
         int width;
     };
-    // What is missed least goes first.
+    // In the order in which they are left out.
     const std::array parts{Part{m_volume, volumeWidth}, Part{m_end, m_end->sizeHint().width()},
                            Part{m_mute, m_mute->sizeHint().width()},
                            Part{m_elapsed, m_elapsed->minimumWidth()}};

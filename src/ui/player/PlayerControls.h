@@ -28,7 +28,7 @@ public:
     explicit PlayerControls(FullScreen fullScreen, QWidget *parent = nullptr);
 
     /// Operates another player, which somebody else owns; null leaves nothing to operate. A
-    /// player that goes is let go of.
+    /// player may be destroyed while it is operated.
     void setPlayer(MediaPlayer *player);
 
     /// Does what a key stands for; false when it stands for nothing here.

@@ -64,7 +64,7 @@ PlayerPane::PlayerPane(const Options &options, QWidget *parent)
         FocusRing::install(this, options.radius);
 }
 
-// The player may be a child that goes after those that show it.
+// Detach: the player may be destroyed after this pane.
 PlayerPane::~PlayerPane()
 {
     setPlayer(nullptr);
@@ -228,14 +228,14 @@ void PlayerPane::paintPicture(QPainter &painter)
     const QSize pixels = (QSizeF(size()) * ratio).toSize();
     QImage picture;
     if (m_output) {
-        // The place where every change of the size and of the screen is seen.
+        // Here every change of the size and of the screen is noticed.
         m_output->setSize(pixels);
         picture = m_output->picture();
     }
     QBrush brush(Theme::current().color(Theme::Color::Video));
     if (!picture.isNull()) {
         brush = QBrush(picture);
-        // Until the picture of a new size is there, the one of before covers the pane.
+        // Until a picture of the new size arrives, the old one covers the pane.
         const double scale = std::max(double(pixels.width()) / picture.width(),
                                       double(pixels.height()) / picture.height())
             / ratio;

@@ -74,7 +74,7 @@ void SafeVideoPlayer::leaveFullScreen()
 {
     if (!m_fullScreen)
         return;
-    // Its own event may be what brought us here.
+    // This may run inside an event handler of the window.
     PlayerPane *const window = std::exchange(m_fullScreen, nullptr);
     window->setPlayer(nullptr);
     window->hide();
@@ -95,7 +95,7 @@ void SafeVideoPlayer::showEvent(QShowEvent *event)
 void SafeVideoPlayer::hideEvent(QHideEvent *event)
 {
     QWidget::hideEvent(event);
-    // A minimised window goes on.
+    // Keep playing while the window is minimised.
     if (event->spontaneous())
         return;
     leaveFullScreen();

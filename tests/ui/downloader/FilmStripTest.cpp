@@ -3,7 +3,6 @@
 #include "support/FakeDownloader.h"
 #include "support/ScriptedVideoOutput.h"
 #include "support/Widgets.h"
-#include "ui/downloader/FilmStripLoader.h"
 #include "ui/downloader/PreviewPane.h"
 #include "ui/downloader/TrimSection.h"
 #include "ui/downloader/TrimSlider.h"

@@ -1,4 +1,4 @@
-#include "ui/downloader/PreviewPlayerView.h"
+#include "ui/downloader/PreviewPane.h"
 
 #include "PlayerStage.h"
 #include "support/ScriptedPlayer.h"

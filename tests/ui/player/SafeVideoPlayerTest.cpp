@@ -2,7 +2,7 @@
 
 #include "PlayerStage.h"
 #include "support/Widgets.h"
-#include "ui/downloader/PreviewPlayerView.h"
+#include "ui/downloader/PreviewPane.h"
 #include "ui/player/PlayerPane.h"
 #include "workflow/preview/PreviewPlayerController.h"
 

@@ -9,9 +9,24 @@ namespace clipwren {
 class Button;
 class DownloaderView;
 class ElidedLabel;
+class Glide;
 class Label;
 class ThumbnailView;
 class WrappedLabel;
+
+/// Says that a video is being looked up, and what the tool does for it.
+class FetchingCard : public Card {
+    Q_OBJECT
+public:
+    explicit FetchingCard(DownloaderView &view, QWidget *parent = nullptr);
+
+    void render();
+
+private:
+    DownloaderView &m_view;
+    ElidedLabel *m_status;
+    Glide *m_statusGlide;
+};
 
 /// Asks whether the video that was found is the one that was meant.
 class ConfirmationCard : public Card {
@@ -34,6 +49,21 @@ private:
     QWidget *m_durationRow;
     Label *m_duration;
     Button *m_continue;
+};
+
+/// The video that was confirmed, in a row.
+class VideoSummary : public Card {
+    Q_OBJECT
+public:
+    explicit VideoSummary(DownloaderView &view, QWidget *parent = nullptr);
+
+    void render();
+
+private:
+    DownloaderView &m_view;
+    ThumbnailView *m_thumbnail;
+    WrappedLabel *m_title;
+    Label *m_duration;
 };
 
 } // namespace clipwren
