@@ -3,8 +3,6 @@
 #include "workflow/download/DownloaderFixture.h"
 #include "workflow/download/LeftoverDownload.h"
 
-#include <QFileInfo>
-
 namespace clipwren::test {
 namespace {
 
@@ -13,7 +11,7 @@ using namespace Qt::StringLiterals;
 /// The cuts and conversions of whole downloads.
 using ConversionTest = DownloaderFixture;
 
-TEST_F(ConversionTest, CutsNothingThatTheFilmDoesNotHave)
+TEST_F(ConversionTest, cutsNothingThatTheFilmDoesNotHave)
 {
     const QString download = u"Talk [id1].mp4"_s;
     const QString clip = u"Talk [id1] — trimmed.mp4"_s;
@@ -45,8 +43,7 @@ TEST_F(ConversionTest, CutsNothingThatTheFilmDoesNotHave)
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.film.toStdString() + " " + c.cut.toStdString());
-        QDir(fake.downloadFolder()).removeRecursively();
-        fake.store.clear();
+        startOver();
         fake.tools.add(
             u"ffprobe"_s,
             u"case \"$*\" in *trimmed*) echo '%2' ;; *) echo '%1' ;; esac"_s.arg(c.film, c.cut));
@@ -61,7 +58,7 @@ TEST_F(ConversionTest, CutsNothingThatTheFilmDoesNotHave)
     }
 }
 
-TEST_F(ConversionTest, TriesAgainWithWhatItLeft)
+TEST_F(ConversionTest, triesAgainWithWhatItLeft)
 {
     const QString left = u"Talk [id1].mp4"_s;
     const QString clip = u"Talk [id1] — trimmed.mp4"_s;
@@ -95,27 +92,20 @@ TEST_F(ConversionTest, TriesAgainWithWhatItLeft)
          1,
          {u"Talk [id1].mp3"_s}},
         {"changed by the user",
-         [&] { QFile(fake.downloadFolder() + u'/' + left).resize(1); },
+         [&] { QFile(path(left)).resize(1); },
          TrimRange{1, 5},
          1,
          {clip, left}},
         {"renamed by the user",
-         [&] {
-             QFile::rename(fake.downloadFolder() + u'/' + left,
-                           fake.downloadFolder() + u"/Mine.mp4"_s);
-         },
+         [&] { QFile::rename(path(left), path(u"Mine.mp4"_s)); },
          TrimRange{1, 5},
          1,
          {u"Mine.mp4"_s, clip}},
-        {"removed by the user",
-         [&] { QFile::remove(fake.downloadFolder() + u'/' + left); },
-         TrimRange{1, 5},
-         1,
-         {clip}},
+        {"removed by the user", [&] { QFile::remove(path(left)); }, TrimRange{1, 5}, 1, {clip}},
         {"recorded meanwhile",
          [&] {
              DownloadRecord record;
-             record.filePath = fake.downloadFolder() + u'/' + left;
+             record.filePath = path(left);
              fake.store.add(record);
          },
          TrimRange{1, 5},
@@ -124,20 +114,19 @@ TEST_F(ConversionTest, TriesAgainWithWhatItLeft)
     };
     const QString runs = fake.tools.path(u"yt-dlp.runs-of-downloads"_s);
     fake.onDownload(u"echo >> \"$0.runs-of-downloads\"\n"_s + FakeDownloader::defaultDownload());
+    const auto hiddenToo = [&] {
+        return QDir(fake.downloadFolder()).entryList(QDir::Files | QDir::Hidden);
+    };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.what);
-        fake.store.clear();
-        QDir(fake.downloadFolder()).removeRecursively();
+        startOver();
         fake.onConvert(u"echo out_time_us=1; exec sleep 60"_s);
-        makeReady();
-        view->setOutputFormatRaw(u"bestResolution"_s);
+        makeReady(u"bestResolution"_s);
         view->setTrimEnabled(true);
         view->start();
         ASSERT_TRUE(reaches(*view, Phase::processing));
-        view->cancelDownload();
-        ASSERT_TRUE(reaches(*view, Phase::ready));
-        EXPECT_EQ(QDir(fake.downloadFolder()).entryList(QDir::Files | QDir::Hidden),
-                  QStringList{left});
+        cancel();
+        EXPECT_EQ(hiddenToo(), QStringList{left});
 
         c.meanwhile();
         QFile::remove(runs);
@@ -147,12 +136,12 @@ TEST_F(ConversionTest, TriesAgainWithWhatItLeft)
         EXPECT_EQ(files(), c.files);
         // The user's files are no more ours, and no other file is left.
         view->resetAll();
-        EXPECT_EQ(QDir(fake.downloadFolder()).entryList(QDir::Files | QDir::Hidden), c.files);
+        EXPECT_EQ(hiddenToo(), c.files);
         EXPECT_EQ(LeftoverDownload::find(fake.downloadFolder(), address), QStringList());
     }
 }
 
-TEST_F(ConversionTest, GivesEachClipAFileOfItsOwn)
+TEST_F(ConversionTest, givesEachClipAFileOfItsOwn)
 {
     // A file is what it is high.
     fake.onConvert(u"while [ \"$1\" != -i ]; do shift; done\n"
@@ -165,9 +154,8 @@ TEST_F(ConversionTest, GivesEachClipAFileOfItsOwn)
     const auto save = [&](const QString &format, int height, const std::optional<TrimRange> &trim) {
         fake.onDownload(
             u"test -e \"$file\" || echo %1 > \"$file\"\necho \"filepath:$file\""_s.arg(height));
-        makeReady();
-        view->setOutputFormatRaw(format);
-        return QFileInfo(download(trim).filePath).fileName().section(u"] "_s, 1);
+        makeReady(format);
+        return downloadedName(trim).section(u"] "_s, 1);
     };
     const std::tuple<QString, int, std::optional<TrimRange>, QString> cases[] = {
         {u"bestResolution"_s, 2160, TrimRange{1, 5}, u"— trimmed.mp4"_s},
@@ -190,7 +178,7 @@ TEST_F(ConversionTest, GivesEachClipAFileOfItsOwn)
     fake.store.clear();
     EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed 6.mp4"_s);
     // A name without room for two more letters.
-    const QString longest = fake.downloadFolder() + u'/' + QString(239, u'x');
+    const QString longest = path(QString(239, u'x'));
     const QString clip = longest + u" — trimmed.mp4"_s;
     ASSERT_TRUE(QFile::rename(fake.store.records().first().filePath, clip));
     ASSERT_TRUE(QFile::copy(clip, longest));
@@ -203,7 +191,7 @@ TEST_F(ConversionTest, GivesEachClipAFileOfItsOwn)
     EXPECT_EQ(second.run({}, {}).filePath, longest + u" — 2.mp4"_s);
 
     fake.store.clear();
-    QFile half(fake.downloadFolder() + u"/Talk [id1] — trimmed.mp4"_s);
+    QFile half(path(u"Talk [id1] — trimmed.mp4"_s));
     ASSERT_TRUE(half.open(QIODevice::WriteOnly));
     half.write("half\n");
     half.close();

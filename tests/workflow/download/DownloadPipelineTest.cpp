@@ -2,8 +2,6 @@
 
 #include "workflow/download/DownloaderFixture.h"
 
-#include <QFileInfo>
-
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,7 +13,7 @@ using namespace Qt::StringLiterals;
 /// The pipeline as its view works it.
 using DownloadPipelineTest = DownloaderFixture;
 
-TEST_F(DownloadPipelineTest, ProcessesOnlyWhatNeedsIt)
+TEST_F(DownloadPipelineTest, processesOnlyWhatNeedsIt)
 {
     const QString proRes = u"Encoding to Apple ProRes 422"_s;
     const std::tuple<QString, std::optional<TrimRange>, QString, QString, bool> cases[] = {
@@ -28,10 +26,8 @@ TEST_F(DownloadPipelineTest, ProcessesOnlyWhatNeedsIt)
     };
     for (const auto &[format, trim, heading, fileName, isTrimmed] : cases) {
         SCOPED_TRACE(fileName.toStdString());
-        QDir(fake.downloadFolder()).removeRecursively();
-        fake.store.clear();
-        makeReady();
-        view->setOutputFormatRaw(format);
+        startOver();
+        makeReady(format);
         const DownloadRecord record = download(trim);
         EXPECT_EQ(view->phaseLabel(), heading);
         EXPECT_EQ(view->downloadStatus(), QString());
@@ -43,7 +39,7 @@ TEST_F(DownloadPipelineTest, ProcessesOnlyWhatNeedsIt)
     }
 }
 
-TEST_F(DownloadPipelineTest, NamesTheFileAndTheRecordByTheTypedTitle)
+TEST_F(DownloadPipelineTest, namesTheFileAndTheRecordByTheTypedTitle)
 {
     const std::tuple<QString, QString, QString> cases[] = {
         {u"Talk"_s, u"Talk"_s, u"Talk [id1].mp4"_s},
@@ -64,10 +60,9 @@ TEST_F(DownloadPipelineTest, NamesTheFileAndTheRecordByTheTypedTitle)
     fake.onLookup(u"echo '{\"title\":\"Talk\\nof\\u2028it\"}'"_s);
     makeReady();
     EXPECT_EQ(view->customTitle(), u"Talk of it"_s);
-    EXPECT_EQ(QFileInfo(download().filePath).fileName(), u"Talk of it [id1].mp4"_s);
+    EXPECT_EQ(downloadedName(), u"Talk of it [id1].mp4"_s);
     // Without any title, the file gives the record's.
-    QDir(fake.downloadFolder()).removeRecursively();
-    fake.store.clear();
+    startOver();
     fake.history.clear();
     fake.onLookup(u"echo '{}'"_s);
     makeReady();
@@ -75,15 +70,12 @@ TEST_F(DownloadPipelineTest, NamesTheFileAndTheRecordByTheTypedTitle)
     EXPECT_EQ(fake.history.entries().value(0).title, address);
 }
 
-TEST_F(DownloadPipelineTest, CancelsADownloadAndStartsItAgain)
+TEST_F(DownloadPipelineTest, cancelsADownloadAndStartsItAgain)
 {
     fake.onDownload(u"echo part > \"$file.part\"; echo '10%||NA||NA'; exec sleep 60"_s);
     makeReady();
-    view->start();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view->downloadProgress() > 0; }));
-    view->cancelDownload();
-    ASSERT_TRUE(reaches(*view, Phase::ready));
-    EXPECT_EQ(view->errorMessage(), u"Cancelled"_s);
+    ASSERT_TRUE(startAndProgress());
+    EXPECT_EQ(cancel(), u"Cancelled"_s);
     EXPECT_FALSE(view->errorLog());
     EXPECT_EQ(files(), QStringList{u"Talk [id1].mp4.part"_s});
     EXPECT_TRUE(fake.store.records().isEmpty());
@@ -95,22 +87,20 @@ TEST_F(DownloadPipelineTest, CancelsADownloadAndStartsItAgain)
     EXPECT_TRUE(reaches(*view, Phase::done));
 }
 
-TEST_F(DownloadPipelineTest, ALookupSilencesTheDownload)
+TEST_F(DownloadPipelineTest, aLookupSilencesTheDownload)
 {
     fake.onDownload(u"echo '10%||NA||NA'; exec sleep 60"_s);
     makeReady();
-    view->start();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view->downloadProgress() > 0; }));
+    ASSERT_TRUE(startAndProgress());
     lookUp();
     settle();
     EXPECT_EQ(view->phase(), Phase::confirming);
     EXPECT_FALSE(view->errorMessage());
 }
 
-TEST_F(DownloadPipelineTest, CancelsBetweenTheDownloadAndItsProcessing)
+TEST_F(DownloadPipelineTest, cancelsBetweenTheDownloadAndItsProcessing)
 {
-    makeReady();
-    view->setOutputFormatRaw(u"proRes422"_s);
+    makeReady(u"proRes422"_s);
     QObject::connect(&*view, &DownloaderView::changed, &*view, [this] {
         if (view->phase() != Phase::downloading || view->downloadProgress() <= 0)
             return;
@@ -118,13 +108,11 @@ TEST_F(DownloadPipelineTest, CancelsBetweenTheDownloadAndItsProcessing)
         EXPECT_TRUE(BackgroundTask::waitForAll(std::chrono::seconds(10)));
         view->cancelDownload();
     });
-    view->start();
-    ASSERT_TRUE(reaches(*view, Phase::ready));
-    EXPECT_EQ(view->errorMessage(), u"Cancelled"_s);
+    EXPECT_EQ(failure(), u"Cancelled"_s);
     EXPECT_TRUE(fake.store.records().isEmpty());
 }
 
-TEST_F(DownloadPipelineTest, BelievesNoPathThatCannotBeTheFile)
+TEST_F(DownloadPipelineTest, believesNoPathThatCannotBeTheFile)
 {
     const QString folder = fake.downloadFolder();
     QDir().mkpath(folder + u"/real"_s);
@@ -154,8 +142,7 @@ TEST_F(DownloadPipelineTest, BelievesNoPathThatCannotBeTheFile)
         fake.onDownload(
             u"echo old > \"$file\"; : > \"${file%/*}/empty.mp4\"\necho \"filepath:%1\""_s.arg(
                 path));
-        makeReady();
-        view->setOutputFormatRaw(u"proRes422"_s);
+        makeReady(u"proRes422"_s);
         view->start();
         ASSERT_TRUE(reaches(*view, error.isEmpty() ? Phase::done : Phase::ready));
         EXPECT_TRUE(view->errorMessage().value_or(QString()).contains(error));
@@ -165,7 +152,7 @@ TEST_F(DownloadPipelineTest, BelievesNoPathThatCannotBeTheFile)
     EXPECT_TRUE(files().contains(u"mine.mp4"_s));
 }
 
-TEST_F(DownloadPipelineTest, SavesAVideoOneAfterTheOther)
+TEST_F(DownloadPipelineTest, savesAVideoOneAfterTheOther)
 {
     const auto isLocked = [&] {
         return !QDir(fake.downloadFolder())
@@ -184,9 +171,7 @@ TEST_F(DownloadPipelineTest, SavesAVideoOneAfterTheOther)
     };
     ASSERT_TRUE(waits());
     EXPECT_EQ(view->phaseLabel(), u"Waiting"_s);
-    view->cancelDownload();
-    ASSERT_TRUE(reaches(*view, Phase::ready));
-    EXPECT_EQ(view->errorMessage(), u"Cancelled"_s);
+    EXPECT_EQ(cancel(), u"Cancelled"_s);
     ASSERT_TRUE(waits());
     EXPECT_EQ(files(), QStringList());
     other.reset();
@@ -213,22 +198,20 @@ TEST_F(DownloadPipelineTest, SavesAVideoOneAfterTheOther)
     EXPECT_FALSE(isLocked());
 }
 
-TEST_F(DownloadPipelineTest, KeepsTheDownloadWhenProcessingFails)
+TEST_F(DownloadPipelineTest, keepsTheDownloadWhenProcessingFails)
 {
     fake.onConvert(u"echo partly > \"$output\"; echo 'No space left on device' >&2;"
                    " echo 'Conversion failed!' >&2; exit 1"_s);
     makeReady();
     view->setTrimEnabled(true);
-    view->start();
-    ASSERT_TRUE(reaches(*view, Phase::ready));
-    EXPECT_EQ(view->errorMessage(), u"Process failed (exit 1): No space left on device"_s);
+    EXPECT_EQ(failure(), u"Process failed (exit 1): No space left on device"_s);
     EXPECT_EQ(view->errorLog()->tool, u"ffmpeg"_s);
     EXPECT_EQ(view->errorLog()->text, u"No space left on device\nConversion failed!\n"_s);
     EXPECT_EQ(files(), QStringList{u"Talk [id1].mp4"_s});
     EXPECT_TRUE(fake.store.records().isEmpty());
 }
 
-TEST_F(DownloadPipelineTest, KeepsALogOfEveryFailure)
+TEST_F(DownloadPipelineTest, keepsALogOfEveryFailure)
 {
     const std::tuple<QString, QString, QString, QString> cases[] = {
         {u"echo '[debug] a' >&2; echo 'ERROR: gone' >&2; exit 1"_s,
@@ -239,31 +222,26 @@ TEST_F(DownloadPipelineTest, KeepsALogOfEveryFailure)
     for (const auto &[script, message, tool, log] : cases) {
         fake.onDownload(script);
         makeReady();
-        view->start();
-        ASSERT_TRUE(reaches(*view, Phase::ready));
-        EXPECT_EQ(view->errorMessage(), message);
+        EXPECT_EQ(failure(), message);
         view->showErrorLog();
         EXPECT_EQ(view->shownLog().tool, tool);
         EXPECT_EQ(view->shownLog().text, log);
     }
     fake.onDownload(FakeDownloader::defaultDownload());
     fake.tools.add(u"ffprobe"_s, u"echo 'moov atom not found' >&2; exit 1"_s);
-    view->start();
-    ASSERT_TRUE(reaches(*view, Phase::ready));
-    EXPECT_TRUE(view->errorMessage()->startsWith(u"The downloaded file does not play"));
+    EXPECT_TRUE(failure().startsWith(u"The downloaded file does not play"));
     EXPECT_EQ(view->errorLog()->text, u"moov atom not found\n"_s);
     EXPECT_TRUE(fake.store.records().isEmpty());
     // No tool was at work.
     QDir(fake.downloadFolder()).removeRecursively();
     QFile folder(fake.downloadFolder());
     ASSERT_TRUE(folder.open(QIODevice::WriteOnly));
-    view->start();
-    ASSERT_TRUE(reaches(*view, Phase::ready));
+    EXPECT_TRUE(failure().endsWith(u"Not a directory"));
     EXPECT_EQ(view->errorLog()->tool, QString());
     EXPECT_EQ(view->errorLog()->text, view->errorMessage());
 }
 
-TEST_F(DownloadPipelineTest, NeverRemovesAFileThatWasThereBefore)
+TEST_F(DownloadPipelineTest, neverRemovesAFileThatWasThereBefore)
 {
     for (const bool recorded : {true, false}) {
         makeReady();
@@ -276,17 +254,16 @@ TEST_F(DownloadPipelineTest, NeverRemovesAFileThatWasThereBefore)
     }
 }
 
-TEST_F(DownloadPipelineTest, GivesEachFormatAFileOfItsOwn)
+TEST_F(DownloadPipelineTest, givesEachFormatAFileOfItsOwn)
 {
     const auto downloadAs = [&](const QString &format, const QString &codec, int height) {
-        makeReady();
-        view->setOutputFormatRaw(format);
+        makeReady(format);
         fake.onProbe(codec, height);
         settle();
         const int runs = fake.tools.runCount(u"yt-dlp"_s);
-        const QString path = download().filePath;
-        EXPECT_LE(fake.tools.runCount(u"yt-dlp"_s), runs + 2) << path.toStdString();
-        return QFileInfo(path).fileName();
+        const QString name = downloadedName();
+        EXPECT_LE(fake.tools.runCount(u"yt-dlp"_s), runs + 2) << name.toStdString();
+        return name;
     };
     EXPECT_EQ(downloadAs(u"bestResolution"_s, u"vp9"_s, 2160), u"Talk [id1].mp4"_s);
     // Every file that is there is a VP9 one.
@@ -299,10 +276,10 @@ TEST_F(DownloadPipelineTest, GivesEachFormatAFileOfItsOwn)
     // What is there tells nothing.
     makeReady();
     fake.tools.add(u"ffprobe"_s, u"echo what"_s);
-    EXPECT_EQ(QFileInfo(download().filePath).fileName(), u"Talk 5 [id1].mp4"_s);
+    EXPECT_EQ(downloadedName(), u"Talk 5 [id1].mp4"_s);
 }
 
-TEST_F(DownloadPipelineTest, TakesOnlyAWholeFileForTheDownload)
+TEST_F(DownloadPipelineTest, takesOnlyAWholeFileForTheDownload)
 {
     const QString mp4 = u"mov,mp4,m4a"_s;
     const QString none = u"null"_s;
@@ -322,54 +299,45 @@ TEST_F(DownloadPipelineTest, TakesOnlyAWholeFileForTheDownload)
         SCOPED_TRACE(fileName.toStdString());
         QDir(fake.downloadFolder()).removeRecursively();
         fake.onLookup(u"echo '{\"title\":\"Talk\",\"duration\":%1}'"_s.arg(length));
-        makeReady();
-        view->setOutputFormatRaw(format == u"proRes422" ? u"bestResolution"_s : format);
+        makeReady(format == u"proRes422" ? u"bestResolution"_s : format);
         download();
         if (!recorded)
             fake.store.clear();
         fake.onProbe(u"h264"_s, 1080, container, seconds);
-        makeReady();
-        view->setOutputFormatRaw(format);
-        EXPECT_EQ(QFileInfo(download().filePath).fileName(), fileName);
+        makeReady(format);
+        EXPECT_EQ(downloadedName(), fileName);
     }
 }
 
-TEST_F(DownloadPipelineTest, AFileChangedAfterItsRecordIsNotTheRecordedOne)
+TEST_F(DownloadPipelineTest, aFileChangedAfterItsRecordIsNotTheRecordedOne)
 {
-    makeReady();
-    view->setOutputFormatRaw(u"audioMP3"_s);
+    makeReady(u"audioMP3"_s);
     DownloadRecord record = download();
     record.createdAt = record.createdAt.addSecs(-60);
     fake.store.clear();
     fake.store.add(record);
     fake.onProbe({}, 0, u"mp3"_s, 7.5);
     makeReady();
-    EXPECT_EQ(QFileInfo(download().filePath).fileName(), u"Talk 2 [id1].mp3"_s);
+    EXPECT_EQ(downloadedName(), u"Talk 2 [id1].mp3"_s);
 }
 
-TEST_F(DownloadPipelineTest, WhatACancelledDownloadLeftMakesRoomForTheNext)
+TEST_F(DownloadPipelineTest, whatACancelledDownloadLeftMakesRoomForTheNext)
 {
     fake.onProbe({}, 0, u"mp3"_s, 7.5);
     fake.onDownload(u"echo cut off > \"$file\"; echo '10%||NA||NA'; exec sleep 60"_s);
-    makeReady();
-    view->setOutputFormatRaw(u"audioMP3"_s);
-    view->start();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view->downloadProgress() > 0; }));
-    view->cancelDownload();
-    ASSERT_TRUE(reaches(*view, Phase::ready));
+    makeReady(u"audioMP3"_s);
+    ASSERT_TRUE(startAndProgress());
+    cancel();
 
     fake.onDownload(FakeDownloader::defaultDownload());
-    EXPECT_EQ(QFileInfo(download().filePath).fileName(), u"Talk [id1].mp3"_s);
+    EXPECT_EQ(downloadedName(), u"Talk [id1].mp3"_s);
     EXPECT_EQ(files(), QStringList{u"Talk [id1].mp3"_s});
-    QFile saved(fake.downloadFolder() + u"/Talk [id1].mp3"_s);
-    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
-    EXPECT_EQ(saved.readAll(), "old\n");
+    EXPECT_EQ(read(u"Talk [id1].mp3"_s), "old\n");
 }
 
-TEST_F(DownloadPipelineTest, WhatCameWhileADownloadWaitedIsNotItsOwn)
+TEST_F(DownloadPipelineTest, whatCameWhileADownloadWaitedIsNotItsOwn)
 {
-    makeReady();
-    view->setOutputFormatRaw(u"audioMP3"_s);
+    makeReady(u"audioMP3"_s);
     download();
     fake.onProbe({}, 0, u"mp3"_s, 7.5);
     const ToolEnvironment &tools = *fake.toolEnvironment;

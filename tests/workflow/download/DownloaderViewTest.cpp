@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 using DownloaderViewTest = DownloaderFixture;
 
-TEST_F(DownloaderViewTest, GoesTheWholeWayFromAddressToRecord)
+TEST_F(DownloaderViewTest, goesTheWholeWayFromAddressToRecord)
 {
     view->setUrlText(u"  "_s + address + u"\n"_s);
     view->fetchInfo(false);
@@ -62,7 +62,7 @@ TEST_F(DownloaderViewTest, GoesTheWholeWayFromAddressToRecord)
     EXPECT_EQ(entry.downloadCount, 1);
 }
 
-TEST_F(DownloaderViewTest, TakesOnlyWebAddresses)
+TEST_F(DownloaderViewTest, takesOnlyWebAddresses)
 {
     const std::tuple<QString, Phase, std::optional<QString>> cases[] = {
         {u" \n"_s, Phase::input, std::nullopt},
@@ -83,7 +83,7 @@ TEST_F(DownloaderViewTest, TakesOnlyWebAddresses)
     }
 }
 
-TEST_F(DownloaderViewTest, TellsWhyALookupFailedAndTriesTheSameAddressAgain)
+TEST_F(DownloaderViewTest, tellsWhyALookupFailedAndTriesTheSameAddressAgain)
 {
     fake.onLookup(u"echo 'ERROR: Private video' >&2; exit 1"_s);
     startLookup();
@@ -101,7 +101,7 @@ TEST_F(DownloaderViewTest, TellsWhyALookupFailedAndTriesTheSameAddressAgain)
     EXPECT_TRUE(reaches(*view, Phase::confirming));
 }
 
-TEST_F(DownloaderViewTest, LeavesThePhaseAloneInTheWrongMomentAndWithoutTools)
+TEST_F(DownloaderViewTest, leavesThePhaseAloneInTheWrongMomentAndWithoutTools)
 {
     lookUp();
     view->start();
@@ -119,12 +119,21 @@ TEST_F(DownloaderViewTest, LeavesThePhaseAloneInTheWrongMomentAndWithoutTools)
     EXPECT_FALSE(view->fetchError());
 }
 
-TEST_F(DownloaderViewTest, ASupersededLookupChangesNothing)
+TEST_F(DownloaderViewTest, aLookupThatIsCancelledOrSupersededChangesNothing)
 {
-    fake.onLookup(u"echo first; echo '[x] slow' >&2; exec sleep 60"_s);
-    startLookup();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !view->fetchStatus().isEmpty(); }));
+    const auto startSlowLookup = [&] {
+        fake.onLookup(u"echo first; echo '[x] slow' >&2; exec sleep 60"_s);
+        startLookup();
+        return QTest::qWaitFor([&] { return !view->fetchStatus().isEmpty(); });
+    };
+    ASSERT_TRUE(startSlowLookup());
+    view->cancelFetch();
+    EXPECT_EQ(view->phase(), Phase::input);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view->fetchStatus().isEmpty(); }));
+    EXPECT_FALSE(view->fetchError());
+    EXPECT_EQ(view->phase(), Phase::input);
 
+    ASSERT_TRUE(startSlowLookup());
     fake.onLookup(u"sleep 0.2; cat \"$0.json\""_s);
     view->fetchInfo(false);
     std::vector<Phase> phases;
@@ -135,19 +144,7 @@ TEST_F(DownloaderViewTest, ASupersededLookupChangesNothing)
     EXPECT_FALSE(view->fetchError());
 }
 
-TEST_F(DownloaderViewTest, CancellingALookupReturnsToTheAddress)
-{
-    fake.onLookup(u"echo '[x] slow' >&2; exec sleep 60"_s);
-    startLookup();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !view->fetchStatus().isEmpty(); }));
-    view->cancelFetch();
-    EXPECT_EQ(view->phase(), Phase::input);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return view->fetchStatus().isEmpty(); }));
-    EXPECT_FALSE(view->fetchError());
-    EXPECT_EQ(view->phase(), Phase::input);
-}
-
-TEST_F(DownloaderViewTest, TakesUpEveryRequest)
+TEST_F(DownloaderViewTest, takesUpEveryRequest)
 {
     fake.pendingFetch.put({address});
     view->acceptRequests();
@@ -160,7 +157,7 @@ TEST_F(DownloaderViewTest, TakesUpEveryRequest)
     EXPECT_EQ(view->phase(), Phase::fetching);
 }
 
-TEST_F(DownloaderViewTest, ShowsNoPreviewOfAnotherVideo)
+TEST_F(DownloaderViewTest, showsNoPreviewOfAnotherVideo)
 {
     fake.onPreviewLookup(u"sleep 0.2; echo https://stream.example/late.mp4"_s);
     lookUp();
@@ -178,7 +175,7 @@ TEST_F(DownloaderViewTest, ShowsNoPreviewOfAnotherVideo)
     EXPECT_FALSE(view->previewURL());
 }
 
-TEST_F(DownloaderViewTest, DropsThePreviewDuringADownloadAndLoadsItAgainAfterAFailure)
+TEST_F(DownloaderViewTest, dropsThePreviewDuringADownloadAndLoadsItAgainAfterAFailure)
 {
     makeReady();
     ASSERT_TRUE(QTest::qWaitFor([&] { return view->preview().player() != nullptr; }));
@@ -197,7 +194,7 @@ TEST_F(DownloaderViewTest, DropsThePreviewDuringADownloadAndLoadsItAgainAfterAFa
     EXPECT_EQ(view->preview().player(), nullptr) << "the stream came during the download";
 }
 
-TEST_F(DownloaderViewTest, KeepsButNeverAppliesTheRangeOfAnotherVideo)
+TEST_F(DownloaderViewTest, keepsButNeverAppliesTheRangeOfAnotherVideo)
 {
     fake.onLookup(u"echo '{}'"_s);
     view->setTrimRange(3, 4);
@@ -217,7 +214,7 @@ TEST_F(DownloaderViewTest, KeepsButNeverAppliesTheRangeOfAnotherVideo)
     EXPECT_EQ(download(TrimRange{5, 6}).trimEnd, 6);
 }
 
-TEST_F(DownloaderViewTest, PreviewsTheFileName)
+TEST_F(DownloaderViewTest, previewsTheFileName)
 {
     lookUp();
     const std::tuple<QString, QString, QString> cases[] = {
@@ -254,26 +251,25 @@ TEST_F(DownloaderViewTest, PreviewsTheFileName)
     }
 }
 
-TEST_F(DownloaderViewTest, DownloadsWhatIsShownWhereTheStoredFormatIsNotOffered)
+TEST_F(DownloaderViewTest, downloadsWhatIsShownWhereTheStoredFormatIsNotOffered)
 {
     view->setOutputFormatRaw(u"macCompatible"_s);
-    const std::tuple<QString, QString, QString> cases[] = {
-        {u"vp9"_s, u"Best resolution — 720p VP9"_s, u"bv*+ba[ext=m4a]/bv*+ba/b"_s},
-        {u"avc1"_s, u"Best resolution — 720p H.264"_s, u"bv*+ba[ext=m4a]/bv*+ba/b"_s},
+    const std::pair<QString, QString> cases[] = {
+        {u"vp9"_s, u"Best resolution — 720p VP9"_s},
+        {u"avc1"_s, u"Best resolution — 720p H.264"_s},
     };
-    for (const auto &[codec, shown, selector] : cases) {
+    for (const auto &[codec, shown] : cases) {
         fake.onLookup(u"echo '{\"formats\":[{\"vcodec\":\"%1\",\"height\":720}]}'"_s.arg(codec));
         makeReady();
         settle();
         EXPECT_EQ(view->selectedOption().title, shown);
         download();
-        const QStringList arguments = fake.tools.arguments(u"yt-dlp"_s);
-        EXPECT_EQ(arguments.value(arguments.indexOf(u"-f"_s) + 1), selector);
+        EXPECT_TRUE(fake.tools.arguments(u"yt-dlp"_s).contains(u"bv*+ba[ext=m4a]/bv*+ba/b"_s));
         EXPECT_EQ(view->outputFormatRaw(), u"macCompatible"_s);
     }
 }
 
-TEST_F(DownloaderViewTest, CanBeDestroyedAtAnyMoment)
+TEST_F(DownloaderViewTest, canBeDestroyedAtAnyMoment)
 {
     fake.onLookup(u"echo '[x] a' >&2; sleep 0.01; cat \"$0.json\""_s);
     fake.onDownload(u"sleep 0.01; "_s + FakeDownloader::defaultDownload());

@@ -10,7 +10,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using ProcessRunner::ProcessError;
 
-TEST(FetchErrorText, ChoosesTheFirstSentenceThatFits)
+TEST(FetchErrorText, choosesTheFirstSentenceThatFits)
 {
     const std::pair<QString, QString> cases[] = {
         {u"Sign in to confirm you're not a bot"_s,
@@ -21,19 +21,14 @@ TEST(FetchErrorText, ChoosesTheFirstSentenceThatFits)
         {u"Video unavailable"_s, u"Video unavailable (may be region-locked or removed)."_s},
         {u"private VIDEO"_s,
          u"Couldn't fetch video info: Process failed (exit 1): private VIDEO"_s},
+        {u"[debug] a\nERROR: gone\n  File \"x\", line 1"_s,
+         u"Couldn't fetch video info: Process failed (exit 1): ERROR: gone"_s},
     };
     for (const auto &[standardError, sentence] : cases)
-        EXPECT_EQ(friendlyFetchError(ProcessError(1, standardError)), sentence);
+        EXPECT_EQ(friendlyFetchError(ProcessError(1, standardError, u"yt-dlp"_s)), sentence);
     EXPECT_EQ(
         friendlyFetchError(ProcessRunner::TimeoutError()),
         u"Timed out after 60 s. YouTube may be rate-limiting — wait a minute and try again."_s);
-}
-
-TEST(FetchErrorText, NamesOnlyTheDecisiveLineOfALog)
-{
-    EXPECT_EQ(friendlyFetchError(
-                  ProcessError(1, u"[debug] a\nERROR: gone\n  File \"x\", line 1"_s, u"yt-dlp"_s)),
-              u"Couldn't fetch video info: Process failed (exit 1): ERROR: gone"_s);
 }
 
 } // namespace

@@ -3,8 +3,6 @@
 #include "core/media/OutputFile.h"
 #include "workflow/download/DownloaderFixture.h"
 
-#include <QFile>
-
 #include <cerrno>
 
 namespace clipwren::test {
@@ -15,18 +13,10 @@ using namespace Qt::StringLiterals;
 /// A clip is made again, and one file operation of ours fails.
 class FileFaultTest : public DownloaderFixture, public testing::WithParamInterface<int> {
 protected:
-    QString path(const QString &name) const { return fake.downloadFolder() + u'/' + name; }
-    QByteArray read(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
     /// Leaves nothing but a recorded file of that name, and the video ready to be downloaded.
     bool startOverWith(const QString &name, DownloadRecord record)
     {
-        QDir(fake.downloadFolder()).removeRecursively();
-        fake.store.clear();
+        startOver();
         QFile earlier(path(name));
         if (!QDir().mkpath(fake.downloadFolder()) || !earlier.open(QIODevice::WriteOnly)
             || earlier.write("earlier") != 7)
@@ -53,7 +43,7 @@ protected:
     const QString clip = u"Talk [id1] — trimmed.mp4"_s;
 };
 
-TEST_P(FileFaultTest, LosesNoFileAndSaysWhatFailed)
+TEST_P(FileFaultTest, losesNoFileAndSaysWhatFailed)
 {
     fake.onDownload(u"echo >> \"$0.downloads\"\n"_s + FakeDownloader::defaultDownload());
     for (const bool converts : {true, false}) {
@@ -97,7 +87,7 @@ TEST_P(FileFaultTest, LosesNoFileAndSaysWhatFailed)
     }
 }
 
-TEST_P(FileFaultTest, LosesNoFilmWhoseSoundIsSaved)
+TEST_P(FileFaultTest, losesNoFilmWhoseSoundIsSaved)
 {
     // As the tool does where the page has no sound by itself.
     fake.onDownload(u"rm -f \"${file%mp3}mp4\"\n"_s + FakeDownloader::defaultDownload());

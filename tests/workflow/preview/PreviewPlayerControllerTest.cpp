@@ -66,7 +66,7 @@ TEST_F(PreviewPlayerControllerTest, isLoadingUntilTheStreamIsReady)
     EXPECT_GT(changes.size(), changesOfLoading);
 }
 
-TEST_F(PreviewPlayerControllerTest, aFailureLeavesNoPlayerAndSaysWhy)
+TEST_F(PreviewPlayerControllerTest, aFailureLeavesNoPlayerAndIsShownUntilALaterStreamIsReady)
 {
     for (const auto &[failure, shown] : {std::pair(u"No such video."_s, u"No such video."_s),
                                          std::pair(QString(), u"Preview unavailable"_s)}) {
@@ -74,22 +74,15 @@ TEST_F(PreviewPlayerControllerTest, aFailureLeavesNoPlayerAndSaysWhy)
         players.last()->fail(failure);
         EXPECT_EQ(controller->player(), nullptr);
         EXPECT_FALSE(controller->isLoading());
-        EXPECT_EQ(controller->loadError(), shown);
         deleteReleasedPlayers();
         EXPECT_TRUE(players.last().isNull());
+        controller->unload();
+        EXPECT_EQ(controller->loadError(), shown);
+        controller->load(secondUrl);
+        EXPECT_EQ(controller->loadError(), shown);
+        players.last()->becomeReady();
+        EXPECT_EQ(controller->loadError(), std::nullopt);
     }
-}
-
-TEST_F(PreviewPlayerControllerTest, keepsAFailureUntilALaterStreamIsReady)
-{
-    controller->load(firstUrl);
-    players.last()->fail(u"broken"_s);
-    controller->unload();
-    EXPECT_EQ(controller->loadError(), u"broken"_s);
-    controller->load(secondUrl);
-    EXPECT_EQ(controller->loadError(), u"broken"_s);
-    players.last()->becomeReady();
-    EXPECT_EQ(controller->loadError(), std::nullopt);
 }
 
 TEST_F(PreviewPlayerControllerTest, aReplacedStreamNoLongerReports)
@@ -141,11 +134,10 @@ TEST_F(PreviewPlayerControllerTest, playsARangeToItsEnd)
     }
 }
 
-TEST_F(PreviewPlayerControllerTest, aRangeEndsOnceAndIsForgotten)
+TEST_F(PreviewPlayerControllerTest, aRangeEndsOnceEvenWhenItsSeekFailed)
 {
     ScriptedPlayer &player = loadReady();
     controller->playRange(2, 4);
-    // Played even when the seek did not come through.
     player.finishSeek(false);
     EXPECT_TRUE(controller->isPlaying());
     player.reachEndTime();
