@@ -1,5 +1,7 @@
 #include "core/formats/FormatOption.h"
 
+#include "core/formats/ByteCountText.h"
+#include "core/formats/OutputFormat.h"
 #include "core/ytdlp/VideoInfo.h"
 #include "support/Printing.h"
 
@@ -92,9 +94,10 @@ TEST(FormatOption, describesTheBestResolutionByItsCodec)
 TEST(FormatOption, offersMacCompatibleOnlyBelowTheBestHeight)
 {
     const auto offered =
-        optionsFor({video("vp9", 2160), video("avc1", 720), video("avc1", 1080)})[1];
+        optionsFor({video("vp9", 2160), video("avc1", 720), video("AVC1.640028", 1080)})[1];
     EXPECT_EQ(offered.kind, OutputFormat::macCompatible);
     EXPECT_EQ(offered.title, u"Mac Compatible — 1080p H.264"_s);
+    EXPECT_EQ(offered.subtitle, u"Lower resolution than max, but plays everywhere on Mac."_s);
     EXPECT_EQ(offered.compat, CompatLevel::macNative);
     // Of one height, the codec that is listed first gives the title.
     const std::tuple<QList<VideoFormat>, QString> cases[] = {
@@ -111,6 +114,11 @@ TEST(FormatOption, offersMacCompatibleOnlyBelowTheBestHeight)
 
 TEST(FormatOption, addsUpTheSizesOfPictureAndSound)
 {
+    VideoFormat bothSizes = video("avc1", 1080, 50);
+    bothSizes.filesize_approx = 70;
+    VideoFormat filmAsM4a = audio(u"m4a"_s, 999, 1000);
+    filmAsM4a.vcodec = u"avc1"_s;
+    filmAsM4a.height = 360;
     const std::tuple<QList<VideoFormat>, Size, Size> cases[] = {
         {{video("avc1", 1080, 50'000'000), audio(u"m4a"_s, 128, 3'000'000)}, 53'000'000, {}},
         {{video("vp9", 2160, 900), video("avc1", 1080, 50), audio(u"m4a"_s, 48, 1),
@@ -121,6 +129,8 @@ TEST(FormatOption, addsUpTheSizesOfPictureAndSound)
         {{video("vp9", 1080, 0), audio(u"m4a"_s, {}, 4)}, 4, {}},
         {{video("vp9", 1080, -9)}, {}, {}},
         {{video("vp9", 1080, most), audio(u"m4a"_s, 1, most)}, most, {}},
+        {{bothSizes, audio(u"m4a"_s, 48, 3)}, 53, {}},
+        {{video("vp9", 1080, 50), filmAsM4a, audio(u"m4a"_s, 48, 3)}, 53, 1003},
     };
     for (const auto &[formats, best, mac] : cases) {
         const auto options = optionsFor(formats);
@@ -150,6 +160,51 @@ TEST(FormatOption, estimatesProResByHeight)
               u"Editing format (Final Cut / Resolve). ~1.68 GB at 1080p — far larger than MP4."_s);
     EXPECT_EQ(find(optionsFor({video("avc1", 1080)}), OutputFormat::proRes422)->subtitle,
               u"Editing format for Final Cut / Resolve. Files are very large."_s);
+}
+
+TEST(ByteCountText, picksUnitAndDigitsInTheFormOfTheLocale)
+{
+    constexpr ByteUnits estimate{ByteUnit::MB, ByteUnit::GB};
+    constexpr ByteUnits fileSize{ByteUnit::KB, ByteUnit::TB};
+    const QLocale c = QLocale::c();
+    const QLocale german(QLocale::German);
+    const std::tuple<qint64, ByteUnits, QLocale, const char *> cases[] = {
+        {412'500'000, estimate, c, "412.5 MB"},
+        {1'677'500'000, estimate, c, "1.68 GB"},
+        {999'940'000, estimate, c, "999.9 MB"},
+        {999'960'000, estimate, c, "1 GB"},
+        {50'000'000, estimate, c, "50 MB"},
+        {1'005'000'000, estimate, c, "1.01 GB"},
+        {9'000, estimate, c, "0 MB"},
+        {0, fileSize, c, "0 KB"},
+        {999'499, fileSize, c, "999 KB"},
+        {999'500, fileSize, c, "1 MB"},
+        {999'996'000'000, fileSize, c, "1 TB"},
+        {1'250'000'000'000, fileSize, c, "1.25 TB"},
+        {std::numeric_limits<qint64>::max(), fileSize, c, "9223372.04 TB"},
+        {1'677'500'000, estimate, german, "1,68 GB"},
+        {6'750'500'000'000, estimate, german, "6750,5 GB"},
+    };
+    for (const auto &[bytes, units, locale, text] : cases)
+        EXPECT_EQ(byteCountText(bytes, units, locale).toStdString(), text) << bytes;
+}
+
+TEST(OutputFormat, readsEveryStoredText)
+{
+    const std::pair<QStringView, OutputFormat> cases[] = {
+        {u"bestResolution", OutputFormat::bestResolution},
+        {u"macCompatible", OutputFormat::macCompatible},
+        {u"proRes422", OutputFormat::proRes422},
+        {u"audioMP3", OutputFormat::audioMP3},
+        {u"maxQuality", OutputFormat::macCompatible},
+        {u"h264Mp4", OutputFormat::macCompatible},
+        {u"bestQuality", OutputFormat::bestResolution},
+        {u"AudioMP3", OutputFormat::bestResolution},
+        {u" audioMP3", OutputFormat::bestResolution},
+        {u"", OutputFormat::bestResolution},
+    };
+    for (const auto &[stored, format] : cases)
+        EXPECT_EQ(outputFormatFrom(stored), format) << stored.toString().toStdString();
 }
 
 } // namespace

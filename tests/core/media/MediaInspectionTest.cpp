@@ -76,6 +76,8 @@ TEST(MediaInspection, takesTheLastStreamAndKeepsOnlyTheRatesOfThoseBefore)
                                    .audioBitrateKbps = 8};
     EXPECT_EQ(inspection, expected);
     EXPECT_EQ(inspection.dimensions(), std::nullopt);
+    const char *flat = R"({"streams": [{"codec_type": "video", "width": 500, "height": 0}]})";
+    EXPECT_EQ(inspectionOf(flat).dimensions(), std::nullopt);
 }
 
 TEST(MediaInspection, readsFrameRates)

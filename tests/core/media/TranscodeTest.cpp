@@ -56,6 +56,19 @@ protected:
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
 
+    /// Does it in a process of its own, true where that ends well.
+    static bool inOtherProcess(const std::function<void()> &action)
+    {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            action();
+            ::_exit(0);
+        }
+        int status = 0;
+        return ::waitpid(child, &status, 0) == child && status == 0;
+    }
+    void restoreAfterKill() const { OutputFile::restoreAfterKill(clip({}).chopped(1)); }
+
     test::FakeTools m_tools;
 };
 
@@ -162,6 +175,28 @@ TEST_F(Transcode, replacesAnEarlierFileOnlyByAWholeOne)
     EXPECT_EQ(read(u"Earlier Talk.mp4"_s), "someone's");
 }
 
+TEST_F(Transcode, leavesAFolderAndADanglingLinkOfThatNameAlone)
+{
+    const auto run = [&](const QString &name) {
+        service().transcode(clip(name), EncodeProfile::h264Mp4(), {}, {}, {});
+    };
+    QDir(clip({})).mkdir(u"Folder.mp4"_s);
+    write(u"Folder.mp4/mine"_s, u"mine"_s);
+    ASSERT_TRUE(QFile::link(u"gone"_s, clip(u"Link.mp4"_s)));
+    fakeFfmpeg(std::string(writesOutput) + "exit 1");
+    EXPECT_THROW(run(u"Folder.webm"_s), ProcessRunner::ProcessError);
+    EXPECT_THROW(run(u"Link.webm"_s), ProcessRunner::ProcessError);
+    EXPECT_EQ(read(u"Folder.mp4/mine"_s), "mine");
+    EXPECT_EQ(QFile::symLinkTarget(clip(u"Link.mp4"_s)), clip(u"gone"_s));
+    EXPECT_THAT(clips(), UnorderedElementsAre(u"Folder.mp4", u"Link.mp4"));
+
+    // Nothing is written where the link led to.
+    fakeFfmpeg(writesOutput);
+    run(u"Link.webm"_s);
+    EXPECT_EQ(read(u"Link.mp4"_s), "new\n");
+    EXPECT_FALSE(QFile::exists(clip(u"gone"_s)));
+}
+
 TEST_F(Transcode, replacesFilesWhoseNamesAreAsLongAsCanBe)
 {
     for (const int bytes : {247, 248, 255}) {
@@ -180,20 +215,14 @@ TEST_F(Transcode, whatAKilledProcessMovedAsideIsPutBack)
     const QString output = u"Talk.mp4"_s;
     const auto leaveHalf = [&](bool killed) {
         write(output, u"earlier"_s);
-        const pid_t child = ::fork();
-        if (child != 0) {
-            int status = 0;
-            return ::waitpid(child, &status, 0) == child && status == 0;
-        }
-        {
+        return inOtherProcess([&] {
             const OutputFile file(clip(output));
             write(output, u"half"_s);
             // What another process does meanwhile is no business of this one's.
-            OutputFile::restoreAfterKill(clip({}).chopped(1));
+            restoreAfterKill();
             if (killed)
                 ::_exit(read(output) == "half" ? 0 : 1);
-        }
-        ::_exit(0);
+        });
     };
     ASSERT_TRUE(leaveHalf(true));
     EXPECT_EQ(read(output), "half");
@@ -202,7 +231,7 @@ TEST_F(Transcode, whatAKilledProcessMovedAsideIsPutBack)
     QDir(clip({})).mkpath(u".clipwren-earlier-mine"_s);
     write(u".clipwren-earlier-123456"_s, u"a file"_s);
 
-    OutputFile::restoreAfterKill(clip({}).chopped(1));
+    restoreAfterKill();
 
     EXPECT_EQ(read(output), "earlier");
     EXPECT_THAT(
@@ -233,15 +262,12 @@ TEST_F(Transcode, aKeptFileStaysWhateverAToolDoesToIt)
         EXPECT_EQ(read(film), "earlier");
         EXPECT_THAT(clips(), UnorderedElementsAre(film));
 
-        const pid_t child = ::fork();
-        if (child == 0) {
+        ASSERT_TRUE(inOtherProcess([&] {
             const KeptFile kept(clip(film));
             tool();
             ::_exit(0); // as if killed
-        }
-        int status = 0;
-        ASSERT_TRUE(::waitpid(child, &status, 0) == child && status == 0);
-        OutputFile::restoreAfterKill(clip({}).chopped(1));
+        }));
+        restoreAfterKill();
         EXPECT_EQ(read(film), "earlier");
         EXPECT_THAT(clips(), UnorderedElementsAre(film));
     }

@@ -9,7 +9,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-TEST(DownloaderAge, TellsTheAgeOfAVersionThatIsADate)
+TEST(DownloaderAge, tellsTheAgeOfAVersionThatIsADate)
 {
     const std::tuple<QString, QDate, std::optional<QString>> cases[] = {
         {u"2023.03.04"_s, QDate(2023, 3, 4), u"0 days old"_s},
@@ -35,7 +35,7 @@ TEST(DownloaderAge, TellsTheAgeOfAVersionThatIsADate)
         EXPECT_EQ(ageText(version, today), age) << version.toStdString();
 }
 
-TEST(DownloaderAge, SaysWhatHelpsWhenItIsOlderThanNinetyDays)
+TEST(DownloaderAge, saysWhatHelpsWhenItIsOlderThanNinetyDays)
 {
     const QString version = u"2023.03.04"_s;
     EXPECT_EQ(outdatedHint(u"/usr/bin/yt-dlp"_s, version, QDate(2023, 6, 2)), std::nullopt);
