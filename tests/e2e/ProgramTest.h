@@ -12,6 +12,20 @@ namespace clipwren::test {
 
 using namespace Qt::StringLiterals;
 
+/// A moment of a save: a tool works for a video of the sample site.
+struct ToolAtWork {
+    const char *name;
+    QString page;
+    QString argument; ///< that only this tool has
+    QString file; ///< a part of a name in the downloads folder that shows that it is at work
+};
+
+inline const ToolAtWork lookUpAtWork{"LookUp", u"silent"_s, u" -J "_s, {}};
+inline const ToolAtWork downloadAtWork{"Download", u"slow"_s, u" --newline "_s, u".part"_s};
+/// Of a save as ProRes.
+inline const ToolAtWork conversionAtWork{"Conversion", u"tide-clock-01"_s, u" -progress "_s,
+                                         u".mov"_s};
+
 /// Runs the real program, in a home of its own with no screen (unless it is given one) and no
 /// settings of ours in reach.
 class ProgramTest : public testing::Test {
@@ -42,6 +56,13 @@ protected:
     /// The command lines, arguments parted by blanks, of running processes that name this home.
     /// Fails the test when a tool among them has what the desktop gave to the window alone.
     QStringList processes() const;
+    bool isAtWork(const ToolAtWork &tool) const
+    {
+        return !processes().filter(tool.argument).isEmpty()
+            && (tool.file.isEmpty() || !savedFiles().filter(tool.file).isEmpty());
+    }
+    /// The page with the home's path in its address, which marks every tool that is run for it.
+    QString markedPage(const QString &page) const { return page + u"&from="_s + m_home; }
     /// What the program is run with.
     QProcessEnvironment environment() const;
 

@@ -32,8 +32,9 @@ protected:
     QString address(const QString &page) const { return m_site.address(u"/watch?v="_s + page); }
 
     SampleSite m_site;
-    ToolEnvironment m_tools{ToolEnvironment::defaultSearchDirectories(),
-                            ToolEnvironment::Versions::Skip};
+    const ToolEnvironment m_tools{ToolEnvironment::defaultSearchDirectories(),
+                                  ToolEnvironment::Versions::Skip};
+    const FfmpegService m_inspector{*m_tools.ffmpegPath(), *m_tools.ffprobePath()};
 };
 
 struct SavedCase {
@@ -59,7 +60,7 @@ TEST_P(SaveFormatTest, savesTheFileAndPrintsItsPathOnly)
     const QString path = downloadsFolder() + u'/' + expected.fileName;
     EXPECT_EQ(outcome.standardOutput, path + u'\n');
     EXPECT_THAT(savedFiles(), ElementsAre(expected.fileName));
-    const auto found = FfmpegService{*m_tools.ffmpegPath(), *m_tools.ffprobePath()}.inspect(path);
+    const auto found = m_inspector.inspect(path);
     EXPECT_EQ(u"%1 %2 %3 %4"_s
                   .arg(found.container->section(u',', 0, 0), found.videoCodec.value_or(u"-"_s),
                        *found.audioCodec)
@@ -121,7 +122,6 @@ TEST_F(SaveTest, cutsAtTheVeryFrameAndKeepsTheFileOfAnEarlierSave)
 TEST_F(SaveTest, savesWhatTheScreenShowsAndMakesNoCopies)
 {
     const YtDlpService downloader{*m_tools.ytDlpPath(), *m_tools.ffmpegPath()};
-    const FfmpegService inspector{*m_tools.ffmpegPath(), *m_tools.ffprobePath()};
     for (const QString &page : {u"tied"_s, u"tied-above"_s}) {
         const VideoInfo info = downloader.fetchInfo(address(page), {}).info;
         for (const FormatOption &option : offeredFormats(info)) {
@@ -129,7 +129,7 @@ TEST_F(SaveTest, savesWhatTheScreenShowsAndMakesNoCopies)
                 continue;
             const QStringList format{u"--format"_s, rawValue(option.kind)};
             const QString path = save(page, format).standardOutput;
-            const auto found = inspector.inspect(path.trimmed());
+            const auto found = m_inspector.inspect(path.trimmed());
             EXPECT_TRUE(option.title.endsWith(
                 u" — %1p %2"_s.arg(*found.height).arg(prettyCodecName(*found.videoCodec))))
                 << option.title.toStdString();
@@ -163,38 +163,34 @@ TEST_F(SaveTest, tellsInOneSentenceWhyAVideoCannotBeSaved)
 TEST_F(SaveTest, leavesTheFilesAloneWhenTheFilmIsTooShort)
 {
     // The length of a plain file is known when it is there.
-    const QString film = m_site.address(u"/media/tide-clock.mp4"_s);
-    const QString name = u"tide-clock [tide-clock]%1.mp4"_s;
     const auto cut = [&](const QString &range) {
-        return run({u"save"_s, u"--trim"_s, range, film});
+        return run({u"save"_s, u"--trim"_s, range, m_site.address(u"/media/tide-clock.mp4"_s)});
     };
-    EXPECT_EQ(cut(u"3-4"_s).exitStatus, 0);
-    const QString clip = downloadsFolder() + u'/' + name.arg(u" — trimmed"_s);
+    const QString clip = cut(u"3-4"_s).standardOutput.trimmed();
     const qint64 size = QFileInfo(clip).size();
+    EXPECT_GT(size, 0);
     const Outcome outcome = cut(u"50-60"_s);
     EXPECT_EQ(outcome.exitStatus, 1);
-    EXPECT_THAT(outcome.standardError.toStdString(),
-                HasSubstr("The video ends before the time range starts."));
-    EXPECT_THAT(savedFiles(),
-                UnorderedElementsAre(QFileInfo(clip).fileName(), name.arg(QString())));
+    EXPECT_THAT(outcome.standardError.toStdString(), HasSubstr("ends before the time range"));
     EXPECT_EQ(QFileInfo(clip).size(), size);
+    EXPECT_THAT(savedFiles(),
+                UnorderedElementsAre(QFileInfo(clip).fileName(), u"tide-clock [tide-clock].mp4"_s));
 }
 
 TEST_F(SaveTest, twoAtOnceSaveOneVideoOneAfterTheOther)
 {
-    // Marks every tool that is run for it.
-    const QString page = u"hls&from="_s + home();
-    const auto isAtWork = [&](const QString &argument) {
+    const QString page = markedPage(u"hls"_s);
+    const auto isRun = [&](const QString &argument) {
         return !processes().filter(argument).isEmpty();
     };
     Outcome second;
     const Outcome first = save(page, {}, [&](const QProcess &program) {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return isAtWork(u" --newline "_s); }, 60'000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isRun(u" --newline "_s); }, 60'000));
         const auto process = static_cast<pid_t>(program.processId());
         ::kill(process, SIGSTOP);
         second = save(page, {u"--trim=3-4"_s}, [&](const QProcess &) {
-            EXPECT_TRUE(QTest::qWaitFor([&] { return isAtWork(u" -J "_s); }, 60'000));
-            EXPECT_TRUE(QTest::qWaitFor([&] { return !isAtWork(u" -J "_s); }, 60'000));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return isRun(u" -J "_s); }, 60'000));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !isRun(u" -J "_s); }, 60'000));
             ::kill(process, SIGCONT);
         });
     });
@@ -203,73 +199,48 @@ TEST_F(SaveTest, twoAtOnceSaveOneVideoOneAfterTheOther)
     EXPECT_THAT(second.standardError.toStdString(),
                 HasSubstr("Another Clipwren is saving this video. Waiting…"));
     EXPECT_THAT(savedFiles(), UnorderedElementsAre(net + u".mp4"_s, net + u" — trimmed.mp4"_s));
-    const FfmpegService ffmpeg{*m_tools.ffmpegPath(), *m_tools.ffprobePath()};
-    EXPECT_NEAR(*ffmpeg.inspect(first.standardOutput.trimmed()).duration, 12, 0.1);
-    EXPECT_NEAR(*ffmpeg.inspect(second.standardOutput.trimmed()).duration, 1, 0.1);
+    EXPECT_NEAR(*m_inspector.inspect(first.standardOutput.trimmed()).duration, 12, 0.1);
+    EXPECT_NEAR(*m_inspector.inspect(second.standardOutput.trimmed()).duration, 1, 0.1);
 }
 
 TEST_F(SaveTest, anInterruptStopsTheToolAndLeavesNothingRunning)
 {
-    struct Case {
-        QString page;
-        QStringList options;
-        QString argument; ///< that only the tool at work at the right time has
-        QString file; ///< a part of a name in the downloads folder that shows it is at work
-        int signal;
+    const std::pair<ToolAtWork, int> cases[] = {
+        {lookUpAtWork, SIGTERM}, {downloadAtWork, SIGINT},  {conversionAtWork, SIGTERM},
+        {lookUpAtWork, SIGKILL}, {downloadAtWork, SIGKILL}, {conversionAtWork, SIGKILL},
     };
-    const Case look{u"silent"_s, {}, u" -J "_s, {}, SIGTERM};
-    const Case download{u"slow"_s, {}, u" --newline "_s, u".part"_s, SIGINT};
-    const Case convert{
-        u"tide-clock-01"_s, {u"--format=proRes422"_s}, u" -progress "_s, u".mov"_s, SIGTERM};
-    std::vector<Case> cases{look, download, convert};
-    for (Case killed : {look, download, convert}) {
-        killed.signal = SIGKILL;
-        cases.push_back(killed);
-    }
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.page.toStdString());
-        // The home's path in the address marks every tool that is run for it.
-        const QStringList arguments = QStringList{u"save"_s} + c.options
-            + QStringList{address(c.page) + u"&from="_s + home()};
-        const Outcome outcome = run(arguments, [&](const QProcess &program) {
-            EXPECT_TRUE(QTest::qWaitFor(
-                [&] {
-                    return !processes().filter(c.argument).isEmpty()
-                        && (c.file.isEmpty() || !savedFiles().filter(c.file).isEmpty());
-                },
-                60'000));
-            ::kill(static_cast<pid_t>(program.processId()), c.signal);
+    for (const auto &[tool, signal] : cases) {
+        SCOPED_TRACE(tool.name);
+        const QString format = u"--format=proRes422"_s;
+        const Outcome outcome = save(markedPage(tool.page), {format}, [&](const QProcess &program) {
+            EXPECT_TRUE(QTest::qWaitFor([&] { return isAtWork(tool); }, 60'000));
+            ::kill(static_cast<pid_t>(program.processId()), signal);
         });
-        EXPECT_EQ(outcome.exitStatus, c.signal == SIGKILL ? 137 : 130)
+        EXPECT_EQ(outcome.exitStatus, signal == SIGKILL ? 137 : 130)
             << outcome.standardError.toStdString();
         EXPECT_EQ(outcome.standardOutput, QString());
     }
 }
 
-TEST_F(ProgramTest, answersWrongUseWithASentence)
+TEST_F(ProgramTest, describesItselfAndAnswersWrongUseWithASentence)
 {
     const QString address = u"http://127.0.0.1/watch?v=tide-clock-01"_s;
-    const std::pair<QStringList, const char *> cases[] = {
-        {{u"keep"_s, address}, "Usage: clipwren"},
-        {{u"save"_s}, "Usage: clipwren"},
-        {{u"save"_s, u"--format"_s, u"mp4"_s, address}, "Usage: clipwren"},
-        {{u"save"_s, u"--trim=1-2"_s, u"--format=audioMP3"_s, address}, "Audio is saved whole"},
+    const std::tuple<QStringList, int, const char *> cases[] = {
+        {{u"--help"_s}, 0, "clipwren save"},
+        {{u"--version"_s}, 0, CLIPWREN_VERSION},
+        {{u"keep"_s, address}, 2, "Usage: clipwren"},
+        {{u"save"_s}, 2, "Usage: clipwren"},
+        {{u"save"_s, u"--format"_s, u"mp4"_s, address}, 2, "Usage: clipwren"},
+        {{u"save"_s, u"--trim=1-2"_s, u"--format=audioMP3"_s, address}, 2, "Audio is saved whole"},
     };
-    for (const auto &[arguments, part] : cases) {
+    for (const auto &[arguments, exitStatus, part] : cases) {
         const Outcome outcome = run(arguments);
-        EXPECT_EQ(outcome.exitStatus, 2);
-        EXPECT_EQ(outcome.standardOutput, QString());
-        EXPECT_THAT(outcome.standardError.toStdString(), HasSubstr(part));
-    }
-}
-
-TEST_F(ProgramTest, describesItselfWithoutAScreen)
-{
-    for (const auto &[option, part] :
-         {std::pair(u"--help"_s, "clipwren save"), std::pair(u"--version"_s, CLIPWREN_VERSION)}) {
-        const Outcome outcome = run({option});
-        EXPECT_EQ(outcome.exitStatus, 0);
-        EXPECT_THAT(outcome.standardOutput.toStdString(), HasSubstr(part));
+        EXPECT_EQ(outcome.exitStatus, exitStatus);
+        const auto &[said, other] = exitStatus == 0
+            ? std::pair(outcome.standardOutput, outcome.standardError)
+            : std::pair(outcome.standardError, outcome.standardOutput);
+        EXPECT_THAT(said.toStdString(), HasSubstr(part));
+        EXPECT_EQ(other, QString());
     }
 }
 

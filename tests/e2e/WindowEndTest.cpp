@@ -15,17 +15,14 @@ namespace {
 using namespace Qt::StringLiterals;
 
 struct PhaseCase {
-    const char *name;
-    QString page;
-    QString argument; ///< that only the tool of this phase has
-    QString file; ///< a part of a name in the downloads folder that shows that it is at work
+    ToolAtWork tool;
     QString left; ///< a part of every name that is there afterwards
 };
 
 const PhaseCase phases[] = {
-    {"LookUp", u"silent"_s, u" -J "_s, {}, {}},
-    {"Download", u"slow"_s, u" --newline "_s, u".part"_s, u"[slow-1].f"_s},
-    {"Conversion", u"tide-clock-01"_s, u" -progress "_s, u".mov"_s, u"[tide-clock-01-1].mp4"_s},
+    {lookUpAtWork, {}},
+    {downloadAtWork, u"[slow-1].f"_s},
+    {conversionAtWork, u"[tide-clock-01-1].mp4"_s},
 };
 
 struct EndCase {
@@ -77,13 +74,12 @@ protected:
     }
 
     /// Goes on from phase to phase, as nothing tells from outside when the window takes a key.
-    void pressUntilToolRuns(const QString &argument, const QString &file) const
+    void pressUntilAtWork(const ToolAtWork &tool) const
     {
         EXPECT_TRUE(QTest::qWaitFor(
             [&] {
                 press({u"Return"_s, u"ctrl+Return"_s}); // "Continue", and then "Download"
-                return !processes().filter(argument).isEmpty()
-                    && (file.isEmpty() || !savedFiles().filter(file).isEmpty());
+                return isAtWork(tool);
             },
             60'000));
     }
@@ -97,11 +93,10 @@ private:
 TEST_P(WindowEndTest, stopsTheToolAndKeepsWhatWasDownloaded)
 {
     const auto &[phase, end] = GetParam();
-    // The home's path marks every tool that is run for it.
-    const QString address = m_site.address(u"/watch?v=%1&from=%2"_s.arg(phase.page, home()));
+    const QString address = m_site.address(u"/watch?v="_s + markedPage(phase.tool.page));
     QElapsedTimer timer;
     const Outcome outcome = run({address}, [&](const QProcess &program) {
-        pressUntilToolRuns(phase.argument, phase.file);
+        pressUntilAtWork(phase.tool);
         timer.start();
         if (!end.key.isEmpty())
             press({end.key});
@@ -124,7 +119,7 @@ TEST_P(WindowEndTest, stopsTheToolAndKeepsWhatWasDownloaded)
 INSTANTIATE_TEST_SUITE_P(, WindowEndTest,
                          testing::Combine(testing::ValuesIn(phases), testing::ValuesIn(ends)),
                          [](const auto &tested) {
-                             return std::string(std::get<PhaseCase>(tested.param).name)
+                             return std::string(std::get<PhaseCase>(tested.param).tool.name)
                                  + std::get<EndCase>(tested.param).name;
                          });
 

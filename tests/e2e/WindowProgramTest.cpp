@@ -48,7 +48,7 @@ protected:
     Process save(const QString &page = u"hls"_s)
     {
         return start({u"save"_s, u"--format=macCompatible"_s,
-                      m_site.address(u"/watch?v="_s + page + u"&from="_s + home())},
+                      m_site.address(u"/watch?v="_s + markedPage(page))},
                      dataFolder(), false);
     }
 

@@ -40,6 +40,17 @@ protected:
     LibraryListView *recents() { return &window().content().sidebar().recentList().view(); }
     LibraryListView *historyRows() { return &window().content().sidebar().historyList().view(); }
 
+    /// Over fake tools, up to a download, which takes as long as its script.
+    void startDownload(const QString &script)
+    {
+        // Not for being asked its version.
+        fake.onDownload(u"test -z \"$template\" || "_s + script);
+        open({fake.tools.directory()});
+        window().content().lookUp(u"https://site.example/1"_s);
+        QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
+        QTest::keyClick(await(u"Download"_s), Qt::Key_Space);
+    }
+
     static void chooseForLastRow(LibraryListView *list, const QString &item)
     {
         openRowMenu(*list, list->model()->rowCount() - 1);
@@ -62,9 +73,11 @@ protected:
         QApplication::sendEvent(slider, &move);
         QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, to);
     }
+
+    FakeDownloader fake;
 };
 
-TEST_F(WindowTest, TakesAVideoFromTheAddressToTheLibraryAndBack)
+TEST_F(WindowTest, takesAVideoFromTheAddressToTheLibraryAndBack)
 {
     open();
     const QString address = site.address(u"/watch?v=tide-clock-01"_s);
@@ -137,7 +150,7 @@ TEST_F(WindowTest, TakesAVideoFromTheAddressToTheLibraryAndBack)
     EXPECT_TRUE(QFile::exists(record.filePath));
 }
 
-TEST_F(WindowTest, SetUpLastsUntilTheToolsAreThere)
+TEST_F(WindowTest, setUpLastsUntilTheToolsAreThere)
 {
     FakeTools folder;
     folder.add(u"yt-dlp"_s, u"echo 2026.01.01"_s);
@@ -156,7 +169,7 @@ TEST_F(WindowTest, SetUpLastsUntilTheToolsAreThere)
     EXPECT_TRUE(awaitText(u"File no longer at expected location"_s));
 }
 
-TEST_F(WindowTest, TheKeyboardStaysInTheListThatItWalksThrough)
+TEST_F(WindowTest, theKeyboardStaysInTheListThatItWalksThrough)
 {
     for (const QString &title : {u"First"_s, u"Second [*] of 3"_s, u"Third"_s})
         addRecord(title);
@@ -182,11 +195,10 @@ TEST_F(WindowTest, TheKeyboardStaysInTheListThatItWalksThrough)
     EXPECT_EQ(window().focusWidget(), await(u"Video address"_s));
 }
 
-TEST_F(WindowTest, ClicksLeaveNoFocusRingWhereNobodyWas)
+TEST_F(WindowTest, clicksLeaveNoFocusRingWhereNobodyWas)
 {
     const DownloadRecord record = addRecord(u"Talk"_s);
     history.recordDownload(record.sourceURL, record.title, {}, {});
-    FakeDownloader fake;
     open({fake.tools.directory()});
     const auto expectNoRing = [&] {
         for (const QFocusFrame *frame : window().findChildren<QFocusFrame *>())
@@ -209,40 +221,14 @@ TEST_F(WindowTest, ClicksLeaveNoFocusRingWhereNobodyWas)
     expectNoRing();
 }
 
-TEST_F(WindowTest, ALinkStopsADownloadOnlyWhenThatIsWanted)
+TEST_F(WindowTest, aDownloadIsStoppedOnlyWhenThatIsWanted)
 {
-    FakeDownloader fake;
-    // Not for being asked its version.
-    fake.onDownload(u"test -z \"$template\" || exec sleep 60"_s);
-    open({fake.tools.directory()});
-    ContentView &content = window().content();
-    content.lookUp(u"https://site.example/1"_s);
-    QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
-    QTest::keyClick(await(u"Download"_s), Qt::Key_Space);
-    await(u"Downloading"_s);
-    content.lookUp(u"https://site.example/2"_s);
-    await(u"Stop and Look Up"_s);
-    click(u"Cancel"_s);
-    EXPECT_TRUE(content.detail().isDownloading());
-    content.lookUp(u"https://site.example/3"_s);
-    click(u"Stop and Look Up"_s);
-    await(u"Is this the right video?"_s);
-    EXPECT_EQ(content.detail().downloader()->urlText(), u"https://site.example/3");
-}
-
-TEST_F(WindowTest, TheSidebarStopsADownloadOnlyWhenThatIsWanted)
-{
-    FakeDownloader fake;
-    fake.onDownload(u"test -z \"$template\" || exec sleep 60"_s);
     addRecord(u"Older"_s);
     const DownloadRecord record = addRecord(u"Talk"_s);
     history.recordDownload(record.sourceURL, record.title, {}, {});
-    open({fake.tools.directory()});
-    ContentView &content = window().content();
-    content.lookUp(u"https://site.example/1"_s);
-    QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
-    QTest::keyClick(await(u"Download"_s), Qt::Key_Space);
+    startDownload(u"exec sleep 60"_s);
     await(u"Downloading"_s);
+    ContentView &content = window().content();
 
     const auto clickRecord = [&] {
         QTest::mouseClick(recents()->viewport(), Qt::LeftButton, {},
@@ -266,7 +252,17 @@ TEST_F(WindowTest, TheSidebarStopsADownloadOnlyWhenThatIsWanted)
     await(u"Stop and Look Up"_s);
     click(u"Cancel"_s);
     expectNothingChanged();
+    content.lookUp(u"https://site.example/2"_s);
+    await(u"Stop and Look Up"_s);
+    click(u"Cancel"_s);
+    expectNothingChanged();
 
+    content.lookUp(u"https://site.example/3"_s);
+    click(u"Stop and Look Up"_s);
+    QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
+    EXPECT_EQ(content.detail().downloader()->urlText(), u"https://site.example/3");
+    QTest::keyClick(await(u"Download"_s), Qt::Key_Space);
+    await(u"Downloading"_s);
     click(u"Recent"_s);
     clickRecord();
     click(u"Stop and Show"_s);
@@ -274,9 +270,8 @@ TEST_F(WindowTest, TheSidebarStopsADownloadOnlyWhenThatIsWanted)
     EXPECT_TRUE(awaitText(u"File no longer at expected location"_s));
 }
 
-TEST_F(WindowTest, OpensAsItWasClosedWithinTheScreen)
+TEST_F(WindowTest, opensAsItWasClosedWithinTheScreen)
 {
-    FakeDownloader fake;
     const QStringList folders{fake.tools.directory()};
     open(folders);
     EXPECT_EQ(window().size(), QSize(1120, 900));
@@ -314,18 +309,14 @@ TEST_F(WindowTest, OpensAsItWasClosedWithinTheScreen)
     EXPECT_EQ(boundedWindowSize({1120, 900}, {1024, 768}), QSize(1022, 728));
 }
 
-TEST_F(WindowTest, TabGoesThroughThePaneInTheOrderInWhichItIsRead)
+TEST_F(WindowTest, tabGoesThroughThePaneInTheOrderInWhichItIsRead)
 {
-    FakeDownloader fake;
-    fake.onDownload(u"test -z \"$template\" || exit 1"_s);
     open({fake.tools.directory()});
     EXPECT_FALSE(shown<QWidget>(window(), u"Open downloads folder in Finder"_s)->hasFocus());
     QTest::keyClick(window().focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(window().focusWidget(), await(u"Video address"_s));
 
-    window().content().lookUp(u"https://site.example/1"_s);
-    QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
-    QTest::keyClick(await(u"Download"_s), Qt::Key_Return);
+    startDownload(u"exit 1"_s);
     await(u"Dismiss"_s);
     const QStringList stops = tabStops(*await(u"Show or Hide Sidebar"_s));
     EXPECT_EQ(stops.mid(0, 7),
@@ -334,9 +325,8 @@ TEST_F(WindowTest, TabGoesThroughThePaneInTheOrderInWhichItIsRead)
     EXPECT_EQ(stops.mid(8, 3), (QStringList{u"Trim before saving"_s, u"Download"_s, u"Dismiss"_s}));
 }
 
-TEST_F(WindowTest, ALinkDroppedOnTheAddressIsLookedUp)
+TEST_F(WindowTest, aLinkDroppedOnTheAddressIsLookedUp)
 {
-    FakeDownloader fake;
     open({fake.tools.directory()});
     QMimeData link;
     link.setUrls({QUrl(u"https://site.example/1"_s)});
@@ -348,7 +338,7 @@ TEST_F(WindowTest, ALinkDroppedOnTheAddressIsLookedUp)
     await(u"Is this the right video?"_s);
 }
 
-TEST_F(WindowTest, AboutTellsTheAgeOfTheDownloader)
+TEST_F(WindowTest, aboutTellsTheAgeOfTheDownloader)
 {
     const FakeTools fakes;
     fakes.add(u"yt-dlp"_s, u"echo 2023.03.04"_s);
@@ -361,20 +351,12 @@ TEST_F(WindowTest, AboutTellsTheAgeOfTheDownloader)
     EXPECT_TRUE(texts.contains(u"2023.03.04 (over three years old)"_s));
 }
 
-TEST_F(WindowTest, KeepsNoActivationTokenOnceItIsInFront)
+TEST_F(WindowTest, keepsNoActivationTokenOnceItIsInFront)
 {
     open();
     window().comeToFront({}, u"asked-by-the-user"_s);
     EXPECT_TRUE(window().isActiveWindow());
     EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
-}
-
-TEST_F(WindowTest, ClosingStopsTheRunningTool)
-{
-    open();
-    window().content().lookUp(site.address(u"/watch?v=silent"_s));
-    await(u"Looking up video…"_s);
-    // The fixture's end and the leak check see that nothing is left.
 }
 
 } // namespace
