@@ -19,7 +19,7 @@ constexpr int inset = 2;
 SegmentedControl::SegmentedControl(const QStringList &texts, QWidget *parent)
     : QWidget(parent), m_group(new QButtonGroup(this)),
       m_thumb(
-          {0.18, 1.0}, 0, [this](double) { update(); }, this)
+          0.18, 0, [this](double) { update(); }, this)
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(inset, inset, inset, inset);

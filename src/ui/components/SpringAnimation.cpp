@@ -2,16 +2,39 @@
 
 #include "ui/components/Theme.h"
 
+#include <QEasingCurve>
+
 #include <cmath>
+#include <numbers>
 
 namespace clipwren {
+namespace {
 
-SpringAnimation::SpringAnimation(Spring spring, double position, std::function<void(double)> moved,
-                                 QObject *parent)
-    : QVariantAnimation(parent), m_spring(spring), m_settlingTime(spring.settlingTime()),
-      m_position(position), m_target(position), m_moved(std::move(moved))
+// Radians of the undamped swing after which the spring stays within a thousandth of its target.
+constexpr double settledPhase = 9.233;
+
+double criticallyDamped(double progress)
 {
-    setDuration(static_cast<int>(std::lround(m_settlingTime * 1000)));
+    const double phase = progress * settledPhase;
+    return progress >= 1 ? 1 : 1 - std::exp(-phase) * (1 + phase);
+}
+
+QEasingCurve springCurve()
+{
+    QEasingCurve curve;
+    curve.setCustomType(criticallyDamped);
+    return curve;
+}
+
+} // namespace
+
+SpringAnimation::SpringAnimation(double responseSeconds, double position,
+                                 std::function<void(double)> moved, QObject *parent)
+    : QVariantAnimation(parent), m_position(position), m_target(position), m_moved(std::move(moved))
+{
+    setEasingCurve(springCurve());
+    setDuration(static_cast<int>(
+        std::lround(responseSeconds * settledPhase / (2 * std::numbers::pi) * 1000)));
 }
 
 void SpringAnimation::moveTo(double target)
@@ -35,15 +58,6 @@ void SpringAnimation::jumpTo(double target)
     m_target = target;
     m_position = target;
     m_moved(m_position);
-}
-
-QVariant SpringAnimation::interpolated(const QVariant &from, const QVariant &to,
-                                       qreal progress) const
-{
-    if (progress >= 1)
-        return to;
-    const double start = from.toDouble();
-    return start + (to.toDouble() - start) * m_spring.position(progress * m_settlingTime);
 }
 
 void SpringAnimation::updateCurrentValue(const QVariant &value)

@@ -21,7 +21,7 @@ constexpr int ringRoom = 4; // behind the text
 
 Switch::Switch(const QString &text, Icon icon, QWidget *parent)
     : QAbstractButton(parent), m_icon(icon), m_knob(
-                                                 {0.2, 1.0}, 0, [this](double) { update(); }, this)
+                                                 0.2, 0, [this](double) { update(); }, this)
 {
     setText(text);
     setCheckable(true);

@@ -1,8 +1,8 @@
 #include "ui/downloader/AddressField.h"
 
+#include "ui/components/AnimatedHeight.h"
 #include "ui/components/Button.h"
 #include "ui/components/FieldBox.h"
-#include "ui/components/Glide.h"
 #include "ui/components/IconView.h"
 #include "ui/components/WrappedLabel.h"
 #include "workflow/download/DownloaderView.h"
@@ -14,7 +14,7 @@ namespace clipwren {
 
 namespace {
 
-constexpr Spring failureSpring{0.2, 1};
+constexpr double failureSpring = 0.2;
 constexpr int failureGap = 10;
 
 } // namespace
@@ -31,8 +31,8 @@ AddressField::AddressField(DownloaderView &view, QWidget *parent) : QWidget(pare
     contentColumn->setContentsMargins(0, 0, 0, 0);
     contentColumn->addWidget(m_failure);
     m_failure->hide();
-    m_failureGlide = new Glide(content);
-    column->addWidget(m_failureGlide);
+    m_failureArea = new AnimatedHeight(content);
+    column->addWidget(m_failureArea);
     setFocusProxy(m_box->lineEdit());
 }
 
@@ -117,7 +117,7 @@ void AddressField::renderFailure()
             m_failureText->setText(m_view.withOutdatedHint(*failure));
     };
     if (appearsOrGoes)
-        m_failureGlide->change(failureSpring, apply);
+        m_failureArea->change(failureSpring, apply);
     else
         apply();
 }

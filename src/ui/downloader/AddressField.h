@@ -7,7 +7,7 @@ namespace clipwren {
 class Button;
 class DownloaderView;
 class FieldBox;
-class Glide;
+class AnimatedHeight;
 class WrappedLabel;
 
 /// Takes the address of a video, and says below why a look-up failed.
@@ -30,7 +30,7 @@ private:
     Button *m_clear;
     Button *m_paste;
     QWidget *m_failure;
-    Glide *m_failureGlide;
+    AnimatedHeight *m_failureArea;
     WrappedLabel *m_failureText;
     Button *m_viewLogs;
 };

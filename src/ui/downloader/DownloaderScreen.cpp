@@ -1,15 +1,14 @@
 #include "ui/downloader/DownloaderScreen.h"
 
 #include "platform/desktop/Desktop.h"
+#include "ui/components/AnimatedHeight.h"
 #include "ui/components/Banner.h"
 #include "ui/components/Button.h"
-#include "ui/components/Glide.h"
-#include "ui/components/RenderJoiner.h"
 #include "ui/components/ScrollPane.h"
 #include "ui/components/WrappedLabel.h"
 #include "ui/downloader/AddressField.h"
 #include "ui/downloader/FormatSection.h"
-#include "ui/downloader/LogSheet.h"
+#include "ui/downloader/LogDialog.h"
 #include "ui/downloader/ProgressSection.h"
 #include "ui/downloader/TitleField.h"
 #include "ui/downloader/TrimSection.h"
@@ -38,21 +37,21 @@ constexpr int scrollMargin = 12; // around what is brought into view
 constexpr std::chrono::milliseconds layoutTime(100); // layouts follow each other in the event loop
 
 /// How the cards of a phase come, if not at once.
-std::optional<Spring> springTo(Phase phase, Phase from)
+std::optional<double> springTo(Phase phase, Phase from)
 {
     switch (phase) {
     case Phase::input:
         return std::nullopt;
     case Phase::ready:
         // No animation when a failed download leads back here.
-        return from == Phase::confirming ? std::optional(Spring{0.25, 1}) : std::nullopt;
+        return from == Phase::confirming ? std::optional(0.25) : std::nullopt;
     case Phase::fetching:
     case Phase::downloading:
     case Phase::processing:
-        return Spring{0.2, 1};
+        return 0.2;
     case Phase::confirming:
     case Phase::done:
-        return Spring{0.25, 1};
+        return 0.25;
     }
     return std::nullopt;
 }
@@ -62,16 +61,18 @@ std::optional<Spring> springTo(Phase phase, Phase from)
 DownloaderScreen::DownloaderScreen(DownloaderView &view, Desktop &desktop,
                                    const QString &downloadFolder, QWidget *parent)
     : DetailScreen(parent), m_view(view), m_desktop(desktop), m_downloadFolder(downloadFolder),
-      m_folderButton(Button::iconOnly(u"folder", tr("Open Downloads Folder"))),
-      m_joiner(new RenderJoiner(this, [this] { render(); }))
+      m_folderButton(Button::iconOnly(u"folder", tr("Open Downloads Folder")))
 {
     m_folderButton->setToolTip(tr("Reveal the Clipwren downloads folder in Finder"));
     connect(m_folderButton, &Button::clicked, this, &DownloaderScreen::revealFolder);
     makeColumn();
     makeShortcuts();
     setFocusProxy(m_address);
-    connect(&m_view, &DownloaderView::changed, m_joiner, &RenderJoiner::request);
-    connect(&m_view.preview(), &PreviewPlayerController::changed, m_joiner, &RenderJoiner::request);
+    m_renderTimer.setSingleShot(true);
+    connect(&m_renderTimer, &QTimer::timeout, this, &DownloaderScreen::render);
+    connect(&m_view, &DownloaderView::changed, this, &DownloaderScreen::scheduleRender);
+    connect(&m_view.preview(), &PreviewPlayerController::changed, this,
+            &DownloaderScreen::scheduleRender);
     render();
 }
 
@@ -102,7 +103,7 @@ void DownloaderScreen::makeColumn()
     m_cardRows = new QVBoxLayout(cards);
     m_cardRows->setContentsMargins(0, spacing, 0, 0);
     m_cardRows->setSpacing(spacing);
-    m_cards = new Glide(cards);
+    m_cards = new AnimatedHeight(cards);
     rows->addWidget(m_cards);
     m_errorPlace = new QVBoxLayout;
     rows->addLayout(m_errorPlace);
@@ -352,11 +353,20 @@ void DownloaderScreen::scrollToTrim()
         bar->setValue(top);
 }
 
+void DownloaderScreen::scheduleRender()
+{
+    // Rendered at once while hidden, so that it is up to date when it is shown.
+    if (isVisible())
+        m_renderTimer.start();
+    else
+        render();
+}
+
 void DownloaderScreen::renderLogs()
 {
     if (m_view.showLogs() && !m_logs) {
         const ToolLog &log = m_view.shownLog();
-        m_logs = new LogSheet(
+        m_logs = new LogDialog(
             log.tool.isEmpty() ? tr("Details") : tr("%1 output").arg(log.tool), log.text,
             [this] { m_view.setShowLogs(false); }, window());
         m_logs->open();

@@ -5,6 +5,7 @@
 
 #include <QPointer>
 #include <QString>
+#include <QTimer>
 
 class QLayout;
 class QScrollArea;
@@ -20,10 +21,9 @@ class Desktop;
 class DownloaderView;
 class FetchingCard;
 class FormatSection;
-class Glide;
-class LogSheet;
+class AnimatedHeight;
+class LogDialog;
 class ProgressSection;
-class RenderJoiner;
 class TitleField;
 class TrimSection;
 class VideoSummary;
@@ -57,6 +57,7 @@ private:
     QWidget *makeError();
     void makeShortcuts();
 
+    void scheduleRender();
     void render();
     void renderCards();
     void renderError();
@@ -73,14 +74,14 @@ private:
     Desktop &m_desktop;
     QString m_downloadFolder;
     QPointer<Button> m_folderButton;
-    RenderJoiner *m_joiner;
+    QTimer m_renderTimer; ///< joins the changes of one turn of the event loop
     Phase m_phase = Phase::input; // as last rendered
     bool m_acceptsRequests = false;
 
     QScrollArea *m_scroll;
     QWidget *m_column;
     AddressField *m_address;
-    Glide *m_cards;
+    AnimatedHeight *m_cards;
     QVBoxLayout *m_cardRows;
     QVBoxLayout *m_errorPlace;
     // Made with the first phase that shows one of them, so that the window opens sooner.
@@ -98,7 +99,7 @@ private:
     Button *m_errorLogs = nullptr;
     QShortcut *m_pasteShortcut;
     QList<QShortcut *> m_downloadShortcuts;
-    QPointer<LogSheet> m_logs;
+    QPointer<LogDialog> m_logs;
 };
 
 } // namespace clipwren

@@ -1,7 +1,7 @@
 #include "ui/downloader/FormatSection.h"
 
+#include "ui/components/AnimatedHeight.h"
 #include "ui/components/Banner.h"
-#include "ui/components/Glide.h"
 #include "ui/components/IconView.h"
 #include "ui/components/Picker.h"
 #include "ui/components/WrappedLabel.h"
@@ -13,7 +13,7 @@ namespace clipwren {
 
 namespace {
 
-constexpr Spring selectionSpring{0.2, 1};
+constexpr double selectionSpring = 0.2;
 
 Icon iconOf(OutputFormat kind)
 {
@@ -60,7 +60,7 @@ FormatSection::FormatSection(DownloaderView &view, QWidget *parent)
     detailsColumn->setSpacing(8);
     detailsColumn->addWidget(m_subtitle);
     detailsColumn->addWidget(m_warning);
-    m_details = new Glide(details);
+    m_details = new AnimatedHeight(details);
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

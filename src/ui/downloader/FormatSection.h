@@ -6,7 +6,7 @@ namespace clipwren {
 
 class Banner;
 class DownloaderView;
-class Glide;
+class AnimatedHeight;
 class IconView;
 class Picker;
 class WrappedLabel;
@@ -25,7 +25,7 @@ private:
     Picker *m_picker;
     WrappedLabel *m_subtitle;
     Banner *m_warning;
-    Glide *m_details;
+    AnimatedHeight *m_details;
 };
 
 } // namespace clipwren

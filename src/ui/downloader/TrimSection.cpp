@@ -1,7 +1,7 @@
 #include "ui/downloader/TrimSection.h"
 
+#include "ui/components/AnimatedHeight.h"
 #include "ui/components/Button.h"
-#include "ui/components/Glide.h"
 #include "ui/components/Switch.h"
 #include "ui/downloader/FilmStrip.h"
 #include "ui/downloader/PreviewPane.h"
@@ -20,7 +20,7 @@ namespace clipwren {
 
 namespace {
 
-constexpr Spring choiceSpring{0.25, 1};
+constexpr double choiceSpring = 0.25;
 constexpr int spacing = 14;
 constexpr int statSpacing = 16;
 constexpr int stripSpacing = 4;
@@ -71,9 +71,9 @@ TrimSection::TrimSection(DownloaderView &view, QWidget *parent)
     contentColumn->setContentsMargins(0, 0, 0, 0);
     contentColumn->addWidget(m_choice);
     m_choice->hide();
-    m_choiceGlide = new Glide(content);
-    connect(m_choiceGlide, &Glide::settled, this, &TrimSection::settled);
-    column->addWidget(m_choiceGlide);
+    m_choiceArea = new AnimatedHeight(content);
+    connect(m_choiceArea, &AnimatedHeight::settled, this, &TrimSection::settled);
+    column->addWidget(m_choiceArea);
 }
 
 QLayout *TrimSection::makeTimeline()
@@ -228,7 +228,7 @@ void TrimSection::playClip()
 
 void TrimSection::reset()
 {
-    m_slider->setRange({0, duration()}, TrimSlider::Motion::Glide);
+    m_slider->setRange({0, duration()}, TrimSlider::Motion::Animate);
     m_view.resetTrim();
 }
 
@@ -253,7 +253,7 @@ void TrimSection::render()
     if (canChoose == m_choice->isHidden()) {
         if (canChoose && m_isToBeOpened)
             Q_EMIT opened();
-        m_choiceGlide->change(choiceSpring, [&] { m_choice->setVisible(canChoose); });
+        m_choiceArea->change(choiceSpring, [&] { m_choice->setVisible(canChoose); });
     }
     m_isToBeOpened = false;
 }
@@ -289,7 +289,7 @@ void TrimSection::renderStrip()
     if (m_choice->isHidden())
         m_strip->setVisible(shows);
     else
-        m_choiceGlide->change(choiceSpring, [&] { m_strip->setVisible(shows); });
+        m_choiceArea->change(choiceSpring, [&] { m_strip->setVisible(shows); });
 }
 
 } // namespace clipwren

@@ -10,7 +10,7 @@ namespace clipwren {
 class Button;
 class DownloaderView;
 class FilmStrip;
-class Glide;
+class AnimatedHeight;
 class PreviewPane;
 class Switch;
 class TimeStat;
@@ -53,7 +53,7 @@ private:
     Switch *m_switch;
     bool m_isToBeOpened = false; // by the user
     QWidget *m_choice; // all that belongs to a range
-    Glide *m_choiceGlide;
+    AnimatedHeight *m_choiceArea;
     PreviewPane *m_preview;
     TrimSlider *m_slider;
     FilmStrip *m_strip;

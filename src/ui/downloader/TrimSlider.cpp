@@ -21,8 +21,9 @@ constexpr double trackHeight = TrimGeometry::trackHeight;
 constexpr double knobSize = TrimGeometry::knobSize;
 constexpr double outline = 2.5;
 constexpr double draggedScale = 1.12;
-constexpr Spring scaleSpring{0.15, 1};
-constexpr Spring glideSpring{0.5, 1};
+// Seconds of response.
+constexpr double scaleSpring = 0.15;
+constexpr double glideSpring = 0.5;
 constexpr double shadowRadius = 2;
 
 constexpr double arrowSeconds = 0.1;
@@ -163,7 +164,7 @@ void TrimSlider::setRange(const TrimRange &range, Motion motion)
         return;
     for (const auto &[knob, seconds] :
          {std::pair(&m_start, range.start), std::pair(&m_end, range.end)}) {
-        if (motion == Motion::Glide && isVisible())
+        if (motion == Motion::Animate && isVisible())
             knob->seconds.moveTo(seconds);
         else
             knob->seconds.jumpTo(seconds);

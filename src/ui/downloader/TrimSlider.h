@@ -52,7 +52,7 @@ class TrimSlider : public QWidget {
     Q_OBJECT
 public:
     enum class Handle : std::uint8_t { start, end };
-    enum class Motion : std::uint8_t { Jump, Glide };
+    enum class Motion : std::uint8_t { Jump, Animate };
 
     explicit TrimSlider(QWidget *parent = nullptr);
 

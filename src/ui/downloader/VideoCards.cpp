@@ -1,10 +1,10 @@
 #include "ui/downloader/VideoCards.h"
 
 #include "core/text/Duration.h"
+#include "ui/components/AnimatedHeight.h"
 #include "ui/components/Button.h"
 #include "ui/components/Divider.h"
 #include "ui/components/ElidedLabel.h"
-#include "ui/components/Glide.h"
 #include "ui/components/IconView.h"
 #include "ui/components/Spinner.h"
 #include "ui/components/ThumbnailView.h"
@@ -18,7 +18,7 @@ namespace clipwren {
 namespace {
 
 constexpr int tileSize = 38;
-constexpr Spring statusSpring{0.2, 1};
+constexpr double statusSpring = 0.2;
 
 QWidget *makeTile()
 {
@@ -52,14 +52,14 @@ FetchingCard::FetchingCard(DownloaderView &view, QWidget *parent)
     auto *statusColumn = new QVBoxLayout(statusBox);
     statusColumn->setContentsMargins(0, 0, 0, 0);
     statusColumn->addWidget(m_status);
-    m_statusGlide = new Glide(statusBox);
+    m_statusArea = new AnimatedHeight(statusBox);
 
     auto *texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addStretch(1);
     texts->addWidget(
         new ElidedLabel(Theme::TextStyle::Label, Theme::Color::Text, tr("Looking up video…")));
-    texts->addWidget(m_statusGlide);
+    texts->addWidget(m_statusArea);
     texts->addStretch(1);
     auto *cancel = new Button(Button::Style::Bordered, tr("Cancel"));
     connect(cancel, &Button::clicked, &m_view, &DownloaderView::cancelFetch);
@@ -76,7 +76,7 @@ void FetchingCard::render()
 {
     const QString status = m_view.fetchStatus();
     if (status != m_status->fullText())
-        m_statusGlide->change(statusSpring, [&] { m_status->setFullText(status); });
+        m_statusArea->change(statusSpring, [&] { m_status->setFullText(status); });
 }
 
 ConfirmationCard::ConfirmationCard(DownloaderView &view, QWidget *parent)

@@ -9,7 +9,7 @@ namespace clipwren {
 class Button;
 class DownloaderView;
 class ElidedLabel;
-class Glide;
+class AnimatedHeight;
 class Label;
 class ThumbnailView;
 class WrappedLabel;
@@ -25,7 +25,7 @@ public:
 private:
     DownloaderView &m_view;
     ElidedLabel *m_status;
-    Glide *m_statusGlide;
+    AnimatedHeight *m_statusArea;
 };
 
 /// Asks whether the video that was found is the one that was meant.

@@ -1,14 +1,14 @@
 #include "ScreenTest.h"
 #include "ui/components/Button.h"
-#include "ui/components/LogText.h"
 #include "ui/components/Picker.h"
 #include "ui/downloader/AddressField.h"
-#include "ui/downloader/LogSheet.h"
+#include "ui/downloader/LogDialog.h"
 
 #include <QAccessible>
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
+#include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
@@ -118,10 +118,10 @@ TEST_F(DownloaderScreenTest, offersTheLogOnlyWhereThereIsOne)
 
     const auto openLog = [this] {
         click(u"View Logs"_s);
-        auto *sheet = m_screen.findChild<LogSheet *>();
-        EXPECT_TRUE(sheet->isVisible());
-        EXPECT_TRUE(sheet->isModal());
-        return sheet;
+        auto *dialog = m_screen.findChild<LogDialog *>();
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_TRUE(dialog->isModal());
+        return dialog;
     };
     press(openLog(), Qt::Key_Escape);
     EXPECT_FALSE(m_view.showLogs());
@@ -277,10 +277,10 @@ TEST_F(DownloaderScreenTest, nothingIsCutOffInTheSmallestWindowNorWhyADownloadFa
     EXPECT_TRUE(texts().contains(u"ERROR: /"));
     EXPECT_FALSE(texts().contains(u"[debug]"));
     click(u"View Logs"_s);
-    auto *sheet = m_screen.findChild<LogSheet *>();
-    ASSERT_TRUE(sheet);
-    EXPECT_EQ(sheet->windowTitle(), u"yt-dlp output");
-    EXPECT_TRUE(sheet->findChild<LogText *>()->toPlainText().startsWith(u"[debug] much"));
+    auto *dialog = m_screen.findChild<LogDialog *>();
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(dialog->windowTitle(), u"yt-dlp output");
+    EXPECT_TRUE(dialog->findChild<QPlainTextEdit *>()->toPlainText().startsWith(u"[debug] much"));
     m_view.setShowLogs(false);
     settle();
     click(u"Dismiss"_s);
@@ -298,12 +298,12 @@ TEST_F(DownloaderScreenTest, aNewLookupTakesAwayWhatWasSaidOfAnotherVideo)
     m_fake.toolEnvironment->readVersions();
     EXPECT_TRUE(QTest::qWaitFor([&] { return texts().contains(u"4 months old"); }, 10'000));
     click(u"View Logs"_s);
-    EXPECT_TRUE(m_screen.findChild<LogSheet *>()->isVisible());
+    EXPECT_TRUE(m_screen.findChild<LogDialog *>()->isVisible());
     m_fake.onLookup(waitForever);
     lookUp(Phase::fetching);
     EXPECT_FALSE(texts().contains(u"ERROR"));
-    for (const LogSheet *sheet : m_screen.findChildren<LogSheet *>())
-        EXPECT_FALSE(sheet->isVisible());
+    for (const LogDialog *dialog : m_screen.findChildren<LogDialog *>())
+        EXPECT_FALSE(dialog->isVisible());
 }
 
 } // namespace

@@ -11,18 +11,18 @@
 
 namespace clipwren {
 
-/// Holds content whose height may change, and lets it glide from one look to the next instead of
-/// jumping: the height moves on a spring while the old picture fades away over the new content.
+/// Holds content whose height may change, and animates each change: the height moves on a spring
+/// while a picture of the old content fades away over the new.
 ///
-/// Between such changes it is as high as its content. User-interface thread only.
-class Glide : public QWidget {
+/// Between changes it is as high as its content. User-interface thread only.
+class AnimatedHeight : public QWidget {
     Q_OBJECT
 public:
     /// Owns the content, which has a layout; without visible parts in it there is no height.
-    explicit Glide(QWidget *content, QWidget *parent = nullptr);
+    explicit AnimatedHeight(QWidget *content, QWidget *parent = nullptr);
 
-    /// Makes a change of the content, on the spring if one is given and somebody sees it.
-    void change(std::optional<Spring> spring, const std::function<void()> &change);
+    /// Makes a change of the content; animated when a spring's response is given and it is visible.
+    void change(std::optional<double> responseSeconds, const std::function<void()> &change);
 
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
@@ -30,7 +30,7 @@ public:
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// A change is through. The layouts around follow in the event loop.
+    /// A change has ended. The layouts around follow in the event loop.
     void settled();
 
 protected:
@@ -38,14 +38,14 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    class Veil;
+    class OldLook;
 
     int contentHeight(int width) const;
     void placeContent();
     void moveTo(double progress);
 
     QWidget *m_content;
-    Veil *m_veil;
+    OldLook *m_oldLook;
     int m_oldHeight = 0;
     double m_progress = 1; // from the old look to the new
     std::unique_ptr<SpringAnimation> m_animation;

@@ -1,4 +1,4 @@
-#include "ui/components/Glide.h"
+#include "ui/components/AnimatedHeight.h"
 
 #include "ui/components/Theme.h"
 
@@ -10,10 +10,10 @@
 
 namespace clipwren {
 
-/// The picture of what was there before.
-class Glide::Veil : public QWidget {
+/// The picture of the content before the change, which fades away.
+class AnimatedHeight::OldLook : public QWidget {
 public:
-    explicit Veil(QWidget *parent) : QWidget(parent)
+    explicit OldLook(QWidget *parent) : QWidget(parent)
     {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         hide();
@@ -50,8 +50,8 @@ private:
     double m_opacity = 0;
 };
 
-Glide::Glide(QWidget *content, QWidget *parent)
-    : QWidget(parent), m_content(content), m_veil(new Veil(this))
+AnimatedHeight::AnimatedHeight(QWidget *content, QWidget *parent)
+    : QWidget(parent), m_content(content), m_oldLook(new OldLook(this))
 {
     // Not fixed: that would limit it to the height of its preferred width.
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
@@ -60,33 +60,34 @@ Glide::Glide(QWidget *content, QWidget *parent)
     m_content->setParent(this);
 }
 
-void Glide::change(std::optional<Spring> spring, const std::function<void()> &change)
+void AnimatedHeight::change(std::optional<double> responseSeconds,
+                            const std::function<void()> &change)
 {
     m_animation.reset();
-    if (!spring || !isVisible() || Theme::current().reducedMotion()) {
+    if (!responseSeconds || !isVisible() || Theme::current().reducedMotion()) {
         moveTo(1);
         change();
         Q_EMIT settled();
         return;
     }
-    m_veil->show(grab());
+    m_oldLook->show(grab());
     m_oldHeight = height();
     change();
     moveTo(0);
-    m_animation = std::make_unique<SpringAnimation>(*spring, 0,
+    m_animation = std::make_unique<SpringAnimation>(*responseSeconds, 0,
                                                     [this](double progress) { moveTo(progress); });
-    connect(m_animation.get(), &SpringAnimation::finished, this, &Glide::settled);
+    connect(m_animation.get(), &SpringAnimation::finished, this, &AnimatedHeight::settled);
     m_animation->moveTo(1);
 }
 
-void Glide::moveTo(double progress)
+void AnimatedHeight::moveTo(double progress)
 {
     m_progress = progress;
-    m_veil->setOpacity(1 - progress);
+    m_oldLook->setOpacity(1 - progress);
     updateGeometry();
 }
 
-int Glide::contentHeight(int width) const
+int AnimatedHeight::contentHeight(int width) const
 {
     QLayout *layout = m_content->layout();
     if (layout->isEmpty())
@@ -95,24 +96,24 @@ int Glide::contentHeight(int width) const
                                        : layout->totalSizeHint().height();
 }
 
-int Glide::heightForWidth(int width) const
+int AnimatedHeight::heightForWidth(int width) const
 {
     const int target = contentHeight(width);
     return static_cast<int>(std::lround(m_oldHeight + (target - m_oldHeight) * m_progress));
 }
 
-QSize Glide::sizeHint() const
+QSize AnimatedHeight::sizeHint() const
 {
     const int width = m_content->layout()->totalSizeHint().width();
     return {width, heightForWidth(width)};
 }
 
-QSize Glide::minimumSizeHint() const
+QSize AnimatedHeight::minimumSizeHint() const
 {
     return {m_content->layout()->totalMinimumSize().width(), 0};
 }
 
-bool Glide::event(QEvent *event)
+bool AnimatedHeight::event(QEvent *event)
 {
     // The content is in no layout, so its changes come here.
     if (event->type() == QEvent::LayoutRequest) {
@@ -122,15 +123,15 @@ bool Glide::event(QEvent *event)
     return QWidget::event(event);
 }
 
-void Glide::resizeEvent(QResizeEvent *)
+void AnimatedHeight::resizeEvent(QResizeEvent *)
 {
     placeContent();
 }
 
-void Glide::placeContent()
+void AnimatedHeight::placeContent()
 {
     m_content->setGeometry(0, 0, width(), contentHeight(width()));
-    m_veil->setGeometry(rect());
+    m_oldLook->setGeometry(rect());
 }
 
 } // namespace clipwren
