@@ -12,6 +12,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double failureSpring = 0.2;
@@ -40,7 +42,7 @@ FieldBox *AddressField::makeBox()
 {
     m_box = new FieldBox(u"link", tr("Video address"));
     QLineEdit *field = m_box->lineEdit();
-    field->setPlaceholderText(QStringLiteral("https://www.youtube.com/watch?v=…"));
+    field->setPlaceholderText(u"https://www.youtube.com/watch?v=…"_s);
     field->setInputMethodHints(Qt::ImhUrlCharactersOnly);
     // The window looks up a dropped link; the field would insert it as text.
     field->setAcceptDrops(false);

@@ -18,7 +18,6 @@ class WrappedLabel;
 /// from it.
 class PreviewPlayerView : public QWidget {
     Q_OBJECT
-
 public:
     /// The controller must outlive the time that the view is shown.
     explicit PreviewPlayerView(PreviewPlayerController &controller, QWidget *parent = nullptr);

@@ -17,6 +17,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestText = 16;
@@ -90,7 +92,7 @@ void TimeField::showTime()
 
 int TimeField::tenthsRoom()
 {
-    return widthOf(QStringLiteral(".0"));
+    return widthOf(u".0"_s);
 }
 
 QSize TimeField::sizeHint() const

@@ -21,7 +21,6 @@ class TimeButton;
 /// Whoever shows it decides when it is seen, and hands it the keys.
 class PlayerControls : public QWidget {
     Q_OBJECT
-
 public:
     enum class FullScreen : std::uint8_t { None, CanEnter, CanLeave };
 

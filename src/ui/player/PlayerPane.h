@@ -22,7 +22,6 @@ class VideoOutput;
 /// failed, its sentence is shown. At most one pane shows a player at a time.
 class PlayerPane : public QWidget {
     Q_OBJECT
-
 public:
     struct Options {
         PlayerControls::FullScreen fullScreen = PlayerControls::FullScreen::None;

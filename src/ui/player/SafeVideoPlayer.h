@@ -19,7 +19,6 @@ class PlayerPane;
 /// its position. Hidden behind another window or minimised, it plays on.
 class SafeVideoPlayer : public QWidget {
     Q_OBJECT
-
 public:
     struct Options {
         /// Of the corners, in logical pixels.

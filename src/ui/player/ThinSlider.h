@@ -11,7 +11,6 @@ namespace clipwren {
 /// largest value of 0 there is nothing to choose, and the slider is disabled.
 class ThinSlider : public Slider {
     Q_OBJECT
-
 public:
     ThinSlider(const QString &name, const Unit &unit, QWidget *parent = nullptr);
 
