@@ -69,7 +69,7 @@ TEST_F(DownloaderScreenTest, showsTheCardsOfEachPhase)
 
     m_fake.onDownload(u"echo '  42.9%||   1.20MiB/s||00:10'; "_s + waitForever);
     click(u"Download"_s);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return m_view.downloadProgress() > 0.4; }, 10'000));
+    EXPECT_TRUE(waitFor([&] { return m_view.downloadProgress() > 0.4; }));
     settle();
     EXPECT_EQ(cards(), QStringList({u"Talk"_s, u"Downloading"_s}));
     EXPECT_TRUE(shows(u"42%"_s));
@@ -95,16 +95,13 @@ TEST_F(DownloaderScreenTest, showsTheCardsOfEachPhase)
 
 TEST_F(DownloaderScreenTest, offersTheLogOnlyWhereThereIsOne)
 {
-    m_view.setUrlText(u"ftp://site.example"_s);
-    m_view.fetchInfo(false);
-    settle();
+    enter(u"ftp://site.example"_s);
     EXPECT_TRUE(shows(u"Enter a valid http(s) URL"_s));
     EXPECT_FALSE(button(u"View Logs"_s));
 
     m_fake.onLookup(u"echo '[debug] first' >&2; echo 'ERROR: gone' >&2; exit 1"_s);
-    m_view.setUrlText(u"https://site.example/1"_s);
-    m_view.fetchInfo(false);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return m_view.fetchError().has_value(); }, 10'000));
+    enter(u"https://site.example/1"_s);
+    EXPECT_TRUE(waitFor([&] { return m_view.fetchError().has_value(); }));
     settle();
     EXPECT_FALSE(texts().contains(u"[debug]"));
     EXPECT_TRUE(texts().contains(u"ERROR: gone"));
@@ -130,9 +127,7 @@ TEST_F(DownloaderScreenTest, offersTheLogOnlyWhereThereIsOne)
     shown<Button>(*openLog(), u"Done"_s)->click();
     EXPECT_FALSE(m_view.showLogs());
 
-    m_view.setUrlText(u"ftp://site.example"_s);
-    m_view.fetchInfo(false);
-    settle();
+    enter(u"ftp://site.example"_s);
     EXPECT_FALSE(button(u"View Logs"_s)) << "that log is of another look-up";
     EXPECT_FALSE(texts().contains(u"yt-dlp 2024"));
 
@@ -163,10 +158,8 @@ TEST_F(DownloaderScreenTest, returnLooksUpAndThenConfirms)
     EXPECT_EQ(m_view.phase(), Phase::ready);
     press(Qt::Key_Return);
     EXPECT_EQ(m_view.phase(), Phase::ready);
-}
 
-TEST_F(DownloaderScreenTest, returnPressesWhatHasTheFocusInTheConfirmation)
-{
+    // In the confirmation, it presses what has the focus.
     lookUp();
     button(u"Not this one"_s)->setFocus();
     press(Qt::Key_Return);
@@ -262,8 +255,7 @@ TEST_F(DownloaderScreenTest, nothingIsCutOffInTheSmallestWindowNorWhyADownloadFa
                 << phase << ' ' << each->metaObject()->className() << ' ' << place.right();
         }
     };
-    m_view.setUrlText(u"ftp://"_s + word);
-    m_view.fetchInfo(false);
+    enter(u"ftp://"_s + word);
     check("input");
     lookUp();
     check("confirming");
@@ -294,9 +286,6 @@ TEST_F(DownloaderScreenTest, aNewLookupTakesAwayWhatWasSaidOfAnotherVideo)
     m_view.start();
     EXPECT_TRUE(reaches(m_view, Phase::ready));
     settle();
-    m_fake.today = QDate(2024, 12, 1);
-    m_fake.toolEnvironment->readVersions();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return texts().contains(u"4 months old"); }, 10'000));
     click(u"View Logs"_s);
     EXPECT_TRUE(m_screen.findChild<LogDialog *>()->isVisible());
     m_fake.onLookup(waitForever);

@@ -92,15 +92,15 @@ TEST_F(FilmStripTest, theLoaderEndsWithAFilmThatCannotBeShown)
             player().setVideoOutput(nullptr);
         FilmStripLoader loader(std::move(made));
         QSignalSpy finished(&loader, &FilmStripLoader::finished);
+        QSignalSpy taken(&loader, &FilmStripLoader::taken);
         loader.start(stream, {5, 1}, {8, 6});
         if (hasOutput) {
             player().becomeReady();
             player().finishSeek();
             player().fail(u"gone"_s);
         }
-        EXPECT_EQ(finished.size(), 1) << hasOutput;
-        QSignalSpy taken(&loader, &FilmStripLoader::taken);
         output().draw(Qt::red);
+        EXPECT_EQ(finished.size(), 1) << hasOutput;
         EXPECT_EQ(taken.size(), 0);
     }
 }

@@ -21,24 +21,29 @@ protected:
     ScreenTest()
     {
         // No picture, so that nothing is fetched from the net.
-        m_fake.onLookup(metadata(
-            QStringLiteral("\"title\":\"Talk\",\"duration\":60.5,\"uploader\":\"Someone\"")));
+        m_fake.onLookup(
+            metadata(u"\"title\":\"Talk\",\"duration\":60.5,\"uploader\":\"Someone\""_s));
         m_screen.resize(840, 900);
         showWindow(m_screen);
     }
     static QString metadata(const QString &fields)
     {
-        return QStringLiteral("echo '[site] abc: Downloading webpage' >&2; echo '{%1,\"formats\":["
-                              "{\"vcodec\":\"vp9\",\"acodec\":\"none\",\"height\":2160},"
-                              "{\"vcodec\":\"avc1\",\"acodec\":\"none\",\"height\":1080}]}'")
-            .arg(fields);
+        return u"echo '[site] abc: Downloading webpage' >&2; echo '{%1,\"formats\":["
+               "{\"vcodec\":\"vp9\",\"acodec\":\"none\",\"height\":2160},"
+               "{\"vcodec\":\"avc1\",\"acodec\":\"none\",\"height\":1080}]}'"_s.arg(fields);
     }
 
-    /// Puts an address in and looks it up, up to a phase.
+    /// Puts an address in and looks it up.
+    void enter(const QString &address)
+    {
+        m_view.setUrlText(address);
+        m_view.fetchInfo(false);
+        settle();
+    }
+    /// The same, up to a phase.
     void lookUp(Phase phase = Phase::confirming)
     {
-        m_view.setUrlText(QStringLiteral("https://site.example/watch?v=1"));
-        m_view.fetchInfo(false);
+        enter(u"https://site.example/watch?v=1"_s);
         EXPECT_TRUE(reaches(m_view, phase));
         settle();
     }
@@ -48,6 +53,10 @@ protected:
         lookUp();
         m_view.confirm();
         settle();
+    }
+    template <typename Condition> static bool waitFor(const Condition &condition)
+    {
+        return QTest::qWaitFor(condition, 10'000);
     }
     /// Lets the screen render what changed, then the layouts that this changed.
     static void settle()
@@ -78,7 +87,7 @@ protected:
     /// Where the focus is.
     static void press(Qt::Key key) { press(QApplication::focusWidget(), key); }
 
-    const QString m_folder = QDir::homePath() + QStringLiteral("/Movies/Clipwren");
+    const QString m_folder = QDir::homePath() + u"/Movies/Clipwren"_s;
     FakeDownloader m_fake;
     DownloaderView m_view{m_fake.context()};
     DownloaderScreen m_screen{m_view, m_fake.desktop, m_folder};

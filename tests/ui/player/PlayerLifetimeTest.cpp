@@ -5,7 +5,7 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-#include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace clipwren {
@@ -36,39 +36,29 @@ struct PlayerLifetimeTest : PlayerTest {
         stage.forgetPictures();
         stream = number;
     }
+    void replacePlayer()
+    {
+        player = playerModule().makePlayer();
+        stage.forgetPictures();
+        stream = 0;
+    }
     void doSomething()
     {
-        switch (random.bounded(12)) {
-        case 0:
-        case 1:
-            return load(numberedVideo(1), 1);
-        case 2:
-            return load(numberedVideo(2), 2);
-        case 3:
-            return load(QUrl(missing.url()), 0);
-        case 4:
-            return load(QUrl(silent.url()), 0);
-        case 5:
-            player = playerModule().makePlayer();
-            stage.forgetPictures();
-            stream = 0;
-            return;
-        case 6:
-            stage.forgetPictures();
-            return stage.show(*player);
-        case 7:
-            return stage.close();
-        case 8:
-            return stage.resize(QSize(16, 9) * (4 + random.bounded(60)));
-        case 9:
-            return player->seek(random.bounded(8.0), {});
-        case 10:
-            player->setEndTime(random.bounded(8.0));
-            return player->play();
-        default:
-            player->setEndTime({});
-            return player->pause();
-        }
+        const std::function<void()> actions[] = {
+            [&] { load(numberedVideo(1), 1); },
+            [&] { load(numberedVideo(1), 1); },
+            [&] { load(numberedVideo(2), 2); },
+            [&] { load(QUrl(missing.url()), 0); },
+            [&] { load(QUrl(silent.url()), 0); },
+            [&] { replacePlayer(); },
+            [&] { stage.forgetPictures(), stage.show(*player); },
+            [&] { stage.close(); },
+            [&] { stage.resize(QSize(16, 9) * (4 + random.bounded(60))); },
+            [&] { player->seek(random.bounded(8.0), {}); },
+            [&] { player->setEndTime(random.bounded(8.0)), player->play(); },
+            [&] { player->setEndTime({}), player->pause(); },
+        };
+        actions[random.bounded(static_cast<int>(std::size(actions)))]();
     }
     void expectNoWrongPicture() const
     {
@@ -87,7 +77,7 @@ TEST_F(PlayerLifetimeTest, survivesEverythingAtEveryMoment)
             QTest::qWait(wait);
         expectNoWrongPicture();
     }
-    player = playerModule().makePlayer();
+    replacePlayer();
     stage.show(*player);
     load(numberedVideo(2), 2);
     EXPECT_TRUE(stage.waitFor({2, 0})) << "seed " << seed;

@@ -45,13 +45,20 @@ TEST_F(PlayerModuleTest, saysWhyAStreamCannotBePlayed)
     const WebServer broken(response("503 Service Unavailable"));
     const WebServer page(response("200 OK", "<html><body>Sign in first</body></html>"));
     const WebServer silent;
+    const WebServer stalling([](const QByteArray &, QTcpSocket &socket) {
+        QFile file(numberedVideo(1).toLocalFile());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        socket.write("HTTP/1.1 200 OK\r\nContent-Length: 5000000\r\n\r\n" + file.read(200));
+    });
     const QString closed = WebServer().url();
+    const QString tooLong = u"The video's server took too long to answer."_s;
     const QString noVideo = u"This is not a video."_s;
     const std::pair<QUrl, QString> cases[] = {
         {QUrl(missing.url()), u"The server has no video at this address (404)."_s},
         {QUrl(forbidden.url()), u"The server does not allow access to this video (403)."_s},
         {QUrl(broken.url()), u"The server has a fault and cannot send the video."_s},
-        {QUrl(silent.url()), u"The video's server took too long to answer."_s},
+        {QUrl(silent.url()), tooLong},
+        {QUrl(stalling.url()), tooLong},
         {QUrl(page.url()), noVideo},
         {QUrl(closed), u"Cannot connect to the video's server."_s},
         {file(u"notes.mp4"_s, "no video at all"), noVideo},
@@ -77,7 +84,7 @@ TEST_F(PlayerModuleTest, saysWhyAStreamCannotBePlayed)
 TEST_F(PlayerModuleTest, streamsOfTheNetworkConsistOfManyFilesFromTheNetworkOnly)
 {
     const WebServer site([](const QByteArray &path, QTcpSocket &socket) {
-        QFile file(QStringLiteral(CLIPWREN_TEST_MEDIA) + QString::fromUtf8(path));
+        QFile file(QString::fromUtf8(CLIPWREN_TEST_MEDIA) + QString::fromUtf8(path));
         EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
         socket.write(response("200 OK", file.readAll()));
         socket.disconnectFromHost();
@@ -98,31 +105,14 @@ TEST_F(PlayerModuleTest, streamsOfTheNetworkConsistOfManyFilesFromTheNetworkOnly
     EXPECT_EQ(site.requestCount(), requests) << "a file on the disk opened something else";
 }
 
-TEST_F(PlayerModuleTest, aServerThatStallsFailsTheLoadInTime)
-{
-    const WebServer stalling([](const QByteArray &, QTcpSocket &socket) {
-        QFile file(numberedVideo(1).toLocalFile());
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        socket.write("HTTP/1.1 200 OK\r\nContent-Length: 5000000\r\n\r\n" + file.read(200));
-    });
-    PlayerModule module(PlayerModule::defaultFolders(), std::chrono::milliseconds(300));
-    const auto player = module.makePlayer();
-    QElapsedTimer time;
-    time.start();
-    EXPECT_EQ(failureOf(*player, QUrl(stalling.url())),
-              u"The video's server took too long to answer."_s);
-    EXPECT_LT(time.elapsed(), 2'000);
-}
-
 TEST_F(PlayerModuleTest, readsOnlySomeSecondsAhead)
 {
     // Five minutes of silence, 58 MB.
     constexpr quint32 bytesPerSecond = 48'000 * 2 * 2;
     constexpr quint32 size = bytesPerSecond * 300;
-    QByteArray sound;
-    QDataStream wav(&sound, QIODevice::WriteOnly);
+    QByteArray sound("RIFF");
+    QDataStream wav(&sound, QIODevice::Append);
     wav.setByteOrder(QDataStream::LittleEndian);
-    wav.writeRawData("RIFF", 4);
     wav << quint32(36 + size);
     wav.writeRawData("WAVEfmt ", 8);
     wav << quint32(16) << quint16(1) << quint16(2) << quint32(48'000) << bytesPerSecond
@@ -151,7 +141,7 @@ TEST_F(PlayerModuleTest, readsOnlySomeSecondsAhead)
 
 TEST_F(PlayerModuleTest, soundAloneStartsAtZeroWithoutAPictureOfAnotherFile)
 {
-    ASSERT_TRUE(QFile::copy(QStringLiteral(CLIPWREN_TEST_MEDIA "/sound.mp3"),
+    ASSERT_TRUE(QFile::copy(QString::fromUtf8(CLIPWREN_TEST_MEDIA "/sound.mp3"),
                             folder.filePath(u"sound.mp3"_s)));
     QImage cover(64, 36, QImage::Format_RGB32);
     cover.fill(Qt::red);
@@ -186,15 +176,6 @@ TEST_F(PlayerModuleTest, saysWhatIsWrongWithTheModuleItself)
     file(u"clipwren_player.so"_s, "no library");
     PlayerModule broken({folder.path()});
     EXPECT_TRUE(failureOf(*broken.makePlayer(), numberedVideo(1)).contains(u"cannot be used"));
-}
-
-TEST_F(PlayerModuleTest, worksAfterAWarmUp)
-{
-    PlayerModule module;
-    module.warmUp();
-    const auto player = module.makePlayer();
-    player->load(numberedVideo(1));
-    EXPECT_TRUE(waitUntil([&] { return player->status() == MediaPlayer::Status::Ready; }));
 }
 
 } // namespace

@@ -82,24 +82,33 @@ TEST_F(PlayerPaneTest, obeysKeys)
     player->seek(50, {});
     player->finishSeek();
     log.clear();
-    for (const auto &[key, told] : {std::pair(Qt::Key_Space, "play"),
-                                    {Qt::Key_Space, "pause"},
-                                    {Qt::Key_Left, "seek 45"},
-                                    {Qt::Key_Right, "seek 50"}}) {
-        QTest::keyClick(pane, key);
+    const auto tells = [this](QWidget &focus, Qt::Key key, const char *told) {
+        QTest::keyClick(&focus, key);
         EXPECT_EQ(log, QStringList(QLatin1String(told)));
         log.clear();
         player->finishSeek();
-    }
+    };
+    tells(*pane, Qt::Key_Space, "play");
+    tells(*pane, Qt::Key_Space, "pause");
+    tells(*pane, Qt::Key_Left, "seek 45");
+    tells(*pane, Qt::Key_Right, "seek 50");
+    auto &play = part<Button>("Play");
+    play.setFocus(Qt::TabFocusReason);
+    tells(play, Qt::Key_Right, "seek 55"); // buttons leave the arrow keys to the video
+    tells(play, Qt::Key_Space, "play");
+    EXPECT_TRUE(play.hasFocus());
+    EXPECT_EQ(play.accessibleName(), u"Pause"_s);
+    tells(position(), Qt::Key_PageUp, "seek 85");
+    tells(position(), Qt::Key_Home, "seek 0");
+
     QTest::keyClick(pane, Qt::Key_Down);
     EXPECT_EQ(player->volume(), 0.95);
     QTest::keyClick(pane, Qt::Key_M);
     EXPECT_TRUE(player->isMuted());
-    QTest::keyClick(pane, Qt::Key_Up);
+    QTest::keyClick(&part<ThinSlider>("Volume"), Qt::Key_Up);
     EXPECT_FALSE(player->isMuted());
     EXPECT_EQ(player->volume(), 1);
-
-    // Not those of somebody else's shortcuts.
+    // A shortcut of the window.
     QTest::keyClick(pane, Qt::Key_M, Qt::ControlModifier);
     EXPECT_FALSE(player->isMuted());
 }
@@ -119,96 +128,65 @@ TEST_F(PlayerPaneTest, asksForFullScreenOnlyWhereThereIsSuch)
     }
 }
 
-TEST_F(PlayerPaneTest, buttonsLeaveTheArrowKeysToTheVideo)
-{
-    auto &play = part<Button>("Play");
-    play.setFocus(Qt::TabFocusReason);
-    QTest::keyClick(&play, Qt::Key_Right);
-    EXPECT_EQ(log, QStringList(u"seek 5"_s));
-    QTest::keyClick(&play, Qt::Key_Space);
-    EXPECT_EQ(log.last(), u"play"_s);
-    EXPECT_TRUE(play.hasFocus());
-    EXPECT_EQ(play.accessibleName(), u"Pause"_s);
-}
-
-TEST_F(PlayerPaneTest, controlsGoWhileItPlaysAndThePointerRests)
+TEST_F(PlayerPaneTest, controlsHideWhileItPlaysAndNobodyUsesThem)
 {
     for (const FullScreen fullScreen : {FullScreen::CanEnter, FullScreen::CanLeave}) {
         makePane(fullScreen);
-        EXPECT_FALSE(controls().isHidden());
         player->play();
         EXPECT_FALSE(controls().isHidden());
         ASSERT_TRUE(controlsVanish());
         // In full screen, the pointer goes with them.
         EXPECT_EQ(pane->cursor().shape() == Qt::BlankCursor, fullScreen == FullScreen::CanLeave);
-
         QTest::mouseMove(pane, {300, 40});
         QTest::mouseMove(pane, {310, 50});
         EXPECT_TRUE(waitUntil([&] { return !controls().isHidden(); }));
         ASSERT_TRUE(controlsVanish());
-
         QTest::keyClick(pane, Qt::Key_Right);
         EXPECT_FALSE(controls().isHidden());
         ASSERT_TRUE(controlsVanish());
-
         player->pause();
         EXPECT_FALSE(controls().isHidden());
         EXPECT_NE(pane->cursor().shape(), Qt::BlankCursor);
     }
-    QTest::qWait(50);
-    EXPECT_FALSE(controls().isHidden());
-}
-
-TEST_F(PlayerPaneTest, controlsStayWhileTheyHaveTheFocusOrAreDragged)
-{
     player->play();
     part<Button>("Pause").setFocus(Qt::TabFocusReason);
     QTest::qWait(50);
-    EXPECT_FALSE(controls().isHidden());
+    EXPECT_FALSE(controls().isHidden()) << "with the focus inside";
     pane->setFocus(Qt::TabFocusReason);
     ASSERT_TRUE(controlsVanish());
-
     player->pause();
     QTest::mousePress(&position(), Qt::LeftButton, {}, at(0.5));
     player->play();
     QTest::qWait(50);
-    EXPECT_FALSE(controls().isHidden());
+    EXPECT_FALSE(controls().isHidden()) << "while the position is dragged";
 }
 
-TEST_F(PlayerPaneTest, thePictureFollowsADragAndThenGoesOn)
+TEST_F(PlayerPaneTest, aDragSeeksAndThenPlaysOnWhatWasPlaying)
 {
+    QTest::mouseClick(&position(), Qt::LeftButton, {}, at(0.25));
+    EXPECT_FALSE(player->isPlaying()) << "it was paused";
+    player->finishSeek();
+
     player->setEndTime(60);
     player->play();
-    log.clear();
     QTest::mousePress(&position(), Qt::LeftButton, {}, at(0.25));
     EXPECT_FALSE(player->isPlaying());
     EXPECT_NEAR(player->positionSeconds(), 25, 0.5);
     // Else it would stop there when it goes on beyond.
     EXPECT_EQ(player->endTime(), std::nullopt);
-    QTest::mouseMove(&position(), at(0.5));
     QTest::mouseMove(&position(), at(0.75));
     player->finishSeek();
     EXPECT_NEAR(player->positionSeconds(), 75, 0.5);
     EXPECT_TRUE(part<Button>("Pause").isVisible());
     QTest::mouseRelease(&position(), Qt::LeftButton, {}, at(0.75));
     EXPECT_TRUE(player->isPlaying());
-}
 
-TEST_F(PlayerPaneTest, aDragDoesNotStartWhatWasPausedNorWhatIsAtItsEnd)
-{
     QTest::mousePress(&position(), Qt::LeftButton, {}, at(0.25));
-    QTest::mouseRelease(&position(), Qt::LeftButton, {}, at(0.25));
-    EXPECT_FALSE(player->isPlaying());
-    player->finishSeek();
-
-    player->play();
-    QTest::mousePress(&position(), Qt::LeftButton, {}, at(0.25));
-    player->finishSeek();
     QTest::mouseMove(&position(), {position().width() + 50, 0});
     player->finishSeek();
     EXPECT_EQ(player->positionSeconds(), 100);
     QTest::mouseRelease(&position(), Qt::LeftButton, {}, at(1));
-    EXPECT_FALSE(player->isPlaying());
+    EXPECT_FALSE(player->isPlaying()) << "at its end, it would start again";
 }
 
 TEST_F(PlayerPaneTest, forgetsAPlayerThatGoesWhileItIsDragged)
@@ -220,7 +198,6 @@ TEST_F(PlayerPaneTest, forgetsAPlayerThatGoesWhileItIsDragged)
     EXPECT_EQ(pane->player(), nullptr);
     QTest::mouseRelease(&position(), Qt::LeftButton, {}, at(0.5));
     QTest::keyClick(pane, Qt::Key_Space);
-
     ScriptedPlayer other(log);
     other.load(numberedVideo(2));
     pane->setPlayer(&other);
@@ -242,29 +219,24 @@ TEST_F(PlayerPaneTest, narrowPanesLeavePartsOut)
         EXPECT_EQ(part<Button>("Mute").isVisible(), mute);
         EXPECT_TRUE(part<Button>("Play").isVisible());
         EXPECT_TRUE(part<Button>("Full Screen").isVisible());
-        // What is left has the room it needs.
         EXPECT_LE(controls().layout()->minimumSize().width(), controls().width());
     }
 }
 
-TEST_F(PlayerPaneTest, countsToTheEndWhenItsTimeIsClicked)
+TEST_F(PlayerPaneTest, tellsTheTimeAlsoToAssistiveTools)
 {
-    QAbstractButton &end = endTime();
     player->seek(9.6, {});
+    player->finishSeek();
     for (const QString &time : {u"1:40"_s, u"−1:30"_s, u"1:40"_s}) {
-        EXPECT_EQ(end.text(), time);
-        QTest::mouseClick(&end, Qt::LeftButton);
+        EXPECT_EQ(endTime().text(), time);
+        QTest::mouseClick(&endTime(), Qt::LeftButton);
     }
-}
-
-TEST_F(PlayerPaneTest, assistiveToolsReadAndSetThePosition)
-{
     player->seek(65, {});
     player->finishSeek();
     QAccessibleInterface *const slider = QAccessible::queryAccessibleInterface(&position());
-    ASSERT_NE(slider, nullptr);
     EXPECT_EQ(slider->role(), QAccessible::Slider);
     EXPECT_EQ(slider->text(QAccessible::Value), u"1:05"_s);
+    EXPECT_EQ(slider->valueInterface()->currentValue().toDouble(), 65);
     slider->valueInterface()->setCurrentValue(300.0);
     EXPECT_EQ(log.last(), u"seek 100"_s);
 }
@@ -276,7 +248,6 @@ TEST_F(PlayerPaneTest, saysWhyAStreamCannotBePlayed)
     EXPECT_TRUE(shows(*pane, sentence));
     QTest::mouseMove(pane, {300, 40});
     EXPECT_TRUE(controls().isHidden());
-
     player->load(numberedVideo(1));
     EXPECT_FALSE(shows(*pane, sentence));
     EXPECT_FALSE(controls().isHidden());

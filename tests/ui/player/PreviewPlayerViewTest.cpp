@@ -1,7 +1,6 @@
-#include "ui/downloader/PreviewPane.h"
-
 #include "PlayerStage.h"
 #include "support/ScriptedPlayer.h"
+#include "ui/downloader/PreviewPane.h"
 #include "ui/player/PlayerPane.h"
 #include "workflow/preview/PreviewPlayerController.h"
 
@@ -23,28 +22,28 @@ struct PreviewPlayerViewTest : PlayerTest {
     PreviewPlayerView *view = new PreviewPlayerView(controller, &window);
 
     PreviewPlayerViewTest() { window.show(); }
+    ScriptedPlayer &player() { return static_cast<ScriptedPlayer &>(*controller.player()); }
     MediaPlayer *shown() const { return view->findChild<PlayerPane *>()->player(); }
     void play()
     {
         controller.load(numberedVideo(1));
-        static_cast<ScriptedPlayer *>(controller.player())->becomeReady();
+        player().becomeReady();
         controller.player()->play();
     }
 };
 
-TEST_F(PreviewPlayerViewTest, showsThePlayerOfTheMoment)
+TEST_F(PreviewPlayerViewTest, showsTheControllersPlayer)
 {
-    EXPECT_EQ(shown(), nullptr);
-    controller.load(numberedVideo(1));
-    ASSERT_NE(controller.player(), nullptr);
-    EXPECT_EQ(shown(), controller.player());
-    controller.load(numberedVideo(2));
-    EXPECT_EQ(shown(), controller.player());
-    static_cast<ScriptedPlayer *>(controller.player())->fail({});
+    for (const int stream : {1, 2}) {
+        controller.load(numberedVideo(stream));
+        EXPECT_NE(shown(), nullptr);
+        EXPECT_EQ(shown(), controller.player());
+    }
+    player().fail({});
     EXPECT_EQ(shown(), nullptr);
 }
 
-TEST_F(PreviewPlayerViewTest, hiddenItPausesAndLetsGo)
+TEST_F(PreviewPlayerViewTest, pausesAndDetachesWhenItIsHiddenOrDestroyed)
 {
     play();
     view->hide();
@@ -56,18 +55,12 @@ TEST_F(PreviewPlayerViewTest, hiddenItPausesAndLetsGo)
     view->show();
     EXPECT_EQ(shown(), controller.player());
     EXPECT_TRUE(controller.isPlaying());
-    window.hide();
-    EXPECT_FALSE(controller.isPlaying());
-
-    window.show();
     controller.playRange(1, 2);
     window.hide();
-    static_cast<ScriptedPlayer *>(controller.player())->finishSeek();
+    player().finishSeek();
     EXPECT_FALSE(controller.isPlaying()) << "nobody could stop it";
-}
 
-TEST_F(PreviewPlayerViewTest, pausesWhenItIsDestroyed)
-{
+    window.show();
     play();
     delete view;
     EXPECT_FALSE(controller.isPlaying());
@@ -77,7 +70,7 @@ TEST_F(PreviewPlayerViewTest, pausesWhenItIsDestroyed)
 TEST_F(PreviewPlayerViewTest, outlivesTheControllersPlayers)
 {
     play();
-    const QPointer<MediaPlayer> player = controller.player();
+    const QPointer<MediaPlayer> first = controller.player();
     view->hide();
     view->deleteLater();
     // While the first view still waits for its end, the next shows the next stream.
@@ -85,7 +78,7 @@ TEST_F(PreviewPlayerViewTest, outlivesTheControllersPlayers)
     next->show();
     play();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(player.isNull());
+    EXPECT_TRUE(first.isNull());
     EXPECT_TRUE(controller.isPlaying());
     EXPECT_EQ(next->findChild<PlayerPane *>()->player(), controller.player());
 }
@@ -93,16 +86,15 @@ TEST_F(PreviewPlayerViewTest, outlivesTheControllersPlayers)
 TEST_F(PreviewPlayerViewTest, aJumpEndsARangeThatIsAboutToPlay)
 {
     controller.load(numberedVideo(1));
-    auto &player = static_cast<ScriptedPlayer &>(*controller.player());
-    player.becomeReady();
+    player().becomeReady();
     controller.playRange(1, 2);
     view->findChild<PlayerPane *>()->setFocus();
     QTest::keyClick(view->findChild<PlayerPane *>(), Qt::Key_Right);
     // The first jump gives way to the second.
-    player.finishSeek(false);
-    player.finishSeek();
-    EXPECT_FALSE(player.isPlaying());
-    EXPECT_EQ(player.endTime(), std::nullopt);
+    player().finishSeek(false);
+    player().finishSeek();
+    EXPECT_FALSE(player().isPlaying());
+    EXPECT_EQ(player().endTime(), std::nullopt);
 }
 
 } // namespace
