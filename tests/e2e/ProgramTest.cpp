@@ -1,12 +1,12 @@
 #include "e2e/ProgramTest.h"
 
+#include "support/Files.h"
+
 #include <QDir>
-#include <QFile>
 #include <QTest>
 
 #include <array>
 #include <csignal>
-#include <stdexcept>
 
 namespace clipwren::test {
 
@@ -20,11 +20,9 @@ constexpr std::array activationVariables{"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTU
 
 ProgramTest::ProgramTest() : m_home(QDir(m_folder.path()).canonicalPath())
 {
-    QFile folders(m_home + u"/config/user-dirs.dirs"_s);
-    if (!m_folder.isValid() || !QDir(m_home).mkpath(u"config"_s)
-        || !QDir(m_home).mkpath(u"Vidéos"_s) || !folders.open(QIODevice::WriteOnly))
-        throw std::runtime_error("no temporary home");
-    folders.write("XDG_VIDEOS_DIR=\"$HOME/Vidéos\"\n");
+    QDir(m_home).mkpath(u"config"_s);
+    QDir(m_home).mkpath(u"Vidéos"_s);
+    writeFile(m_home + u"/config/user-dirs.dirs"_s, "XDG_VIDEOS_DIR=\"$HOME/Vidéos\"\n");
 }
 
 ProgramTest::Outcome ProgramTest::run(const QStringList &arguments,
@@ -63,19 +61,17 @@ QStringList ProgramTest::processes() const
 {
     QStringList result;
     for (const QString &name : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
-        QFile file(u"/proc/%1/cmdline"_s.arg(name));
-        if (!name[0].isDigit() || !file.open(QIODevice::ReadOnly))
-            continue;
-        const QString commandLine = QString::fromUtf8(file.readAll().replace('\0', ' '));
-        if (!commandLine.contains(m_home))
+        const QString folder = u"/proc/"_s + name;
+        const QString commandLine =
+            QString::fromUtf8(readFile(folder + u"/cmdline"_s).replace('\0', ' '));
+        if (!name[0].isDigit() || !commandLine.contains(m_home))
             continue;
         result.append(commandLine);
-        QFile environment(u"/proc/%1/environ"_s.arg(name));
-        const bool isTool = !commandLine.startsWith(QStringLiteral(CLIPWREN_PROGRAM));
-        if (isTool && environment.open(QIODevice::ReadOnly)) {
-            const QByteArray variables = environment.readAll();
-            for (const char *variable : activationVariables)
-                EXPECT_FALSE(variables.contains(variable)) << commandLine.toStdString();
+        if (commandLine.startsWith(QStringLiteral(CLIPWREN_PROGRAM)))
+            continue;
+        for (const char *variable : activationVariables) {
+            EXPECT_FALSE(readFile(folder + u"/environ"_s).contains(variable))
+                << commandLine.toStdString();
         }
     }
     return result;

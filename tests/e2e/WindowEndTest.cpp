@@ -1,10 +1,10 @@
 #include "core/media/OutputFile.h"
 #include "e2e/ProgramTest.h"
+#include "support/Files.h"
 #include "support/SampleSite.h"
 #include "workflow/download/VideoLock.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTest>
 
 #include <csignal>
@@ -49,10 +49,9 @@ protected:
         m_server.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s});
         EXPECT_TRUE(m_server.waitForReadyRead(20'000));
         setDisplay(u':' + QString::fromLatin1(m_server.readAllStandardOutput().trimmed()));
-        QFile settings(home() + u"/config/Clipwren/clipwren.conf"_s);
-        EXPECT_TRUE(QDir(home()).mkpath(u"config/Clipwren"_s)
-                    && settings.open(QIODevice::WriteOnly));
-        settings.write("[General]\noutputFormat=proRes422\n");
+        EXPECT_TRUE(QDir(home()).mkpath(u"config/Clipwren"_s));
+        writeFile(home() + u"/config/Clipwren/clipwren.conf"_s,
+                  "[General]\noutputFormat=proRes422\n");
     }
     ~WindowEndTest() override { endServer(); }
 

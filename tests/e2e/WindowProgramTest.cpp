@@ -19,7 +19,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using testing::HasSubstr;
-using testing::UnorderedElementsAre;
 
 /// The program with its window, on no screen, beside others of its kind.
 class WindowProgramTest : public ProgramTest {
@@ -82,12 +81,20 @@ protected:
         return exitStatus(process);
     }
 
+    void openAndClose()
+    {
+        const Process window = open();
+        EXPECT_TRUE(answers());
+        EXPECT_EQ(closed(window), 0);
+    }
+
     QString dataFolder() const { return home() + u"/data"_s; }
     QString runtimeFolder() const { return home() + u"/runtime"_s; }
     QString libraryFolder() const { return dataFolder() + u"/Clipwren"_s; }
-    QStringList libraryFiles() const
+    void expectListsOnly() const
     {
-        return QDir(libraryFolder()).entryList(QDir::Files | QDir::System | QDir::Hidden);
+        EXPECT_EQ(QDir(libraryFolder()).entryList(QDir::Files | QDir::System | QDir::Hidden),
+                  (QStringList{u"downloads.json"_s, u"history.json"_s, u"lock"_s}));
     }
     qsizetype recordCount() const { return DownloadStore(libraryFolder()).records().size(); }
 
@@ -110,8 +117,7 @@ TEST_F(WindowProgramTest, takesASaveIntoItsOwnLibraryWhateverTheEnvironment)
     EXPECT_FALSE(QFile::exists(otherData + u"/Clipwren/downloads.json"_s));
     EXPECT_EQ(closed(window), 0);
     EXPECT_EQ(closed(otherWindow), 0);
-    EXPECT_THAT(libraryFiles(),
-                UnorderedElementsAre(u"downloads.json"_s, u"history.json"_s, u"lock"_s));
+    expectListsOnly();
 }
 
 TEST_F(WindowProgramTest, saysWhenTheListCannotBeWritten)
@@ -134,10 +140,8 @@ TEST_F(WindowProgramTest, saysWhenTheListCannotBeWritten)
     expectSentence("The next start of Clipwren tries again.");
 
     QDir().rmdir(libraryFolder() + u"/downloads.json"_s);
-    const Process window = open();
-    ASSERT_TRUE(answers());
+    openAndClose();
     EXPECT_EQ(recordCount(), 1);
-    EXPECT_EQ(closed(window), 0);
 }
 
 TEST_F(WindowProgramTest, opensOnceHoweverOftenItIsStarted)
@@ -172,16 +176,6 @@ TEST_F(WindowProgramTest, opensOnceHoweverOftenItIsStarted)
     EXPECT_EQ(closed(next), 0);
 }
 
-TEST_F(WindowProgramTest, waitsForALibraryThatIsLockedForAMoment)
-{
-    std::optional<LibraryLock> lock(libraryFolder());
-    const Process window = open();
-    QTest::qWait(500);
-    lock.reset();
-    EXPECT_TRUE(answers());
-    EXPECT_EQ(closed(window), 0);
-}
-
 TEST_F(WindowProgramTest, anInterruptKeepsARecordThatNobodyTakesForTheNextStart)
 {
     std::optional<LibraryLock> silent(libraryFolder());
@@ -193,10 +187,8 @@ TEST_F(WindowProgramTest, anInterruptKeepsARecordThatNobodyTakesForTheNextStart)
     EXPECT_TRUE(saving->readAllStandardOutput().endsWith(".mp4\n"));
     EXPECT_EQ(recordCount(), 0);
     silent.reset();
-    const Process window = open();
-    ASSERT_TRUE(answers());
+    openAndClose();
     EXPECT_EQ(recordCount(), 1);
-    EXPECT_EQ(closed(window), 0);
 }
 
 TEST_F(WindowProgramTest, aKillAtAnyMomentLosesNoRecordAndPilesUpNothing)
@@ -223,11 +215,8 @@ TEST_F(WindowProgramTest, aKillAtAnyMomentLosesNoRecordAndPilesUpNothing)
         // What a killed save leaves running ends by itself.
         EXPECT_TRUE(QTest::qWaitFor([&] { return processes().isEmpty(); }, 30'000));
     }
-    const Process window = open();
-    ASSERT_TRUE(answers());
-    EXPECT_EQ(closed(window), 0);
-    EXPECT_THAT(libraryFiles(),
-                UnorderedElementsAre(u"downloads.json"_s, u"history.json"_s, u"lock"_s));
+    openAndClose();
+    expectListsOnly();
 }
 
 } // namespace

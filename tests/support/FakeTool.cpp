@@ -1,21 +1,10 @@
 #include "support/FakeTool.h"
 
-#include <QFile>
-
-#include <stdexcept>
+#include "support/Files.h"
 
 namespace clipwren::test {
-namespace {
 
 using namespace Qt::StringLiterals;
-
-QString readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-} // namespace
 
 FakeTools::FakeTools()
 {
@@ -30,10 +19,7 @@ QString FakeTools::path(const QString &name) const
 
 void FakeTools::write(const QString &name, const QString &content) const
 {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly))
-        throw std::runtime_error("cannot write " + name.toStdString());
-    file.write(content.toUtf8());
+    writeFile(path(name), content.toUtf8());
 }
 
 QString FakeTools::add(const QString &name, const QString &body) const
@@ -49,14 +35,14 @@ QString FakeTools::add(const QString &name, const QString &body) const
 
 QStringList FakeTools::arguments(const QString &name) const
 {
-    QStringList lines = readFile(path(name) + u".args"_s).split(u'\n');
+    QStringList lines = QString::fromUtf8(readFile(path(name + u".args"_s))).split(u'\n');
     lines.removeLast();
     return lines;
 }
 
 int FakeTools::runCount(const QString &name) const
 {
-    return static_cast<int>(readFile(path(name) + u".runs"_s).count(u'\n'));
+    return static_cast<int>(readFile(path(name + u".runs"_s)).count('\n'));
 }
 
 } // namespace clipwren::test

@@ -1,9 +1,9 @@
 #include "support/LeakCheck.h"
 
 #include "core/tasks/BackgroundTask.h"
+#include "support/Files.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <chrono>
 #include <thread>
@@ -31,12 +31,9 @@ int childCount()
     int count = 0;
     const QByteArray self = QByteArray::number(getpid());
     for (const QString &name : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
-        QFile file(u"/proc/%1/stat"_s.arg(name));
-        if (!name[0].isDigit() || !file.open(QIODevice::ReadOnly))
-            continue;
-        const QByteArray line = file.readAll();
-        const auto fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
-        if (fields.size() > 1 && fields[1] == self)
+        const QByteArray line = readFile(u"/proc/%1/stat"_s.arg(name));
+        // The state and the parent stand behind the name.
+        if (line.mid(line.lastIndexOf(')') + 2).split(' ').value(1) == self)
             ++count;
     }
     return count;

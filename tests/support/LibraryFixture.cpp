@@ -2,26 +2,9 @@
 
 #include "core/library/Timestamp.h"
 
-#include <QFile>
-
-#include <stdexcept>
-
 namespace clipwren::test {
 
 using namespace Qt::StringLiterals;
-
-void LibraryFixture::writeFile(const QString &name, const QByteArray &content) const
-{
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        throw std::runtime_error("cannot write " + name.toStdString());
-}
-
-QByteArray LibraryFixture::readFile(const QString &name) const
-{
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 DownloadRecord fullRecord(const QString &title)
 {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/library/DownloadRecord.h"
+#include "support/Files.h"
 
-#include <QByteArray>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -14,9 +14,11 @@ class LibraryFixture : public testing::Test {
 protected:
     QString folder() const { return m_directory.path(); }
     QString path(const QString &name) const { return m_directory.filePath(name); }
-    void writeFile(const QString &name, const QByteArray &content) const;
-    /// What the file holds; a null array when there is none.
-    QByteArray readFile(const QString &name) const;
+    void writeFile(const QString &name, const QByteArray &content) const
+    {
+        test::writeFile(path(name), content);
+    }
+    QByteArray readFile(const QString &name) const { return test::readFile(path(name)); }
 
 private:
     QTemporaryDir m_directory;

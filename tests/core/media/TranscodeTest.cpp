@@ -2,6 +2,7 @@
 #include "core/media/OutputFile.h"
 #include "core/process/ProcessRunner.h"
 #include "support/FakeTool.h"
+#include "support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -45,11 +46,7 @@ protected:
     {
         m_tools.write(u"clips/"_s + name, content);
     }
-    QByteArray read(const QString &name) const
-    {
-        QFile file(clip(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray read(const QString &name) const { return test::readFile(clip(name)); }
     QStringList clips() const
     {
         return QDir(clip(QString()))

@@ -191,10 +191,7 @@ TEST_F(ConversionTest, givesEachClipAFileOfItsOwn)
     EXPECT_EQ(second.run({}, {}).filePath, longest + u" — 2.mp4"_s);
 
     fake.store.clear();
-    QFile half(path(u"Talk [id1] — trimmed.mp4"_s));
-    ASSERT_TRUE(half.open(QIODevice::WriteOnly));
-    half.write("half\n");
-    half.close();
+    writeFile(path(u"Talk [id1] — trimmed.mp4"_s), "half\n");
     EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{1, 2}), u"— trimmed.mp4"_s);
 }
 

@@ -198,44 +198,56 @@ TEST_F(DownloadPipelineTest, savesAVideoOneAfterTheOther)
     EXPECT_FALSE(isLocked());
 }
 
-TEST_F(DownloadPipelineTest, keepsTheDownloadWhenProcessingFails)
-{
-    fake.onConvert(u"echo partly > \"$output\"; echo 'No space left on device' >&2;"
-                   " echo 'Conversion failed!' >&2; exit 1"_s);
-    makeReady();
-    view->setTrimEnabled(true);
-    EXPECT_EQ(failure(), u"Process failed (exit 1): No space left on device"_s);
-    EXPECT_EQ(view->errorLog()->tool, u"ffmpeg"_s);
-    EXPECT_EQ(view->errorLog()->text, u"No space left on device\nConversion failed!\n"_s);
-    EXPECT_EQ(files(), QStringList{u"Talk [id1].mp4"_s});
-    EXPECT_TRUE(fake.store.records().isEmpty());
-}
-
 TEST_F(DownloadPipelineTest, keepsALogOfEveryFailure)
 {
-    const std::tuple<QString, QString, QString, QString> cases[] = {
+    const QString whole = FakeDownloader::defaultDownload();
+    // What the downloader and ffprobe do, what is said, whose log is shown, and what is left.
+    const std::tuple<QString, QString, QString, QString, QString, QStringList> cases[] = {
         {u"echo '[debug] a' >&2; echo 'ERROR: gone' >&2; exit 1"_s,
-         u"Process failed (exit 1): ERROR: gone"_s, u"yt-dlp"_s, u"[debug] a\nERROR: gone\n"_s},
-        {u"echo nothing done"_s, u"yt-dlp finished without reporting an output path"_s, u"yt-dlp"_s,
-         u"nothing done\n"_s},
+         {},
+         u"Process failed (exit 1): ERROR: gone"_s,
+         u"yt-dlp"_s,
+         u"[debug] a\nERROR: gone\n"_s,
+         {}},
+        {u"echo nothing done"_s,
+         {},
+         u"yt-dlp finished without reporting an output path"_s,
+         u"yt-dlp"_s,
+         u"nothing done\n"_s,
+         {}},
+        {whole,
+         {},
+         u"Process failed (exit 1): No space left on device"_s,
+         u"ffmpeg"_s,
+         u"No space left on device\nConversion failed!\n"_s,
+         {u"Talk [id1].mp4"_s}},
+        {whole,
+         u"echo 'moov atom not found' >&2; exit 1"_s,
+         u"The downloaded file does not play"_s,
+         u"ffprobe"_s,
+         u"moov atom not found\n"_s,
+         {u"Talk [id1].mp4"_s}},
     };
-    for (const auto &[script, message, tool, log] : cases) {
+    fake.onConvert(u"echo partly > \"$output\"; echo 'No space left on device' >&2;"
+                   " echo 'Conversion failed!' >&2; exit 1"_s);
+    for (const auto &[script, probe, message, tool, log, left] : cases) {
+        SCOPED_TRACE(message.toStdString());
+        startOver();
         fake.onDownload(script);
+        if (!probe.isEmpty())
+            fake.tools.add(u"ffprobe"_s, probe);
         makeReady();
-        EXPECT_EQ(failure(), message);
+        view->setTrimEnabled(true);
+        EXPECT_TRUE(failure().startsWith(message));
         view->showErrorLog();
         EXPECT_EQ(view->shownLog().tool, tool);
         EXPECT_EQ(view->shownLog().text, log);
+        EXPECT_TRUE(fake.store.records().isEmpty());
+        EXPECT_EQ(files(), left);
     }
-    fake.onDownload(FakeDownloader::defaultDownload());
-    fake.tools.add(u"ffprobe"_s, u"echo 'moov atom not found' >&2; exit 1"_s);
-    EXPECT_TRUE(failure().startsWith(u"The downloaded file does not play"));
-    EXPECT_EQ(view->errorLog()->text, u"moov atom not found\n"_s);
-    EXPECT_TRUE(fake.store.records().isEmpty());
     // No tool was at work.
-    QDir(fake.downloadFolder()).removeRecursively();
-    QFile folder(fake.downloadFolder());
-    ASSERT_TRUE(folder.open(QIODevice::WriteOnly));
+    startOver();
+    writeFile(fake.downloadFolder(), {});
     EXPECT_TRUE(failure().endsWith(u"Not a directory"));
     EXPECT_EQ(view->errorLog()->tool, QString());
     EXPECT_EQ(view->errorLog()->text, view->errorMessage());
@@ -283,42 +295,36 @@ TEST_F(DownloadPipelineTest, takesOnlyAWholeFileForTheDownload)
 {
     const QString mp4 = u"mov,mp4,m4a"_s;
     const QString none = u"null"_s;
-    // The format, what the look-up says of the length, whether a record names the file that is
-    // there, its container and length, and the file that is saved.
-    const std::tuple<QString, QString, bool, QString, double, QString> cases[] = {
-        {u"audioMP3"_s, u"60"_s, false, u"mp3"_s, 60.5, u"Talk [id1].mp3"_s},
-        {u"audioMP3"_s, u"60"_s, false, u"mp3"_s, 7.5, u"Talk 2 [id1].mp3"_s},
-        {u"audioMP3"_s, u"60"_s, true, u"mp3"_s, 7.5, u"Talk [id1].mp3"_s},
-        {u"audioMP3"_s, none, false, u"mp3"_s, 60, u"Talk 2 [id1].mp3"_s},
-        {u"audioMP3"_s, none, true, u"mp3"_s, 60, u"Talk [id1].mp3"_s},
-        {u"bestResolution"_s, u"60"_s, false, mp4, 61, u"Talk [id1].mp4"_s},
-        {u"bestResolution"_s, u"60"_s, true, u"mpegts"_s, 60, u"Talk 2 [id1].mp4"_s},
-        {u"proRes422"_s, u"60"_s, false, u"mpegts"_s, 60, u"Talk 2 [id1].mov"_s},
+    // A record names the file that is there, or one of that name that was there before.
+    enum Recorded { no, yes, before };
+    // The format, what the look-up says of the length, the container and length of the file that
+    // is there, and the file that is saved.
+    const std::tuple<QString, QString, Recorded, QString, double, QString> cases[] = {
+        {u"audioMP3"_s, u"60"_s, no, u"mp3"_s, 60.5, u"Talk [id1].mp3"_s},
+        {u"audioMP3"_s, u"60"_s, no, u"mp3"_s, 7.5, u"Talk 2 [id1].mp3"_s},
+        {u"audioMP3"_s, u"60"_s, yes, u"mp3"_s, 7.5, u"Talk [id1].mp3"_s},
+        {u"audioMP3"_s, u"60"_s, before, u"mp3"_s, 7.5, u"Talk 2 [id1].mp3"_s},
+        {u"audioMP3"_s, none, no, u"mp3"_s, 60, u"Talk 2 [id1].mp3"_s},
+        {u"audioMP3"_s, none, yes, u"mp3"_s, 60, u"Talk [id1].mp3"_s},
+        {u"bestResolution"_s, u"60"_s, no, mp4, 61, u"Talk [id1].mp4"_s},
+        {u"bestResolution"_s, u"60"_s, yes, u"mpegts"_s, 60, u"Talk 2 [id1].mp4"_s},
+        {u"proRes422"_s, u"60"_s, no, u"mpegts"_s, 60, u"Talk 2 [id1].mov"_s},
     };
     for (const auto &[format, length, recorded, container, seconds, fileName] : cases) {
         SCOPED_TRACE(fileName.toStdString());
-        QDir(fake.downloadFolder()).removeRecursively();
+        startOver();
         fake.onLookup(u"echo '{\"title\":\"Talk\",\"duration\":%1}'"_s.arg(length));
         makeReady(format == u"proRes422" ? u"bestResolution"_s : format);
-        download();
-        if (!recorded)
-            fake.store.clear();
+        DownloadRecord record = download();
+        fake.store.clear();
+        if (recorded == before)
+            record.createdAt = record.createdAt.addSecs(-60);
+        if (recorded != no)
+            fake.store.add(record);
         fake.onProbe(u"h264"_s, 1080, container, seconds);
         makeReady(format);
         EXPECT_EQ(downloadedName(), fileName);
     }
-}
-
-TEST_F(DownloadPipelineTest, aFileChangedAfterItsRecordIsNotTheRecordedOne)
-{
-    makeReady(u"audioMP3"_s);
-    DownloadRecord record = download();
-    record.createdAt = record.createdAt.addSecs(-60);
-    fake.store.clear();
-    fake.store.add(record);
-    fake.onProbe({}, 0, u"mp3"_s, 7.5);
-    makeReady();
-    EXPECT_EQ(downloadedName(), u"Talk 2 [id1].mp3"_s);
 }
 
 TEST_F(DownloadPipelineTest, whatACancelledDownloadLeftMakesRoomForTheNext)

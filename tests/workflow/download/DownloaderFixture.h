@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/FakeDownloader.h"
+#include "support/Files.h"
 #include "support/Printing.h"
 
 #include <QFileInfo>
@@ -80,11 +81,7 @@ protected:
     }
 
     QString path(const QString &name) const { return fake.downloadFolder() + u'/' + name; }
-    QByteArray read(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray read(const QString &name) const { return readFile(path(name)); }
     QStringList files() const { return QDir(fake.downloadFolder()).entryList(QDir::Files); }
     /// Hidden ones and folders too.
     QStringList allFiles() const
