@@ -1,6 +1,6 @@
 #include "support/LibraryFixture.h"
 
-#include "core/library/Timestamp.h"
+#include "core/library/JsonFields.h"
 
 namespace clipwren::test {
 

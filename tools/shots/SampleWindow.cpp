@@ -1,6 +1,6 @@
 #include "SampleWindow.h"
 
-#include "core/library/Timestamp.h"
+#include "core/library/JsonFields.h"
 
 #include <QDir>
 #include <QFile>

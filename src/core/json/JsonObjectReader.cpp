@@ -6,28 +6,30 @@
 #include <cmath>
 
 namespace clipwren {
+
 namespace {
+
+using namespace Qt::StringLiterals;
 
 QJsonDocument parse(const QByteArray &utf8)
 {
     QJsonParseError error{};
     QJsonDocument document = QJsonDocument::fromJson(utf8, &error);
     if (error.error != QJsonParseError::NoError) {
-        throw DecodingError(QStringLiteral("Malformed JSON at byte %1: %2")
-                                .arg(error.offset)
-                                .arg(error.errorString()));
+        throw DecodingError(
+            u"Malformed JSON at byte %1: %2"_s.arg(error.offset).arg(error.errorString()));
     }
     return document;
 }
 
 QString elementPath(const QString &arrayPath, qsizetype index)
 {
-    return QStringLiteral("%1[%2]").arg(arrayPath).arg(index);
+    return u"%1[%2]"_s.arg(arrayPath).arg(index);
 }
 
 [[noreturn]] void throwWrongType(const QString &path, const QString &expected)
 {
-    throw DecodingError(QStringLiteral("%1: expected %2").arg(path, expected));
+    throw DecodingError(u"%1: expected %2"_s.arg(path, expected));
 }
 
 } // namespace
@@ -41,7 +43,7 @@ JsonObjectReader JsonObjectReader::fromDocument(const QByteArray &utf8)
 {
     const QJsonDocument document = parse(utf8);
     if (!document.isObject())
-        throw DecodingError(QStringLiteral("The document is not a JSON object"));
+        throw DecodingError(u"The document is not a JSON object"_s);
     return {document.object(), QString()};
 }
 
@@ -51,7 +53,7 @@ std::optional<QString> JsonObjectReader::text(QLatin1StringView key) const
     if (!value)
         return std::nullopt;
     if (!value->isString())
-        fail(key, QStringLiteral("text"));
+        fail(key, u"text"_s);
     return value->toString();
 }
 
@@ -61,7 +63,7 @@ std::optional<double> JsonObjectReader::number(QLatin1StringView key) const
     if (!value)
         return std::nullopt;
     if (!value->isDouble())
-        fail(key, QStringLiteral("a number"));
+        fail(key, u"a number"_s);
     return value->toDouble();
 }
 
@@ -73,7 +75,7 @@ std::optional<qint64> JsonObjectReader::integer(QLatin1StringView key) const
     // toInteger() falls back to its argument when the number has no exact 64-bit form, so two
     // different fallbacks tell such a number from a real one.
     if (!value->isDouble() || value->toInteger(0) != value->toInteger(1))
-        fail(key, QStringLiteral("a whole number"));
+        fail(key, u"a whole number"_s);
     return value->toInteger();
 }
 
@@ -83,7 +85,7 @@ std::optional<JsonObjectReader> JsonObjectReader::object(QLatin1StringView key) 
     if (!value)
         return std::nullopt;
     if (!value->isObject())
-        fail(key, QStringLiteral("an object"));
+        fail(key, u"an object"_s);
     return JsonObjectReader(value->toObject(), pathOf(key));
 }
 
@@ -93,7 +95,7 @@ std::optional<std::vector<JsonObjectReader>> JsonObjectReader::objects(QLatin1St
     if (!value)
         return std::nullopt;
     if (!value->isArray())
-        fail(key, QStringLiteral("an array"));
+        fail(key, u"an array"_s);
     return readersOf(value->toArray(), pathOf(key));
 }
 
@@ -101,7 +103,7 @@ QString JsonObjectReader::requiredText(QLatin1StringView key) const
 {
     auto value = text(key);
     if (!value)
-        fail(key, QStringLiteral("text"));
+        fail(key, u"text"_s);
     return *std::move(value);
 }
 
@@ -109,7 +111,7 @@ qint64 JsonObjectReader::requiredInteger(QLatin1StringView key) const
 {
     const auto value = integer(key);
     if (!value)
-        fail(key, QStringLiteral("a whole number"));
+        fail(key, u"a whole number"_s);
     return *value;
 }
 
@@ -126,7 +128,7 @@ std::vector<JsonObjectReader> JsonObjectReader::readersOf(const QJsonArray &arra
     for (qsizetype index = 0; index < array.size(); ++index) {
         const QJsonValue element = array.at(index);
         if (!element.isObject())
-            throwWrongType(elementPath(path, index), QStringLiteral("an object"));
+            throwWrongType(elementPath(path, index), u"an object"_s);
         readers.push_back({element.toObject(), path, index});
     }
     return readers;

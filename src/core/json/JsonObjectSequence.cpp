@@ -4,6 +4,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 JsonObjectSequence::JsonObjectSequence(QByteArray utf8) : m_utf8(std::move(utf8))
 {
     if (m_utf8.startsWith("\xef\xbb\xbf")) // a byte order mark
@@ -14,15 +16,15 @@ std::optional<JsonObjectReader> JsonObjectSequence::next()
 {
     const bool isFirst = !std::exchange(m_isInside, true);
     if (isFirst && !take('['))
-        fail(QStringLiteral("an array"));
+        fail(u"an array"_s);
     if (take(']')) {
         skipSpace();
         if (m_place < m_utf8.size())
-            fail(QStringLiteral("the end"));
+            fail(u"the end"_s);
         return std::nullopt;
     }
     if (!isFirst && !take(','))
-        fail(QStringLiteral("a comma"));
+        fail(u"a comma"_s);
     skipSpace();
     const qsizetype start = m_place;
     skipObject();
@@ -64,14 +66,13 @@ void JsonObjectSequence::skipObject()
             break;
     }
     if (m_place >= m_utf8.size() || m_utf8.at(m_place) != '}')
-        fail(QStringLiteral("an object"));
+        fail(u"an object"_s);
     ++m_place;
 }
 
 void JsonObjectSequence::fail(const QString &expected) const
 {
-    throw DecodingError(
-        QStringLiteral("Malformed JSON at byte %1: expected %2").arg(m_place).arg(expected));
+    throw DecodingError(u"Malformed JSON at byte %1: expected %2"_s.arg(m_place).arg(expected));
 }
 
 } // namespace clipwren

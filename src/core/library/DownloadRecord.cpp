@@ -1,7 +1,6 @@
 #include "core/library/DownloadRecord.h"
 
 #include "core/library/JsonFields.h"
-#include "core/library/Timestamp.h"
 #include "core/text/BoundedText.h"
 
 #include <QHash>

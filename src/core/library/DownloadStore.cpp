@@ -1,7 +1,6 @@
 #include "core/library/DownloadStore.h"
 
 #include "core/library/JsonFields.h"
-#include "core/library/Timestamp.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -9,7 +8,10 @@
 #include <algorithm>
 
 namespace clipwren {
+
 namespace {
+
+using namespace Qt::StringLiterals;
 
 // One value that cannot be written would make the whole file unreadable at the next start.
 DownloadRecord storable(DownloadRecord record)
@@ -24,8 +26,7 @@ DownloadRecord storable(DownloadRecord record)
 } // namespace
 
 DownloadStore::DownloadStore(const QString &folder, QObject *parent)
-    : QObject(parent), m_file(folder, QStringLiteral("downloads.json")),
-      m_records(m_file.load<DownloadRecord>())
+    : QObject(parent), m_file(folder, u"downloads.json"_s), m_records(m_file.load<DownloadRecord>())
 {
 }
 
@@ -67,8 +68,8 @@ QString DownloadStore::defaultDownloadDirectory()
 {
     QString movies = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
     if (movies.isEmpty())
-        movies = QDir::home().filePath(QStringLiteral("Movies"));
-    return QDir(movies).filePath(QStringLiteral("Clipwren"));
+        movies = QDir::home().filePath(u"Movies"_s);
+    return QDir(movies).filePath(u"Clipwren"_s);
 }
 
 void DownloadStore::saveAgain()

@@ -1,7 +1,6 @@
 #include "core/library/HistoryStore.h"
 
 #include "core/library/JsonFields.h"
-#include "core/library/Timestamp.h"
 
 #include <QUrl>
 

@@ -13,7 +13,10 @@
 #include <unistd.h>
 
 namespace clipwren {
+
 namespace {
+
+using namespace Qt::StringLiterals;
 
 std::optional<QByteArray> readFile(const QString &path)
 {
@@ -29,8 +32,8 @@ std::optional<QByteArray> readFile(const QString &path)
 
 QString rejectedPath(const QString &path, int number)
 {
-    const QString name = path + QStringLiteral(".rejected");
-    return number == 1 ? name : QStringLiteral("%1.%2").arg(name).arg(number);
+    const QString name = path + u".rejected"_s;
+    return number == 1 ? name : u"%1.%2"_s.arg(name).arg(number);
 }
 
 // The file the name leads to, also through links whose end does not exist yet.
@@ -57,7 +60,7 @@ JsonObjectSequence JsonArrayFile::open() const
 {
     const auto bytes = readFile(m_path);
     if (!bytes)
-        throw Error(QStringLiteral("%1 cannot be read").arg(m_path));
+        throw Error(u"%1 cannot be read"_s.arg(m_path));
     // Others could read what earlier versions wrote.
     constexpr auto owner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
     QFile::setPermissions(m_path, QFile::permissions(m_path) & owner);
@@ -125,7 +128,7 @@ bool JsonArrayFile::keepUnreadFile(const QString &target) const
             continue;
         const auto bytes = readFile(target);
         if (!bytes)
-            throw Error(QStringLiteral("%1 can neither be read nor kept").arg(target));
+            throw Error(u"%1 can neither be read nor kept"_s.arg(target));
         replaceFile(kept, *bytes);
         return true;
     }

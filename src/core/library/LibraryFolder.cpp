@@ -9,12 +9,14 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 QString defaultLibraryFolder()
 {
     QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     if (data.isEmpty())
-        data = QDir::home().filePath(QStringLiteral(".local/share"));
-    return QDir(data).filePath(QStringLiteral("Clipwren"));
+        data = QDir::home().filePath(u".local/share"_s);
+    return QDir(data).filePath(u"Clipwren"_s);
 }
 
 void createFolder(const QString &path)

@@ -13,9 +13,12 @@
 #include <unistd.h>
 
 namespace clipwren {
+
 namespace {
 
-const QString newPart = QStringLiteral(".new-");
+using namespace Qt::StringLiterals;
+
+const QString newPart = u".new-"_s;
 
 /// Throws the reason in errno unless the call went well.
 void check(bool wentWell)
@@ -46,7 +49,7 @@ void removeLeftovers(const QString &path)
     const QFileInfo file(path);
     QDir folder = file.dir();
     for (const QString &name :
-         folder.entryList({file.fileName() + newPart + QStringLiteral("??????")}, QDir::Files))
+         folder.entryList({file.fileName() + newPart + u"??????"_s}, QDir::Files))
         folder.remove(name);
 }
 
@@ -55,7 +58,7 @@ void removeLeftovers(const QString &path)
 void replaceFile(const QString &path, const QByteArray &bytes)
 {
     removeLeftovers(path);
-    QByteArray newPath = QFile::encodeName(path + newPart + QStringLiteral("XXXXXX"));
+    QByteArray newPath = QFile::encodeName(path + newPart + u"XXXXXX"_s);
     const FileDescriptor file(::mkostemp(newPath.data(), O_CLOEXEC));
     check(file.isOpen());
     try {

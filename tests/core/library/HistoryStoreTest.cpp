@@ -1,6 +1,6 @@
 #include "core/library/HistoryStore.h"
 
-#include "core/library/Timestamp.h"
+#include "core/library/JsonFields.h"
 #include "support/LibraryFixture.h"
 
 #include <QSignalSpy>
