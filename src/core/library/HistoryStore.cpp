@@ -5,10 +5,14 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace clipwren {
+
 namespace {
+
+using namespace Qt::StringLiterals;
 
 constexpr QStringView shortLinkHost = u"youtu.be";
 constexpr QStringView mainDomain = u"youtube.com"; ///< anywhere in the host, for subdomains
@@ -59,8 +63,7 @@ std::optional<QString> videoName(const QUrl &address)
 } // namespace
 
 HistoryStore::HistoryStore(const QString &folder, QObject *parent)
-    : QObject(parent), m_file(folder, QStringLiteral("history.json")),
-      m_entries(m_file.load<HistoryEntry>())
+    : QObject(parent), m_file(folder, u"history.json"_s), m_entries(m_file.load<HistoryEntry>())
 {
 }
 
@@ -72,8 +75,10 @@ void HistoryStore::recordDownload(const QString &url, const QString &title,
     const QString key = canonicalize(url);
     durationSeconds = storableNumber(durationSeconds);
 
-    if (const auto index = indexOfKey(key)) {
-        HistoryEntry &entry = m_entries[*index];
+    const auto place = std::ranges::find(
+        m_entries, key, [](const HistoryEntry &entry) { return canonicalize(entry.url); });
+    if (place != m_entries.end()) {
+        HistoryEntry &entry = *place;
         entry.lastDownloadedAt = now;
         if (entry.downloadCount < std::numeric_limits<qint64>::max())
             ++entry.downloadCount;
@@ -83,7 +88,7 @@ void HistoryStore::recordDownload(const QString &url, const QString &title,
             entry.thumbnailURL = thumbnailURL;
         if (durationSeconds)
             entry.durationSeconds = durationSeconds;
-        moveToFront(*index);
+        std::rotate(m_entries.begin(), place, std::next(place));
     } else {
         m_entries.prepend({
             .id = QUuid::createUuid(),
@@ -95,29 +100,20 @@ void HistoryStore::recordDownload(const QString &url, const QString &title,
             .lastDownloadedAt = now,
             .downloadCount = 1,
         });
-        m_keys.prepend(key);
     }
     save();
 }
 
 void HistoryStore::remove(const HistoryEntry &entry)
 {
-    // A copy: the entry may be one of the list.
-    const QUuid id = entry.id;
-    for (qsizetype index = m_entries.size(); index-- > 0;) {
-        if (m_entries.at(index).id != id)
-            continue;
-        m_entries.removeAt(index);
-        if (index < m_keys.size())
-            m_keys.removeAt(index);
-    }
+    // A copy of the id: the entry may be one of the list, which moves while it is searched.
+    m_entries.removeIf([id = entry.id](const HistoryEntry &other) { return other.id == id; });
     save();
 }
 
 void HistoryStore::clear()
 {
     m_entries.clear();
-    m_keys.clear();
     save();
 }
 
@@ -126,24 +122,7 @@ QString HistoryStore::canonicalize(const QString &url)
     // Strict: guessing what a broken address means could join two videos into one.
     const QUrl address(url, QUrl::StrictMode);
     const auto name = address.isValid() ? videoName(address) : std::nullopt;
-    return name ? QStringLiteral("youtube:") + *name : url;
-}
-
-std::optional<qsizetype> HistoryStore::indexOfKey(const QString &key)
-{
-    for (qsizetype index = 0; index < m_entries.size(); ++index) {
-        if (index == m_keys.size())
-            m_keys.append(canonicalize(m_entries.at(index).url));
-        if (m_keys.at(index) == key)
-            return index;
-    }
-    return std::nullopt;
-}
-
-void HistoryStore::moveToFront(qsizetype index)
-{
-    std::rotate(m_entries.begin(), m_entries.begin() + index, m_entries.begin() + index + 1);
-    std::rotate(m_keys.begin(), m_keys.begin() + index, m_keys.begin() + index + 1);
+    return name ? u"youtube:"_s + *name : url;
 }
 
 void HistoryStore::saveAgain()

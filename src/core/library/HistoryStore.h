@@ -47,16 +47,11 @@ Q_SIGNALS:
 
 private:
     static QString canonicalize(const QString &url);
-    std::optional<qsizetype> indexOfKey(const QString &key);
-    void moveToFront(qsizetype index);
     void save();
 
     JsonArrayFile m_file;
     std::optional<QString> m_saveError;
     QList<HistoryEntry> m_entries;
-    /// Keys of the first entries, as many as a search has come across: parsing an address takes
-    /// far longer than comparing two keys.
-    QList<QString> m_keys;
 };
 
 } // namespace clipwren
