@@ -94,11 +94,13 @@ int run(int &argc, char *argv[])
     const std::unique_ptr<QCoreApplication> application =
         isSave ? std::make_unique<QCoreApplication>(argc, argv) : makeWindowApplication(argc, argv);
     QCoreApplication::setApplicationName(u"Clipwren"_s);
-    const std::jthread tidying([folder = DownloadStore::defaultDownloadDirectory()] {
-        OutputFile::restoreAfterKill(folder);
-        VideoLock::removeAfterKill(folder);
+    const QString downloads = DownloadStore::defaultDownloadDirectory();
+    const std::jthread tidying([downloads] {
+        OutputFile::restoreAfterKill(downloads);
+        VideoLock::removeAfterKill(downloads);
     });
-    const int status = isSave ? runSave(QCoreApplication::arguments().mid(2)) : runWindow(first);
+    const int status = isSave ? runSave(QCoreApplication::arguments().mid(2), downloads)
+                              : runWindow(first, downloads);
     endWork();
     return status;
 }

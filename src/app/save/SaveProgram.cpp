@@ -79,7 +79,7 @@ int recordInLibrary(const DownloadStore &store, const HistoryStore &history,
 
 } // namespace
 
-int runSave(const QStringList &arguments)
+int runSave(const QStringList &arguments, const QString &downloadDirectory)
 {
     if (arguments.contains("--help"_L1)) {
         print(stdout, SaveArguments::usage());
@@ -109,7 +109,7 @@ int runSave(const QStringList &arguments)
                          .pendingFetch = noRequests,
                          .desktop = desktop,
                          .preferences = preferences,
-                         .downloadDirectory = DownloadStore::defaultDownloadDirectory(),
+                         .downloadDirectory = downloadDirectory,
                          .otherRecords = [] { return DownloadStore().records(); }});
     InterruptSignal interrupt;
     QObject::connect(&interrupt, &InterruptSignal::interrupted, &command, &SaveCommand::interrupt);

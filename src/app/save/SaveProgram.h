@@ -4,8 +4,8 @@
 
 namespace clipwren {
 
-/// Runs `clipwren save` with what follows that word. Needs a QCoreApplication; returns the exit
-/// status.
-int runSave(const QStringList &arguments);
+/// Runs `clipwren save` with what follows that word, into the folder unless that names another.
+/// Needs a QCoreApplication; returns the exit status.
+int runSave(const QStringList &arguments, const QString &downloadDirectory);
 
 } // namespace clipwren

@@ -49,7 +49,7 @@ void tellThatNobodyAnswers()
 
 } // namespace
 
-int runWindow(const QString &address)
+int runWindow(const QString &address, const QString &downloadDirectory)
 {
     using Outcome = LibraryClaim::Outcome;
     // Ties the window to its entry among the desktop's applications, and so to its symbol.
@@ -88,7 +88,7 @@ int runWindow(const QString &address)
         .makePlayer = [&players] { return players.makePlayer(); },
         .makeBackgroundPlayer =
             [&players] { return players.makePlayer(PlayerModule::Purpose::Pictures); },
-        .downloadDirectory = DownloadStore::defaultDownloadDirectory()};
+        .downloadDirectory = downloadDirectory};
     MainWindow window(context, players);
     std::optional<InstanceServer> server;
     if (claim.outcome == Outcome::Held) {
