@@ -6,12 +6,12 @@
 #include "core/text/BoundedText.h"
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
+#include "ui/components/Card.h"
 #include "ui/components/ElidedLabel.h"
 #include "ui/components/IconView.h"
 #include "ui/components/ScrollPane.h"
 #include "ui/player/SafeVideoPlayer.h"
 #include "ui/shell/InformationBox.h"
-#include "ui/shell/MissingFilePlaceholder.h"
 
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -49,7 +49,7 @@ DownloadDetailView::DownloadDetailView(const DownloadRecord &record, const ToolE
       m_open(Button::iconOnly(u"play.fill", tr("Open"))),
       m_title(new Label(Theme::TextStyle::Heading)),
       m_address(new ElidedLabel(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary)),
-      m_media(blocks(0)), m_missing(new MissingFilePlaceholder), m_pill(new Pill),
+      m_media(blocks(0)), m_missing(missingPlaceholder()), m_pill(new Pill),
       m_facts(new InformationBox),
       m_folder(new ElidedLabel(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary)),
       m_revealFolder(Button::iconOnly(u"folder", tr("Reveal in Finder"))),
@@ -122,6 +122,22 @@ QWidget *DownloadDetailView::makeColumn()
     column->addStretch(1);
     content->setLayout(column);
     return content;
+}
+
+QWidget *DownloadDetailView::missingPlaceholder()
+{
+    auto *card = new Card(Theme::Color::Card, 14);
+    card->setMinimumHeight(220);
+    auto *stack = new QVBoxLayout(card);
+    stack->setSpacing(8);
+    stack->addStretch(1);
+    stack->addWidget(new IconView(u"questionmark.video", 38, Theme::Color::Secondary), 0,
+                     Qt::AlignHCenter);
+    stack->addWidget(new Label(Theme::TextStyle::Callout, Theme::Color::Secondary,
+                               tr("File no longer at expected location")),
+                     0, Qt::AlignHCenter);
+    stack->addStretch(1);
+    return card;
 }
 
 QLayout *DownloadDetailView::makeInformationHeading()

@@ -16,7 +16,6 @@ class Desktop;
 class ElidedLabel;
 class InformationBox;
 class Label;
-class MissingFilePlaceholder;
 class Pill;
 class ScrollPane;
 class SafeVideoPlayer;
@@ -52,6 +51,7 @@ protected:
 
 private:
     QWidget *makeColumn();
+    QWidget *missingPlaceholder();
     QLayout *makeInformationHeading();
     QLayout *makeLocation();
     void runInspection();
@@ -75,9 +75,9 @@ private:
     ScrollPane *m_pane;
     Label *m_title;
     ElidedLabel *m_address;
-    QVBoxLayout *m_media; // holds the player and the placeholder
+    QVBoxLayout *m_media; // holds the player or the placeholder
     SafeVideoPlayer *m_player = nullptr;
-    MissingFilePlaceholder *m_missing;
+    QWidget *m_missing;
     Pill *m_pill;
     InformationBox *m_facts;
     ElidedLabel *m_folder;

@@ -5,10 +5,10 @@
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
 #include "ui/components/Divider.h"
+#include "ui/components/ElidedLabel.h"
 #include "ui/components/IconView.h"
 #include "ui/components/Label.h"
 #include "ui/components/ScrollPane.h"
-#include "ui/shell/ToolStatusRow.h"
 
 #include <QHBoxLayout>
 #include <QShortcut>
@@ -18,6 +18,8 @@
 namespace clipwren {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 constexpr int blockWidth = 480;
 constexpr int explanationWidth = 420;
@@ -30,15 +32,57 @@ constexpr int leastSpacing = 10;
 constexpr int betweenElements = 5;
 constexpr int dividerInset = 36;
 
-const QString installCommand = QStringLiteral("brew install yt-dlp ffmpeg");
+const QString installCommand = u"brew install yt-dlp ffmpeg"_s;
 
 } // namespace
 
+/// One tool: whether it was found, where, and in which version.
+class SetupView::StatusRow : public QWidget {
+public:
+    explicit StatusRow(const QString &name);
+
+    /// `found` is the tool's path.
+    void display(const std::optional<QString> &found, const std::optional<QString> &version);
+
+private:
+    IconView *m_icon;
+    ElidedLabel *m_path;
+    Label *m_version;
+};
+
+SetupView::StatusRow::StatusRow(const QString &name)
+    : m_icon(new IconView(u"circle.dashed", 18, Theme::Color::Secondary)),
+      m_path(new ElidedLabel(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary)),
+      m_version(new Label(Theme::TextStyle::CaptionDigits, Theme::Color::Tertiary))
+{
+    m_path->setElideMode(Qt::ElideMiddle);
+
+    auto *texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addWidget(new Label(Theme::TextStyle::Emphasis, Theme::Color::Text, name));
+    texts->addWidget(m_path);
+
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(16, 12, 16, 12);
+    row->setSpacing(12);
+    row->addWidget(m_icon);
+    row->addLayout(texts, 1);
+    row->addWidget(m_version);
+}
+
+void SetupView::StatusRow::display(const std::optional<QString> &found,
+                                   const std::optional<QString> &version)
+{
+    m_icon->setIcon(found ? Icon(u"checkmark.circle.fill") : Icon(u"circle.dashed"));
+    m_icon->setColor(found ? Theme::Color::Green : Theme::Color::Secondary);
+    m_path->setFullText(found.value_or(SetupView::tr("Not installed")));
+    m_version->setText(version.value_or(QString()));
+    m_version->setVisible(version.has_value());
+}
+
 SetupView::SetupView(ToolEnvironment &tools, Desktop &desktop, QWidget *parent)
-    : DetailScreen(parent), m_tools(tools), m_desktop(desktop),
-      m_ytDlp(new ToolStatusRow(QStringLiteral("yt-dlp"))),
-      m_ffmpeg(new ToolStatusRow(QStringLiteral("ffmpeg"))),
-      m_ffprobe(new ToolStatusRow(QStringLiteral("ffprobe")))
+    : DetailScreen(parent), m_tools(tools), m_desktop(desktop), m_ytDlp(new StatusRow(u"yt-dlp"_s)),
+      m_ffmpeg(new StatusRow(u"ffmpeg"_s)), m_ffprobe(new StatusRow(u"ffprobe"_s))
 {
     auto *all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
@@ -84,7 +128,7 @@ void SetupView::resizeEvent(QResizeEvent *event)
     m_stack->setSpacing(spacing);
     const int needed = m_stack->totalHeightForWidth(width()) + leastMargin;
     if (needed > height()) {
-        // The button that leads on is to stay in view also in the lowest window.
+        // Keep "Re-check" in view in the lowest window, too.
         constexpr double spare =
             topMargin - leastMargin + betweenElements * (spacing - leastSpacing);
         const double share = std::min(1.0, (needed - height()) / spare);

@@ -8,7 +8,6 @@ namespace clipwren {
 
 class Desktop;
 class ToolEnvironment;
-class ToolStatusRow;
 
 /// Shown while one of the tools is missing: which, how to install it, and a button to look again.
 class SetupView : public DetailScreen {
@@ -25,6 +24,8 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    class StatusRow;
+
     QWidget *makeStack();
     QWidget *makeStatusBox();
     QWidget *makeInstallBlock();
@@ -33,9 +34,9 @@ private:
 
     ToolEnvironment &m_tools;
     Desktop &m_desktop;
-    ToolStatusRow *m_ytDlp;
-    ToolStatusRow *m_ffmpeg;
-    ToolStatusRow *m_ffprobe;
+    StatusRow *m_ytDlp;
+    StatusRow *m_ffmpeg;
+    StatusRow *m_ffprobe;
     QVBoxLayout *m_stack = nullptr;
 };
 
