@@ -122,8 +122,7 @@ void SampleWindow::makeReady()
 void SampleWindow::showRecord(int index)
 {
     const QUuid id = m_fake.store.records().at(index).id;
-    m_window->content().sidebar().setSelection(id);
-    m_window->content().detail().setSelectedID(id);
+    m_window->content().selection().select(id);
     settle();
 }
 

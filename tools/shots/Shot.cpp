@@ -53,7 +53,7 @@ void press(SampleWindow &s, const QString &name)
 void openRowMenu(SampleWindow &s)
 {
     LibraryListView &list = s.window().content().sidebar().recentList().view();
-    Q_EMIT list.menuRequested(list.model()->index(1, 0), list.mapToGlobal(QPoint(100, 60)));
+    list.openMenu(list.model()->index(1, 0), list.mapToGlobal(QPoint(100, 60)));
     s.settle();
 }
 

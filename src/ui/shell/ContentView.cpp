@@ -16,11 +16,12 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace clipwren {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 constexpr QSize minimumWindowSize(820, 520);
 constexpr int minimumSidebarWidth = 240;
@@ -53,11 +54,9 @@ protected:
 
 bool looksLikeWebAddress(const QString &text)
 {
-    static const std::array<QString, 2> schemes{QStringLiteral("http://"),
-                                                QStringLiteral("https://")};
-    return std::any_of(schemes.begin(), schemes.end(), [&](const QString &scheme) {
-        return text.trimmed().startsWith(scheme, Qt::CaseInsensitive);
-    });
+    const QString address = text.trimmed();
+    return address.startsWith("http://"_L1, Qt::CaseInsensitive)
+        || address.startsWith("https://"_L1, Qt::CaseInsensitive);
 }
 
 /// The address in what is dragged; empty when there is none.
@@ -74,8 +73,9 @@ QString addressIn(const QMimeData &data)
 
 ContentView::ContentView(const ApplicationContext &context, QWidget *parent)
     : QWidget(parent), m_context(context), m_menu(new QMenu(this)),
-      m_sidebar(new SidebarView(context.store, context.history, context.tools, context.desktop)),
-      m_detail(new DetailContainer(context)), m_bar(new TopBar(*m_menu)),
+      m_sidebar(new SidebarView(context.store, context.history, context.tools, context.desktop,
+                                m_selection, context.downloadDirectory)),
+      m_detail(new DetailContainer(context, m_selection)), m_bar(new TopBar(*m_menu)),
       m_columns(new Columns(Qt::Horizontal)), m_sidebarWidth(idealSidebarWidth)
 {
     setMinimumSize(minimumWindowSize);
@@ -108,9 +108,9 @@ ContentView::ContentView(const ApplicationContext &context, QWidget *parent)
     connect(m_columns, &QSplitter::splitterMoved, this,
             [this] { m_sidebarWidth = m_sidebar->width(); });
     connect(m_bar, &TopBar::sidebarToggled, this, &ContentView::toggleSidebar);
-    connect(m_sidebar, &SidebarView::selectionChanged, this, &ContentView::show);
+    connect(m_sidebar, &SidebarView::selectionRequested, this, &ContentView::requestSelection);
     connect(m_sidebar, &SidebarView::redownloadRequested, this, &ContentView::lookUp);
-    connect(m_detail, &DetailContainer::completed, this, &ContentView::select);
+    connect(m_detail, &DetailContainer::completed, &m_selection, &Selection::select);
     connect(m_detail, &DetailContainer::screenChanged, this, &ContentView::showScreen);
     showScreen();
 }
@@ -127,24 +127,15 @@ void ContentView::showScreen()
     showTitle();
 }
 
-void ContentView::select(std::optional<QUuid> id)
+void ContentView::requestSelection(const std::optional<QUuid> &id)
 {
-    m_sidebar->setSelection(id);
-    m_detail->setSelectedID(id);
-}
-
-void ContentView::show(std::optional<QUuid> id)
-{
-    // Until the answer, and after "Cancel", the list shows what the pane does.
-    if (m_detail->isDownloading())
-        m_sidebar->setSelection(m_detail->selectedID());
     askToStop(tr("Stop and Show"), tr("A download is running. Showing a saved file stops it."),
-              [this, id] { select(id); });
+              [this, id] { m_selection.select(id); });
 }
 
 void ContentView::redownload(const QString &address)
 {
-    select(std::nullopt);
+    m_selection.select(std::nullopt);
     m_context.pendingFetch.put({address});
 }
 
@@ -158,7 +149,7 @@ void ContentView::lookUp(const QString &address)
 void ContentView::askToStop(const QString &confirm, const QString &message,
                             std::function<void()> action)
 {
-    // What was asked for last is what is meant.
+    // The latest request replaces the one that waits for an answer.
     if (m_question)
         m_question->reject();
     if (!m_detail->isDownloading()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/shell/DetailContainer.h"
+#include "ui/shell/Selection.h"
 #include "ui/shell/SidebarView.h"
 
 #include <QPointer>
@@ -38,6 +39,8 @@ public:
 
     /// The application's menu. Comes with the item for the sidebar.
     QMenu &menu() { return *m_menu; }
+    /// Which saved file is shown, and highlighted in the list.
+    Selection &selection() { return m_selection; }
     SidebarView &sidebar() { return *m_sidebar; }
     DetailContainer &detail() { return *m_detail; }
 
@@ -47,14 +50,14 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    void select(std::optional<QUuid> id);
-    /// As `select`, but asks first while a download runs, which that would stop.
-    void show(std::optional<QUuid> id);
+    /// Selects a record or none. Asks first while a download runs, which that would stop.
+    void requestSelection(const std::optional<QUuid> &id);
     void redownload(const QString &address);
     void askToStop(const QString &confirm, const QString &message, std::function<void()> action);
     void showScreen();
 
     ApplicationContext m_context;
+    Selection m_selection;
     QMenu *m_menu;
     SidebarView *m_sidebar;
     DetailContainer *m_detail;

@@ -5,6 +5,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/Theme.h"
 #include "ui/shell/DownloadDetailView.h"
+#include "ui/shell/Selection.h"
 #include "ui/shell/SetupView.h"
 
 #include <QPainter>
@@ -15,9 +16,12 @@
 
 namespace clipwren {
 
-DetailContainer::DetailContainer(ApplicationContext context, QWidget *parent)
-    : QWidget(parent), m_context(std::move(context)), m_layout(new QStackedLayout(this))
+DetailContainer::DetailContainer(ApplicationContext context, const Selection &selection,
+                                 QWidget *parent)
+    : QWidget(parent), m_context(std::move(context)), m_selection(selection),
+      m_layout(new QStackedLayout(this))
 {
+    connect(&m_selection, &Selection::changed, this, &DetailContainer::followSelection);
     connect(&m_context.tools, &ToolEnvironment::changed, this, &DetailContainer::render);
     connect(&m_context.store, &DownloadStore::changed, this, [this] {
         // A selected record that was removed and is brought back ends no download.
@@ -34,12 +38,11 @@ DetailContainer::~DetailContainer()
     delete m_downloader;
 }
 
-void DetailContainer::setSelectedID(std::optional<QUuid> id)
+void DetailContainer::followSelection()
 {
-    m_selectedID = id;
     const Kind before = m_kind;
     render();
-    // Who asks for a new download goes on in it. Who walks through the list stays there.
+    // Keep focus in the sidebar during keyboard navigation, but pass it to a new downloader.
     if (m_kind != before && m_kind == Kind::Downloader)
         m_screen->setFocus(Qt::OtherFocusReason);
 }
@@ -53,12 +56,11 @@ bool DetailContainer::isDownloading() const
 
 std::optional<DownloadRecord> DetailContainer::selectedRecord() const
 {
-    if (!m_selectedID)
+    const auto id = m_selection.selectedID();
+    if (!id)
         return std::nullopt;
     const QList<DownloadRecord> &records = m_context.store.records();
-    const auto record =
-        std::find_if(records.begin(), records.end(),
-                     [this](const DownloadRecord &each) { return each.id == *m_selectedID; });
+    const auto record = std::ranges::find(records, *id, &DownloadRecord::id);
     return record != records.end() ? std::optional(*record) : std::nullopt;
 }
 

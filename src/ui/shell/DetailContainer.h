@@ -14,24 +14,24 @@ class QStackedLayout;
 namespace clipwren {
 
 class DetailScreen;
+class Selection;
 
 /// What the detail pane shows: the set-up screen while a tool is missing, else the selected record
 /// while the list has it, else the downloader.
 ///
-/// A downloader lives as long as it is shown; leaving it stops what it does.
+/// A downloader lives as long as it is shown; leaving it stops what it does. So selecting a record
+/// ends a download that runs.
 class DetailContainer : public QWidget {
     Q_OBJECT
 
 public:
-    /// What the context refers to must outlive the container.
-    explicit DetailContainer(ApplicationContext context, QWidget *parent = nullptr);
+    /// What the context refers to and the selection must outlive the container.
+    DetailContainer(ApplicationContext context, const Selection &selection,
+                    QWidget *parent = nullptr);
     ~DetailContainer() override;
     DetailContainer(const DetailContainer &) = delete;
     DetailContainer &operator=(const DetailContainer &) = delete;
 
-    std::optional<QUuid> selectedID() const { return m_selectedID; }
-    /// Ends a download that runs when that leads to another screen.
-    void setSelectedID(std::optional<QUuid> id);
     /// Null before the first screen is there.
     DetailScreen *screen() const { return m_screen; }
     /// Null while another screen is shown.
@@ -51,12 +51,13 @@ private:
     enum class Kind { None, Setup, Detail, Downloader };
 
     std::optional<DownloadRecord> selectedRecord() const;
+    void followSelection();
     void render();
     void showScreen(Kind kind, DetailScreen *screen);
     DetailScreen *makeDownloader();
 
     ApplicationContext m_context;
-    std::optional<QUuid> m_selectedID;
+    const Selection &m_selection;
     Kind m_kind = Kind::None;
     DetailScreen *m_screen = nullptr;
     DownloaderView *m_downloader = nullptr; ///< of the downloader that is shown

@@ -2,64 +2,46 @@
 
 #include "core/library/HistoryStore.h"
 #include "platform/desktop/Desktop.h"
-#include "ui/components/Button.h"
 #include "ui/components/Menu.h"
-#include "ui/components/PassFocus.h"
-#include "ui/shell/HistoryDelegate.h"
+#include "ui/shell/LibraryDelegate.h"
 #include "ui/shell/LibraryListView.h"
-#include "ui/shell/ListFooter.h"
-#include "ui/shell/ListLead.h"
 
 #include <QVBoxLayout>
 
 namespace clipwren {
 
 HistoryList::HistoryList(HistoryStore &history, Desktop &desktop, QWidget *parent)
-    : QWidget(parent), m_history(history), m_desktop(desktop), m_model(history),
-      m_footer(new ListFooter(u"trash", tr("Clear History")))
+    : QWidget(parent), m_history(history), m_desktop(desktop), m_model(history)
 {
-    auto *lead = new ListLead(tr("All-time"), tr("Nothing downloaded yet"));
-    m_view = new LibraryListView(m_model, lead, tr("History"));
-    m_view->setSelectionMode(QAbstractItemView::NoSelection);
-    auto *delegate = new HistoryDelegate(m_model, this);
-    m_view->setItemDelegate(delegate);
+    m_view = new LibraryListView(
+        m_model,
+        {.title = tr("All-time"),
+         .emptyText = tr("Nothing downloaded yet"),
+         .accessibleName = tr("History"),
+         .selectable = false,
+         .makeMenu = [this](const QModelIndex &index) { return makeMenu(*m_model.entry(index)); }});
+    auto *delegate = new LibraryDelegate(*m_view);
+    delegate->setRowButton(u"arrow.down.circle", tr("Re-download"));
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_view, 1);
-    column->addWidget(m_footer);
+    // Made last, so that Tab leads to it last.
+    auto *footer = new ListFooter(m_model, *m_view, u"trash", tr("Clear History"), this);
+    column->addWidget(footer);
 
-    connect(lead->newDownload(), &Button::clicked, this, &HistoryList::newDownloadRequested);
-    connect(delegate, &HistoryDelegate::redownloadClicked, this, &HistoryList::redownload);
+    connect(m_view, &LibraryListView::newDownloadRequested, this,
+            &HistoryList::newDownloadRequested);
+    connect(delegate, &LibraryDelegate::rowButtonClicked, this, &HistoryList::redownload);
     connect(m_view, &LibraryListView::returnPressed, this, &HistoryList::redownload);
-    connect(m_view, &LibraryListView::menuRequested, this, &HistoryList::showMenu);
-    connect(m_footer, &ListFooter::clearRequested, &m_history, &HistoryStore::clear);
-    const auto takeCount = [this] {
-        const qsizetype count = m_history.entries().size();
-        if (count == 0)
-            passFocus(*m_footer, m_view->newDownload());
-        m_footer->setCount(count);
-    };
-    connect(&m_history, &HistoryStore::changed, this, takeCount);
-    takeCount();
+    connect(footer, &ListFooter::clearRequested, &m_history, &HistoryStore::clear);
 }
 
 void HistoryList::redownload(const QModelIndex &index)
 {
     if (const HistoryEntry *entry = m_model.entry(index))
         Q_EMIT redownloadRequested(QString(entry->url));
-}
-
-void HistoryList::showMenu(const QModelIndex &index, const QPoint &place)
-{
-    const HistoryEntry *entry = m_model.entry(index);
-    if (!entry)
-        return;
-    Menu *menu = makeMenu(*entry);
-    m_view->setMenuRow(index);
-    connect(menu, &Menu::aboutToHide, m_view, [this] { m_view->setMenuRow({}); });
-    menu->popup(place);
 }
 
 Menu *HistoryList::makeMenu(const HistoryEntry &shown)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/shell/HistoryListModel.h"
+#include "ui/shell/LibraryListModel.h"
 
 #include <QWidget>
 
@@ -8,7 +8,6 @@ namespace clipwren {
 
 class Desktop;
 class LibraryListView;
-class ListFooter;
 class Menu;
 
 /// All videos that were ever downloaded: a row for each, its menu, and the bar that clears the
@@ -28,14 +27,12 @@ Q_SIGNALS:
 
 private:
     void redownload(const QModelIndex &index);
-    void showMenu(const QModelIndex &index, const QPoint &place);
     Menu *makeMenu(const HistoryEntry &shown);
 
     HistoryStore &m_history;
     Desktop &m_desktop;
     HistoryListModel m_model;
     LibraryListView *m_view;
-    ListFooter *m_footer;
 };
 
 } // namespace clipwren

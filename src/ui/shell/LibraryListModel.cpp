@@ -1,8 +1,29 @@
 #include "ui/shell/LibraryListModel.h"
 
+#include "core/library/DownloadStore.h"
+#include "core/library/HistoryStore.h"
+#include "ui/components/Icon.h"
+
+#include <QFileInfo>
+
 #include <algorithm>
 
 namespace clipwren {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+template <typename Item> QList<QUuid> idsOf(const QList<Item> &items)
+{
+    QList<QUuid> ids;
+    ids.reserve(items.size());
+    for (const Item &item : items)
+        ids << item.id;
+    return ids;
+}
+
+} // namespace
 
 int LibraryListModel::rowCount(const QModelIndex &parent) const
 {
@@ -24,14 +45,8 @@ QModelIndex LibraryListModel::indexOf(const QUuid &id) const
 QVariant LibraryListModel::data(const QModelIndex &index, int role) const
 {
     const auto item = itemAt(index);
-    // While rows come and go, the list and the rows do not match.
-    if (!item || m_changing)
-        return {};
-    if (role == Qt::DisplayRole)
-        return title(*item);
-    if (role == Qt::AccessibleTextRole)
-        return accessibleText(*item);
-    return {};
+    // While rows come and go, the store and the rows do not match.
+    return item && !m_changing ? itemData(*item, role) : QVariant();
 }
 
 Qt::ItemFlags LibraryListModel::flags(const QModelIndex &index) const
@@ -68,8 +83,131 @@ void LibraryListModel::setIds(const QList<QUuid> &ids)
     }
     m_ids = ids;
     m_changing = false;
+    updateRows();
+    Q_EMIT itemsChanged();
+}
+
+void LibraryListModel::updateRows()
+{
     if (!m_ids.isEmpty())
         Q_EMIT dataChanged(index(firstItem), index(rowCount() - 1));
+}
+
+bool FileExistsCache::exists(const QString &path) const
+{
+    auto known = m_known.constFind(path);
+    if (known == m_known.constEnd())
+        known = m_known.insert(path, QFileInfo::exists(path));
+    return *known;
+}
+
+RecentListModel::RecentListModel(const DownloadStore &store, QObject *parent)
+    : LibraryListModel(parent), m_store(store)
+{
+    connect(&store, &DownloadStore::changed, this, &RecentListModel::followStore);
+    followStore();
+}
+
+void RecentListModel::followStore()
+{
+    // A download may have brought a missing file back.
+    m_files.forget();
+    setIds(idsOf(m_store.records()));
+}
+
+const DownloadRecord *RecentListModel::record(const QModelIndex &index) const
+{
+    const auto item = itemAt(index);
+    return item && *item < m_store.records().size() ? &m_store.records().at(*item) : nullptr;
+}
+
+void RecentListModel::setReencoding(const QSet<QUuid> &ids)
+{
+    m_reencoding = ids;
+    refresh();
+}
+
+void RecentListModel::refresh()
+{
+    m_files.forget();
+    updateRows();
+}
+
+QVariant RecentListModel::itemData(qsizetype item, int role) const
+{
+    const DownloadRecord &record = m_store.records().at(item);
+    switch (role) {
+    case Qt::DisplayRole:
+        return record.title;
+    case Qt::AccessibleTextRole:
+        return accessibleText(record);
+    case DetailRole:
+        return m_dates.text(record.createdAt);
+    case IconRole:
+        return QVariant::fromValue(m_files.exists(record.filePath) ? Icon(u"play.rectangle.fill")
+                                                                   : Icon(u"questionmark.video"));
+    case SpinnerRole:
+        return m_reencoding.contains(record.id);
+    case MissingRole:
+        return !m_files.exists(record.filePath);
+    default:
+        return {};
+    }
+}
+
+QString RecentListModel::accessibleText(const DownloadRecord &record) const
+{
+    QStringList parts{record.title, m_dates.text(record.createdAt)};
+    if (!m_files.exists(record.filePath))
+        parts << tr("file missing");
+    if (m_reencoding.contains(record.id))
+        parts << tr("re-encoding");
+    return parts.join(u", "_s);
+}
+
+HistoryListModel::HistoryListModel(const HistoryStore &history, QObject *parent)
+    : LibraryListModel(parent), m_history(history)
+{
+    connect(&history, &HistoryStore::changed, this, &HistoryListModel::followStore);
+    followStore();
+}
+
+void HistoryListModel::followStore()
+{
+    setIds(idsOf(m_history.entries()));
+}
+
+const HistoryEntry *HistoryListModel::entry(const QModelIndex &index) const
+{
+    const auto item = itemAt(index);
+    return item && *item < m_history.entries().size() ? &m_history.entries().at(*item) : nullptr;
+}
+
+QVariant HistoryListModel::itemData(qsizetype item, int role) const
+{
+    const HistoryEntry &entry = m_history.entries().at(item);
+    switch (role) {
+    case Qt::DisplayRole:
+        return entry.title;
+    case Qt::AccessibleTextRole:
+        return accessibleText(entry);
+    case DetailRole:
+        return m_dates.text(entry.lastDownloadedAt);
+    case DetailTailRole:
+        return entry.downloadCount >= 2 ? u"· %1×"_s.arg(entry.downloadCount) : QString();
+    case IconRole:
+        return QVariant::fromValue(Icon(u"clock.arrow.circlepath"));
+    default:
+        return {};
+    }
+}
+
+QString HistoryListModel::accessibleText(const HistoryEntry &entry) const
+{
+    QStringList parts{entry.title, m_dates.text(entry.lastDownloadedAt)};
+    if (entry.downloadCount >= 2)
+        parts << tr("downloaded %1 times").arg(entry.downloadCount);
+    return parts.join(u", "_s);
 }
 
 } // namespace clipwren

@@ -1,39 +1,60 @@
 #pragma once
 
+#include "ui/components/Icon.h"
+
 #include <QListView>
+#include <QTimer>
+
+#include <functional>
 
 namespace clipwren {
 
 class LibraryListModel;
-class ListLead;
+class ListHeader;
+class Menu;
 
-/// A list of the library as the sidebar shows it, with what lies above its items scrolling along.
+/// A list of the library as the sidebar shows it, with its header scrolling along: the button
+/// "New Download" and the section's title.
 ///
-/// Clicks and arrow keys choose one item; the other button of the mouse, which asks for an item's
-/// menu, chooses none.
+/// Clicks and arrow keys select one item; the right button of the mouse opens an item's menu and
+/// selects none.
 class LibraryListView : public QListView {
     Q_OBJECT
 
 public:
-    /// `name` is the list's accessible name. Takes `lead` for the first row.
-    LibraryListView(LibraryListModel &model, ListLead *lead, const QString &name,
-                    QWidget *parent = nullptr);
+    /// What a list says, and what its rows do.
+    struct Policy {
+        QString title; ///< of the section
+        QString emptyText; ///< below the title while there is no item
+        QString accessibleName;
+        bool selectable = true;
+        /// Makes the menu of an item.
+        std::function<Menu *(const QModelIndex &index)> makeMenu;
+    };
 
-    int leadHeight() const;
-    /// The button above the items.
+    /// The model must outlive the view.
+    LibraryListView(LibraryListModel &model, const Policy &policy, QWidget *parent = nullptr);
+
+    /// The height of the first row, and the button in it.
+    int headerHeight() const;
     QWidget &newDownload() const;
-    /// Whether a row is to be drawn with a ring: the keyboard is at it, or its menu is open.
+    /// Whether a row is drawn with a focus ring: the keyboard is at it, or its menu is open.
     bool hasRing(const QModelIndex &index) const;
-    /// The ring that the row keeps while its menu is open.
-    void setMenuRow(const QModelIndex &index);
+    /// The rotation of the spinners. They turn while a row with one is on screen, unless the
+    /// desktop asks for reduced motion.
+    int spinnerDegrees() const { return m_spinnerDegrees; }
+    bool isSpinnerTurning() const { return m_spinnerTimer.isActive(); }
+
+    /// Opens an item's menu, at a place on the screen.
+    void openMenu(const QModelIndex &index, const QPoint &place);
 
 Q_SIGNALS:
-    /// For an item, at a place on the screen.
-    void menuRequested(const QModelIndex &index, const QPoint &place);
+    void newDownloadRequested();
     void returnPressed(const QModelIndex &index);
     void deletePressed(const QModelIndex &index);
 
 protected:
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -45,14 +66,32 @@ protected:
                                                          const QEvent *event) const override;
 
 private:
-    void updateLead();
-    /// Asks for an item's menu beside the item.
-    void askForMenu(const QModelIndex &index);
+    void updateHeader();
+    void openMenuByKey(const QModelIndex &index);
+    QList<QModelIndex> spinnerRowsOnScreen() const;
+    void startOrStopSpinner();
+    void turnSpinner();
 
     LibraryListModel &m_items;
-    ListLead *m_lead;
-    bool m_byKeyboard = false; // the last thing done here was a key's
-    QPersistentModelIndex m_menuRow;
+    std::function<Menu *(const QModelIndex &)> m_makeMenu;
+    ListHeader *m_header;
+    bool m_lastInputWasKeyboard = false;
+    QPersistentModelIndex m_menuRow; // whose menu is open
+    QTimer m_spinnerTimer;
+    int m_spinnerDegrees = 0;
+};
+
+/// The bar below a list: a button that clears it, and how many items it has. Hidden without any.
+class ListFooter : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The parent is not null: without one, the bar would show as a window.
+    ListFooter(const LibraryListModel &model, LibraryListView &view, Icon icon,
+               const QString &clearText, QWidget *parent);
+
+Q_SIGNALS:
+    void clearRequested();
 };
 
 } // namespace clipwren

@@ -3,69 +3,75 @@
 #include "core/library/DownloadStore.h"
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
+#include "ui/components/Divider.h"
+#include "ui/components/ElidedLabel.h"
 #include "ui/components/Menu.h"
 #include "ui/components/PassFocus.h"
+#include "ui/shell/LibraryDelegate.h"
 #include "ui/shell/LibraryListView.h"
-#include "ui/shell/ListFooter.h"
-#include "ui/shell/ListLead.h"
-#include "ui/shell/RecentDelegate.h"
-#include "ui/shell/RowSpinner.h"
-#include "ui/shell/UndoLine.h"
+#include "ui/shell/Selection.h"
 #include "workflow/library/Reencoder.h"
 
 #include <QFileInfo>
-#include <QVBoxLayout>
+#include <QHBoxLayout>
+#include <QItemSelectionModel>
+#include <QShortcut>
 
 #include <algorithm>
 #include <iterator>
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 RecentList::RecentList(DownloadStore &store, const ToolEnvironment &tools, Desktop &desktop,
-                       QWidget *parent)
-    : QWidget(parent), m_store(store), m_desktop(desktop), m_model(store),
-      m_reencoder(new Reencoder(store, tools, this)), m_undoLine(new UndoLine),
-      m_footer(new ListFooter(u"tray", tr("Clear Recents")))
+                       const Selection &selection, QWidget *parent)
+    : QWidget(parent), m_store(store), m_desktop(desktop), m_selection(selection), m_model(store),
+      m_reencoder(new Reencoder(store, tools, this)), m_undoLine(new UndoLine)
 {
-    auto *lead = new ListLead(tr("Recent"), tr("No downloads yet"));
-    m_view = new LibraryListView(m_model, lead, tr("Recent downloads"));
-    m_spinner = new RowSpinner(
-        *m_view,
-        [this](const QModelIndex &index) {
-            const DownloadRecord *record = m_model.record(index);
-            return record && m_model.isReencoding(*record);
-        },
-        this);
-    m_view->setItemDelegate(new RecentDelegate(
-        m_model, [this] { return m_spinner->degrees(); }, this));
+    m_view = new LibraryListView(m_model,
+                                 {.title = tr("Recent"),
+                                  .emptyText = tr("No downloads yet"),
+                                  .accessibleName = tr("Recent downloads"),
+                                  .makeMenu = [this](const QModelIndex &index) {
+                                      return makeMenu(*m_model.record(index));
+                                  }});
+    new LibraryDelegate(*m_view);
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_view, 1);
     column->addWidget(m_undoLine);
-    column->addWidget(m_footer);
+    // Made last, so that Tab leads to it last.
+    auto *footer = new ListFooter(m_model, *m_view, u"tray", tr("Clear Recents"), this);
+    column->addWidget(footer);
 
-    connect(lead->newDownload(), &Button::clicked, this, &RecentList::newDownloadRequested);
-    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &RecentList::takeSelection);
-    connect(m_view, &LibraryListView::menuRequested, this, &RecentList::showMenu);
+    QItemSelectionModel *highlighted = m_view->selectionModel();
+    connect(m_view, &LibraryListView::newDownloadRequested, this,
+            &RecentList::newDownloadRequested);
+    connect(highlighted, &QItemSelectionModel::selectionChanged, this,
+            &RecentList::requestSelection);
+    connect(m_view, &LibraryListView::returnPressed, highlighted,
+            [highlighted](const QModelIndex &index) {
+                highlighted->select(index, QItemSelectionModel::ClearAndSelect);
+            });
     connect(m_view, &LibraryListView::deletePressed, this, [this](const QModelIndex &index) {
         if (const DownloadRecord *record = m_model.record(index))
             remove(record->id);
     });
     connect(m_undoLine, &UndoLine::undone, this, &RecentList::undoRemoval);
     connect(m_undoLine, &UndoLine::expired, this, &RecentList::forgetRemovals);
-    connect(m_view, &LibraryListView::returnPressed, m_view->selectionModel(),
-            [this](const QModelIndex &index) {
-                m_view->selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
-            });
-    connect(m_footer, &ListFooter::clearRequested, this, &RecentList::confirmClear);
+    connect(footer, &ListFooter::clearRequested, this, &RecentList::confirmClear);
     connect(m_reencoder, &Reencoder::reencodingChanged, this,
             [this] { m_model.setReencoding(m_reencoder->reencodingIDs()); });
-    // After the model, which listens since before.
-    connect(&m_store, &DownloadStore::changed, this, &RecentList::takeStore);
-    takeStore();
+    connect(&m_model, &LibraryListModel::itemsChanged, this, [this] {
+        if (m_clearDialog)
+            m_clearDialog->setMessage(clearMessage());
+        highlightSelection();
+    });
+    connect(&m_selection, &Selection::changed, this, &RecentList::scrollToSelection);
+    highlightSelection();
 }
 
 QSet<QUuid> RecentList::reencodingIDs() const
@@ -73,75 +79,53 @@ QSet<QUuid> RecentList::reencodingIDs() const
     return m_reencoder->reencodingIDs();
 }
 
-void RecentList::takeStore()
+void RecentList::requestSelection()
 {
-    const qsizetype count = m_store.records().size();
-    if (count == 0)
-        passFocus(*m_footer, m_view->newDownload());
-    m_footer->setCount(count);
-    if (m_clearDialog)
-        m_clearDialog->setMessage(clearMessage());
-    showSelection();
-}
-
-void RecentList::setSelection(const std::optional<QUuid> &id)
-{
-    if (m_selection == id)
+    const QModelIndexList rows = m_view->selectionModel()->selectedIndexes();
+    if (m_model.isChanging() || rows.isEmpty())
         return;
-    m_selection = id;
-    showSelection();
-    const QModelIndex index = id ? m_model.indexOf(*id) : QModelIndex();
-    if (index.row() == LibraryListModel::firstItem)
-        m_view->scrollToTop();
-    else if (index.isValid())
-        m_view->scrollTo(index);
+    const DownloadRecord *record = m_model.record(rows.constFirst());
+    if (!record || record->id == m_selection.selectedID())
+        return;
+    forgetFiles();
+    Q_EMIT selectionRequested(QUuid(record->id));
+    highlightSelection();
 }
 
-void RecentList::showSelection()
+void RecentList::highlightSelection()
 {
-    const QModelIndex index = m_selection ? m_model.indexOf(*m_selection) : QModelIndex();
-    m_showingSelection = true;
+    const auto id = m_selection.selectedID();
+    const QModelIndex index = id ? m_model.indexOf(*id) : QModelIndex();
     if (index.isValid())
         m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     else
         m_view->selectionModel()->clearSelection();
-    m_showingSelection = false;
 }
 
-void RecentList::takeSelection()
+void RecentList::scrollToSelection()
 {
+    const QModelIndexList before = m_view->selectionModel()->selectedIndexes();
+    highlightSelection();
+    // A row that the user chose stays where it is.
     const QModelIndexList rows = m_view->selectionModel()->selectedIndexes();
-    if (m_showingSelection || m_model.isChanging() || rows.isEmpty())
+    if (rows.isEmpty() || rows == before)
         return;
-    const DownloadRecord *record = m_model.record(rows.constFirst());
-    if (!record || record->id == m_selection)
-        return;
-    m_selection = record->id;
-    askForFiles();
-    Q_EMIT selected(QUuid(record->id));
+    if (rows.constFirst().row() == LibraryListModel::firstItem)
+        m_view->scrollToTop();
+    else
+        m_view->scrollTo(rows.constFirst());
 }
 
 /// What is shown of the record or offered in its menu goes by the disk, so its row does, too.
-void RecentList::askForFiles()
+void RecentList::forgetFiles()
 {
     m_model.forgetFiles();
     m_view->viewport()->update();
 }
 
-void RecentList::showMenu(const QModelIndex &index, const QPoint &place)
-{
-    const DownloadRecord *record = m_model.record(index);
-    if (!record)
-        return;
-    Menu *menu = makeMenu(*record);
-    m_view->setMenuRow(index);
-    askForFiles();
-    connect(menu, &Menu::aboutToHide, m_view, [this] { m_view->setMenuRow({}); });
-    menu->popup(place);
-}
-
 Menu *RecentList::makeMenu(const DownloadRecord &shown)
 {
+    forgetFiles();
     // The record as it was when the menu was opened: the list may change below it.
     const DownloadRecord record = shown;
     const bool exists = QFileInfo::exists(record.filePath);
@@ -213,7 +197,50 @@ QString RecentList::clearMessage() const
     return tr("Removes %1 item%2 from this list. Downloaded files are not deleted, and History "
               "is preserved.")
         .arg(count)
-        .arg(count == 1 ? QString() : QStringLiteral("s"));
+        .arg(count == 1 ? QString() : u"s"_s);
+}
+
+UndoLine::UndoLine(std::chrono::milliseconds duration, QWidget *parent)
+    : QWidget(parent), m_text(new ElidedLabel(Theme::TextStyle::Callout, Theme::Color::Secondary)),
+      m_undo(new Button(Button::Style::Borderless, tr("Undo")))
+{
+    m_text->setElideMode(Qt::ElideMiddle);
+    m_undo->setSize(Button::Size::Small);
+    connect(m_undo, &Button::clicked, this, &UndoLine::undone);
+    // That of the button itself would take as long as a press is shown.
+    auto *undo = new QShortcut(QKeySequence::Undo, this, this, &UndoLine::undone);
+    undo->setAutoRepeat(false);
+
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(12, 4, 12, 4);
+    row->setSpacing(4);
+    row->addWidget(m_text);
+    row->addWidget(new Label(Theme::TextStyle::Callout, Theme::Color::Tertiary, u"·"_s));
+    row->addWidget(m_undo);
+    row->addStretch(1);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(new Divider);
+    column->addLayout(row);
+
+    m_timer.setInterval(duration);
+    connect(&m_timer, &QTimer::timeout, this, &UndoLine::expire);
+    hide();
+}
+
+void UndoLine::offer(const QString &title)
+{
+    m_text->setFullText(tr("Removed “%1”").arg(title));
+    m_timer.start();
+    show();
+}
+
+void UndoLine::expire()
+{
+    // Somebody is about to press it.
+    if (!m_undo->hasFocus())
+        Q_EMIT expired();
 }
 
 } // namespace clipwren

@@ -1,33 +1,59 @@
 #pragma once
 
 #include "ui/components/ConfirmationDialog.h"
-#include "ui/shell/RecentListModel.h"
+#include "ui/shell/LibraryListModel.h"
 
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
+
+#include <chrono>
 
 namespace clipwren {
 
+class Button;
 class Desktop;
+class ElidedLabel;
 class LibraryListView;
-class ListFooter;
 class Menu;
 class Reencoder;
-class RowSpinner;
+class Selection;
 class ToolEnvironment;
-class UndoLine;
 
-/// The saved files: a row for each, its menu, and the bar that clears the list.
+/// A line that says what was removed, with a button that brings it back: for some seconds, and as
+/// long as the button has the keyboard focus. Ctrl+Z does the same.
+class UndoLine : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit UndoLine(std::chrono::milliseconds duration = std::chrono::seconds(8),
+                      QWidget *parent = nullptr);
+
+    /// Shows the line, for its whole time.
+    void offer(const QString &title);
+
+Q_SIGNALS:
+    void undone();
+    void expired();
+
+private:
+    void expire();
+
+    ElidedLabel *m_text;
+    Button *m_undo;
+    QTimer m_timer;
+};
+
+/// The saved files: a row for each, its menu, and the bar that clears the list. Highlights the
+/// selected record.
 class RecentList : public QWidget {
     Q_OBJECT
 
 public:
     /// All must outlive this.
     RecentList(DownloadStore &store, const ToolEnvironment &tools, Desktop &desktop,
-               QWidget *parent = nullptr);
+               const Selection &selection, QWidget *parent = nullptr);
 
-    /// Highlights the record of that id, if there is one, without `selected()`.
-    void setSelection(const std::optional<QUuid> &id);
     QSet<QUuid> reencodingIDs() const;
     /// Asks the disk and the clock again.
     void refresh() { m_model.refresh(); }
@@ -35,18 +61,17 @@ public:
     LibraryListView &view() const { return *m_view; }
 
 Q_SIGNALS:
-    /// The user chose a record.
-    void selected(const QUuid &id);
+    /// The user chose a record. Unless the selection follows, it stays what it was.
+    void selectionRequested(const QUuid &id);
     void newDownloadRequested();
     void redownloadRequested(const QString &address);
 
 private:
-    void takeStore();
-    void takeSelection();
-    void showSelection();
-    void askForFiles();
-    void showMenu(const QModelIndex &index, const QPoint &place);
-    Menu *makeMenu(const DownloadRecord &record);
+    void requestSelection();
+    void highlightSelection();
+    void scrollToSelection();
+    void forgetFiles();
+    Menu *makeMenu(const DownloadRecord &shown);
     void remove(const QUuid &id);
     void undoRemoval();
     void forgetRemovals();
@@ -61,16 +86,13 @@ private:
 
     DownloadStore &m_store;
     Desktop &m_desktop;
+    const Selection &m_selection;
     RecentListModel m_model;
     Reencoder *m_reencoder;
     LibraryListView *m_view;
-    RowSpinner *m_spinner;
     UndoLine *m_undoLine;
-    ListFooter *m_footer;
     QPointer<ConfirmationDialog> m_clearDialog; // there while it is shown
     QList<Removed> m_removed; // while they can be brought back, the latest last
-    std::optional<QUuid> m_selection;
-    bool m_showingSelection = false;
 };
 
 } // namespace clipwren

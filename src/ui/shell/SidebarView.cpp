@@ -1,7 +1,9 @@
 #include "ui/shell/SidebarView.h"
 
 #include "core/library/DownloadStore.h"
+#include "core/library/HistoryStore.h"
 #include "platform/desktop/Desktop.h"
+#include "ui/components/Banner.h"
 #include "ui/components/Button.h"
 #include "ui/components/Divider.h"
 #include "ui/components/Label.h"
@@ -10,7 +12,7 @@
 #include "ui/shell/HistoryList.h"
 #include "ui/shell/LibraryListView.h"
 #include "ui/shell/RecentList.h"
-#include "ui/shell/UnsavedBanner.h"
+#include "ui/shell/Selection.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -21,16 +23,20 @@ namespace clipwren {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr int headerHeight = 42;
 constexpr double dividerOpacity = 0.5;
 
 } // namespace
 
 SidebarView::SidebarView(DownloadStore &store, HistoryStore &history, const ToolEnvironment &tools,
-                         Desktop &desktop, QWidget *parent)
-    : QWidget(parent), m_tabs(new SegmentedControl({tr("Recent"), tr("History")})),
-      m_recentList(new RecentList(store, tools, desktop)),
-      m_historyList(new HistoryList(history, desktop)), m_unsaved(new UnsavedBanner(store, history))
+                         Desktop &desktop, const Selection &selection,
+                         const QString &downloadDirectory, QWidget *parent)
+    : QWidget(parent), m_store(store), m_history(history), m_selection(selection),
+      m_tabs(new SegmentedControl({tr("Recent"), tr("History")})),
+      m_recentList(new RecentList(store, tools, desktop, selection)),
+      m_historyList(new HistoryList(history, desktop)), m_unsaved(new Banner)
 {
     auto *tabs = new QHBoxLayout;
     tabs->setContentsMargins(10, 10, 10, 6);
@@ -39,51 +45,61 @@ SidebarView::SidebarView(DownloadStore &store, HistoryStore &history, const Tool
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addLayout(makeHeader(desktop));
+    column->addLayout(makeHeader(desktop, downloadDirectory));
     column->addLayout(tabs);
     column->addWidget(new Divider(0, dividerOpacity));
     column->addWidget(m_recentList, 1);
     column->addWidget(m_historyList, 1);
-    column->addWidget(m_unsaved);
+    m_unsavedBar = makeUnsavedBar();
+    column->addWidget(m_unsavedBar);
 
     connect(m_tabs, &SegmentedControl::chosen, this,
-            [this](int index) { choose(static_cast<Tab>(index)); });
-    connect(m_recentList, &RecentList::selected, this, &SidebarView::select);
+            [this](int index) { setTab(static_cast<Tab>(index)); });
+    connect(m_recentList, &RecentList::selectionRequested, this, &SidebarView::selectionRequested);
     connect(m_recentList, &RecentList::newDownloadRequested, this,
-            [this] { select(std::nullopt); });
+            &SidebarView::requestNoSelection);
     connect(m_historyList, &HistoryList::newDownloadRequested, this, [this] {
-        select(std::nullopt);
-        choose(Tab::recent);
+        requestNoSelection();
+        setTab(Tab::recent);
     });
     connect(m_recentList, &RecentList::redownloadRequested, this,
             &SidebarView::redownloadRequested);
     connect(m_historyList, &HistoryList::redownloadRequested, this,
             &SidebarView::redownloadRequested);
-    connect(m_unsaved, &UnsavedBanner::aboutToHide, this,
-            [this] { passFocus(*m_unsaved, shownList().newDownload()); });
+    connect(&m_store, &DownloadStore::changed, this, &SidebarView::renderSaveError);
+    connect(&m_history, &HistoryStore::changed, this, &SidebarView::renderSaveError);
     setTab(Tab::recent);
+    renderSaveError();
 }
 
-QLayout *SidebarView::makeHeader(Desktop &desktop)
+QLayout *SidebarView::makeHeader(Desktop &desktop, const QString &downloadDirectory)
 {
     auto *folder = Button::iconOnly(u"folder", tr("Open downloads folder in Finder"));
     folder->setSize(Button::Size::Large);
     connect(folder, &Button::clicked, this,
-            [&desktop] { desktop.reveal(DownloadStore::defaultDownloadDirectory()); });
+            [&desktop, downloadDirectory] { desktop.reveal(downloadDirectory); });
     auto *header = new QHBoxLayout;
     header->setContentsMargins(16, 10, 12, 0);
-    header->addWidget(
-        new Label(Theme::TextStyle::SidebarTitle, Theme::Color::Text, QStringLiteral("Clipwren")));
+    header->addWidget(new Label(Theme::TextStyle::SidebarTitle, Theme::Color::Text, u"Clipwren"_s));
     header->addStretch(1);
     header->addWidget(folder);
     header->addStrut(headerHeight - 10);
     return header;
 }
 
-void SidebarView::setSelection(const std::optional<QUuid> &id)
+QWidget *SidebarView::makeUnsavedBar()
 {
-    m_selection = id;
-    m_recentList->setSelection(id);
+    m_unsaved->setTitle(tr("The lists could not be saved"));
+    auto *again = new Button(Button::Style::Bordered, tr("Try Again"));
+    again->setSize(Button::Size::Small);
+    connect(again, &Button::clicked, this, &SidebarView::saveAgain);
+    auto *bar = new QWidget;
+    auto *column = new QVBoxLayout(bar);
+    column->setContentsMargins(10, 8, 10, 8);
+    column->setSpacing(8);
+    column->addWidget(m_unsaved);
+    column->addWidget(again);
+    return bar;
 }
 
 void SidebarView::setTab(Tab tab)
@@ -103,20 +119,29 @@ LibraryListView &SidebarView::shownList() const
     return m_tab == Tab::recent ? m_recentList->view() : m_historyList->view();
 }
 
-void SidebarView::select(const std::optional<QUuid> &id)
+void SidebarView::requestNoSelection()
 {
-    const bool changes = m_selection != id;
-    setSelection(id);
-    if (changes)
-        Q_EMIT selectionChanged(id);
+    if (m_selection.selectedID())
+        Q_EMIT selectionRequested(std::nullopt);
 }
 
-void SidebarView::choose(Tab tab)
+void SidebarView::saveAgain()
 {
-    const bool changes = m_tab != tab;
-    setTab(tab);
-    if (changes)
-        Q_EMIT tabChanged(tab);
+    m_store.saveAgain();
+    m_history.saveAgain();
+}
+
+void SidebarView::renderSaveError()
+{
+    const auto error = m_store.saveError() ? m_store.saveError() : m_history.saveError();
+    if (error) {
+        m_unsaved->setMessage(tr("%1. What is new in them is lost when Clipwren is closed before "
+                                 "they can be saved.")
+                                  .arg(*error));
+    } else {
+        passFocus(*m_unsavedBar, shownList().newDownload());
+    }
+    m_unsavedBar->setVisible(error.has_value());
 }
 
 QSet<QUuid> SidebarView::reencodingIDs() const
@@ -134,7 +159,7 @@ bool SidebarView::event(QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate) {
         refreshFiles();
-        m_unsaved->tryAgain();
+        saveAgain();
     }
     return QWidget::event(event);
 }

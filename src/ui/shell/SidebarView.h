@@ -9,6 +9,7 @@
 
 namespace clipwren {
 
+class Banner;
 class Desktop;
 class DownloadStore;
 class HistoryList;
@@ -16,26 +17,23 @@ class HistoryStore;
 class LibraryListView;
 class RecentList;
 class SegmentedControl;
+class Selection;
 class ToolEnvironment;
-class UnsavedBanner;
 
-/// The left column of the window: the saved files and the history, one at a time.
+/// The left column of the window: the saved files and the history, one at a time, and what could
+/// not be saved of them.
 ///
-/// What is selected and which list shows is the window's to decide; this view shows both and
-/// tells what the user wants. The signals come for what the user does, not for the setters.
+/// Shows what is selected, and asks for what the user wants selected.
 class SidebarView : public QWidget {
     Q_OBJECT
 
 public:
     enum class Tab : std::uint8_t { recent, history };
 
-    /// All must outlive the view.
+    /// All but the folder must outlive the view.
     SidebarView(DownloadStore &store, HistoryStore &history, const ToolEnvironment &tools,
-                Desktop &desktop, QWidget *parent = nullptr);
-
-    std::optional<QUuid> selection() const { return m_selection; }
-    /// Shows the record of that id as selected, whether there is one or not.
-    void setSelection(const std::optional<QUuid> &id);
+                Desktop &desktop, const Selection &selection, const QString &downloadDirectory,
+                QWidget *parent = nullptr);
 
     Tab tab() const { return m_tab; }
     void setTab(Tab tab);
@@ -50,8 +48,8 @@ public:
     HistoryList &historyList() const { return *m_historyList; }
 
 Q_SIGNALS:
-    void selectionChanged(const std::optional<QUuid> &id);
-    void tabChanged(clipwren::SidebarView::Tab tab);
+    /// The user chose a record, or none, other than the selected one.
+    void selectionRequested(const std::optional<QUuid> &id);
     /// The user wants an address looked up again.
     void redownloadRequested(const QString &address);
 
@@ -60,17 +58,22 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QLayout *makeHeader(Desktop &desktop);
+    QLayout *makeHeader(Desktop &desktop, const QString &downloadDirectory);
     LibraryListView &shownList() const;
-    void select(const std::optional<QUuid> &id);
-    void choose(Tab tab);
+    QWidget *makeUnsavedBar();
+    void requestNoSelection();
+    void saveAgain();
+    void renderSaveError();
 
-    std::optional<QUuid> m_selection;
+    DownloadStore &m_store;
+    HistoryStore &m_history;
+    const Selection &m_selection;
     Tab m_tab = Tab::recent;
     SegmentedControl *m_tabs;
     RecentList *m_recentList;
     HistoryList *m_historyList;
-    UnsavedBanner *m_unsaved;
+    QWidget *m_unsavedBar; // hidden while all is saved
+    Banner *m_unsaved;
 };
 
 } // namespace clipwren

@@ -114,7 +114,7 @@ TEST_F(WindowTest, takesAVideoFromTheAddressToTheLibraryAndBack)
     ASSERT_TRUE(QTest::qWaitFor([&] { return store.records().size() == 1; }, 120'000));
     const DownloadRecord record = store.records().first();
     EXPECT_EQ(record.trimStart, start);
-    EXPECT_EQ(window().content().sidebar().selection(), record.id);
+    EXPECT_EQ(window().content().selection().selectedID(), record.id);
     EXPECT_EQ(window().windowTitle(), record.title);
     EXPECT_TRUE(awaitText(u"Plays in QuickTime"_s));
     EXPECT_TRUE(awaitText(u"H.264 + AAC"_s));
@@ -136,7 +136,7 @@ TEST_F(WindowTest, takesAVideoFromTheAddressToTheLibraryAndBack)
     click(u"History"_s);
     chooseForLastRow(historyRows(), u"Re-download"_s);
     await(u"Is this the right video?"_s);
-    EXPECT_FALSE(window().content().sidebar().selection());
+    EXPECT_FALSE(window().content().selection().selectedID());
     click(u"Not this one"_s);
 
     // Remove and clear.
@@ -163,7 +163,7 @@ TEST_F(WindowTest, setUpLastsUntilTheToolsAreThere)
     EXPECT_TRUE(awaitText(u"7.0.1"_s));
     QTest::mouseClick(recents()->viewport(), Qt::LeftButton, Qt::NoModifier,
                       recents()->visualRect(recents()->model()->index(1, 0)).center());
-    EXPECT_EQ(window().content().sidebar().selection(), record.id);
+    EXPECT_EQ(window().content().selection().selectedID(), record.id);
     folder.add(u"ffprobe"_s, u"exit 1"_s);
     QTest::keyClick(&window(), Qt::Key_R, Qt::ControlModifier);
     EXPECT_TRUE(awaitText(u"File no longer at expected location"_s));
@@ -176,7 +176,7 @@ TEST_F(WindowTest, theKeyboardStaysInTheListThatItWalksThrough)
     open();
     recents()->setFocus();
     QTest::keyClick(recents(), Qt::Key_Down);
-    ASSERT_TRUE(window().content().sidebar().selection());
+    ASSERT_TRUE(window().content().selection().selectedID());
     EXPECT_EQ(window().windowHandle()->title(), u"Second [*] of 3"_s);
     EXPECT_EQ(window().focusWidget(), recents());
     QTest::keyClick(window().focusWidget(), Qt::Key_Down);
@@ -236,7 +236,7 @@ TEST_F(WindowTest, aDownloadIsStoppedOnlyWhenThatIsWanted)
     };
     const auto expectNothingChanged = [&] {
         EXPECT_TRUE(content.detail().isDownloading());
-        EXPECT_EQ(content.sidebar().selection(), std::nullopt);
+        EXPECT_EQ(content.selection().selectedID(), std::nullopt);
         EXPECT_TRUE(recents()->selectionModel()->selectedIndexes().isEmpty());
     };
     clickRecord();
@@ -266,7 +266,7 @@ TEST_F(WindowTest, aDownloadIsStoppedOnlyWhenThatIsWanted)
     click(u"Recent"_s);
     clickRecord();
     click(u"Stop and Show"_s);
-    EXPECT_EQ(content.sidebar().selection(), record.id);
+    EXPECT_EQ(content.selection().selectedID(), record.id);
     EXPECT_TRUE(awaitText(u"File no longer at expected location"_s));
 }
 

@@ -1,8 +1,6 @@
 #include "ui/components/ConfirmationDialog.h"
 #include "ui/components/Menu.h"
-#include "ui/shell/RowSpinner.h"
 #include "ui/shell/SidebarFixture.h"
-#include "ui/shell/UndoLine.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -43,26 +41,32 @@ TEST_F(RecentListTest, selectsByMouseAndKeyboard)
     EXPECT_EQ(selections, (decltype(selections){newer, older}));
     click(1, Qt::LeftButton, Qt::ControlModifier);
     click(0, Qt::RightButton);
-    EXPECT_EQ(sidebar.selection(), older) << "neither takes the selection away";
+    EXPECT_EQ(selection.selectedID(), older) << "neither takes the selection away";
 
     QTest::keyClick(&list(), Qt::Key_Home);
     buttonIn(sidebar, u"New Download"_s)->click();
     EXPECT_EQ(selections, (decltype(selections){newer, older, newer, std::nullopt}));
     EXPECT_TRUE(list().selectionModel()->selectedIndexes().isEmpty());
+
+    grantsSelection = false;
+    click(0);
+    EXPECT_EQ(selections.constLast(), newer);
+    EXPECT_TRUE(list().selectionModel()->selectedIndexes().isEmpty()) << "until it is granted";
 }
 
 TEST_F(RecentListTest, followsTheWindowsSelectionSilently)
 {
     const QUuid older = addRecord(u"Older"_s).id;
     addRecord(u"Newer"_s);
-    sidebar.setSelection(older);
+    selection.select(older);
     EXPECT_TRUE(list().selectionModel()->isSelected(row(1)));
     const DownloadRecord added = addRecord(u"Newest"_s);
     EXPECT_TRUE(list().selectionModel()->isSelected(row(2)));
     store.remove(added);
     EXPECT_TRUE(list().selectionModel()->isSelected(row(1)));
     store.clear();
-    EXPECT_EQ(sidebar.selection(), older) << "the window decides what an id without record means";
+    EXPECT_EQ(selection.selectedID(), older)
+        << "the window decides what an id without record means";
     EXPECT_TRUE(selections.isEmpty());
 }
 
@@ -84,7 +88,7 @@ TEST_F(RecentListTest, offersWhatCanBeDoneWithARecord)
     buttonIn(sidebar, u"Open downloads folder in Finder"_s)->click();
     EXPECT_EQ(desktop.log,
               (QStringList{u"reveal "_s + record.filePath, u"copy "_s + record.sourceURL,
-                           u"reveal "_s + DownloadStore::defaultDownloadDirectory()}));
+                           u"reveal "_s + path(u"Videos"_s)}));
     EXPECT_EQ(addresses, QStringList{record.sourceURL});
     choose(0, u"Remove from List"_s);
     EXPECT_TRUE(store.records().isEmpty());
@@ -249,24 +253,24 @@ TEST_F(RecentListTest, turnsASpinnerWhileARecordIsReencodedInSight)
     tools.add(u"ffmpeg"_s,
               u"while [ ! -e '%1' ]; do sleep 0.01; done; exit 1"_s.arg(path(u"go"_s)));
     const DownloadRecord record = addRecord(u"Talk"_s);
-    const auto *spinner = sidebar.findChild<RowSpinner *>();
+    const auto isTurning = [&] { return sidebar.recentList().view().isSpinnerTurning(); };
     Theme::current().forceReducedMotion(false);
     showWindow(sidebar);
-    EXPECT_FALSE(spinner->isTurning());
+    EXPECT_FALSE(isTurning());
     choose(0, u"Make QuickTime-compatible (re-encode)"_s);
     EXPECT_EQ(sidebar.reencodingIDs(), QSet<QUuid>{record.id});
-    EXPECT_TRUE(spinner->isTurning());
+    EXPECT_TRUE(isTurning());
     EXPECT_EQ(row(0).data(Qt::AccessibleTextRole), u"Talk, now, re-encoding"_s);
     sidebar.setTab(SidebarView::Tab::history);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !spinner->isTurning(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isTurning(); }));
     sidebar.setTab(SidebarView::Tab::recent);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return spinner->isTurning(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isTurning(); }));
 
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     writeFile(u"go"_s, {});
     EXPECT_TRUE(QTest::qWaitFor([&] { return sidebar.reencodingIDs().isEmpty(); }));
     qInstallMessageHandler(nullptr);
-    EXPECT_FALSE(spinner->isTurning());
+    EXPECT_FALSE(isTurning());
     Theme::current().forceReducedMotion(true);
 }
 
@@ -292,7 +296,7 @@ TEST_F(RecentListTest, aLongListScrollsAndChangesWithoutARowBeingAWidget)
     DownloadStore longStore(folder());
     ASSERT_EQ(longStore.records().size(), 100'000);
 
-    SidebarView longSidebar(longStore, history, environment, desktop);
+    SidebarView longSidebar(longStore, history, environment, desktop, selection, folder());
     longSidebar.resize(280, 848);
     showWindow(longSidebar);
     EXPECT_LT(longSidebar.findChildren<QWidget *>().size(), 60);
@@ -305,7 +309,7 @@ TEST_F(RecentListTest, aLongListScrollsAndChangesWithoutARowBeingAWidget)
     EXPECT_GT(list.indexAt({20, 20}).row(), 1500);
 
     // A download that ends leaves the reader where he is, relative to the rows.
-    longSidebar.setSelection(longStore.records().at(50'000).id);
+    selection.select(longStore.records().at(50'000).id);
     const QModelIndex selected = list.selectionModel()->currentIndex();
     EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(selected)));
     const int before = bar.value();

@@ -3,6 +3,7 @@
 #include "ui/shell/HistoryList.h"
 #include "ui/shell/LibraryListView.h"
 #include "ui/shell/RecentList.h"
+#include "ui/shell/Selection.h"
 #include "ui/shell/ShellFixture.h"
 #include "ui/shell/SidebarView.h"
 
@@ -10,15 +11,21 @@
 
 namespace clipwren::test {
 
-/// The sidebar, with a note of what it told. Items of the shown list count from 0.
+using namespace Qt::StringLiterals;
+
+/// The sidebar, whose wishes come true, with a note of them. Items of the shown list count from 0.
 class SidebarFixture : public ShellFixture {
 protected:
     explicit SidebarFixture(SidebarView::Tab tab)
     {
         sidebar.setTab(tab);
         sidebar.resize(280, 600);
-        QObject::connect(&sidebar, &SidebarView::selectionChanged,
-                         [this](const std::optional<QUuid> &id) { selections << id; });
+        QObject::connect(&sidebar, &SidebarView::selectionRequested,
+                         [this](const std::optional<QUuid> &id) {
+                             selections << id;
+                             if (grantsSelection)
+                                 selection.select(id);
+                         });
         QObject::connect(&sidebar, &SidebarView::redownloadRequested,
                          [this](const QString &address) { addresses << address; });
     }
@@ -39,7 +46,9 @@ protected:
 
     QList<std::optional<QUuid>> selections;
     QStringList addresses;
-    SidebarView sidebar{store, history, environment, desktop};
+    bool grantsSelection = true;
+    Selection selection;
+    SidebarView sidebar{store, history, environment, desktop, selection, path(u"Videos"_s)};
 };
 
 } // namespace clipwren::test
