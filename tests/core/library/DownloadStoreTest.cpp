@@ -85,6 +85,12 @@ TEST_F(DownloadStoreTest, changesOneRecordAmongMany)
     store.update(a);
     EXPECT_EQ(reloaded(), (QList{c, b, a}));
 
+    const QByteArray before = readFile(fileName);
+    store.update(bareRecord(u"unknown"_s));
+    EXPECT_EQ(store.records(), (QList{c, b, a}));
+    EXPECT_EQ(readFile(fileName), before);
+    EXPECT_EQ(changes.count(), 4) << "an unknown id changes nothing";
+
     // The argument lies in the list that is being changed.
     store.remove(store.records()[0]);
     EXPECT_EQ(reloaded(), (QList{b, a}));

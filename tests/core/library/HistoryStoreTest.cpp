@@ -24,7 +24,10 @@ TEST_F(HistoryStoreTest, recognisesAVideoByItsKey)
 {
     // A key is no address with a host, so it is its own key: recording it shows whether it is that
     // of the address.
-    const std::pair<const char *, const char *> matches[] = {
+    const struct {
+        const char *address, *key;
+        bool matches = true;
+    } rows[] = {
         {"https://www.youtube.com/watch?v=abc123&list=x", "youtube:abc123"},
         {"http://m.youtube.com/watch?list=x&v=abc123#v=2", "youtube:abc123"},
         {"HTTPS://WWW.YouTube.COM/watch?v=aBc", "youtube:aBc"},
@@ -37,39 +40,31 @@ TEST_F(HistoryStoreTest, recognisesAVideoByItsKey)
         {"https://youtube.com/shorts/a/shorts/b", "youtube:ab"},
         {"https://youtube.com/shorts/a?v=b", "youtube:b"},
         {"https://youtube.com/shorts/a?v", "youtube:a"},
-        {"https://youtu.be/abc123", "youtube:abc123"},
         {"https://YOUTU.BE//abc123//?v=other", "youtube:abc123"},
         {"https://youtu.be/a%20b/c", "youtube:a b/c"},
         {"https://youtu.be", "youtube:"},
+        {"https://youtube.com/watch?V=1", "youtube:1", false},
+        {"https://youtube.com/watch?v", "youtube:", false},
+        {"https://youtube.com/watch?v&v=2", "youtube:2", false},
+        {"https://youtube.com/@channel", "youtube:@channel", false},
+        {"https://youtube.com/shorts", "youtube:", false},
+        {"https://youtube.com/x/shorts/a", "youtube:/xa", false},
+        {"https://www.youtu.be/abc123", "youtube:abc123", false},
+        {"https://example.org/watch?v=abc123", "youtube:abc123", false},
+        {"youtu.be/abc123", "youtube:abc123", false},
+        {"https://youtube.com:99999/watch?v=1", "youtube:1", false},
+        {"https://[youtube.com/watch?v=1", "youtube:1", false},
+        {"https://youtube.com/watch?v=%", "youtube:%", false},
+        {"https://o.org/1", "https://o.org/1?x=2", false},
+        {"https://o.org/1", "https://O.org/1", false},
     };
-    const std::pair<const char *, const char *> others[] = {
-        {"https://youtube.com/watch?V=1", "youtube:1"},
-        {"https://youtube.com/watch?v", "youtube:"},
-        {"https://youtube.com/watch?v&v=2", "youtube:2"},
-        {"https://youtube.com/@channel", "youtube:@channel"},
-        {"https://youtube.com/shorts", "youtube:"},
-        {"https://youtube.com/x/shorts/a", "youtube:/xa"},
-        {"https://www.youtu.be/abc123", "youtube:abc123"},
-        {"https://example.org/watch?v=abc123", "youtube:abc123"},
-        {"youtu.be/abc123", "youtube:abc123"},
-        {"https://youtube.com:99999/watch?v=1", "youtube:1"},
-        {"https://[youtube.com/watch?v=1", "youtube:1"},
-        {"https://youtube.com/watch?v=%", "youtube:%"},
-        {"https://o.org/1", "https://o.org/1?x=2"},
-        {"https://o.org/1", "https://O.org/1"},
-    };
-    const auto entriesOf = [](const QString &address, const QString &key) {
-        const QTemporaryDir empty;
-        HistoryStore store(empty.path());
-        store.recordDownload(address, u"t"_s, {}, {});
-        store.recordDownload(key, {}, {}, {});
-        EXPECT_EQ(store.entries().last().url, address);
-        return store.entries().size();
-    };
-    for (const auto &[address, key] : matches)
-        EXPECT_EQ(entriesOf(QString::fromUtf8(address), QString::fromUtf8(key)), 1) << address;
-    for (const auto &[address, key] : others)
-        EXPECT_EQ(entriesOf(QString::fromUtf8(address), QString::fromUtf8(key)), 2) << address;
+    for (const auto &[address, key, matches] : rows) {
+        HistoryStore store{QString()};
+        store.recordDownload(QString::fromUtf8(address), u"t"_s, {}, {});
+        store.recordDownload(QString::fromUtf8(key), {}, {}, {});
+        EXPECT_EQ(store.entries().last().url, QString::fromUtf8(address));
+        EXPECT_EQ(store.entries().size(), matches ? 1 : 2) << address;
+    }
 }
 
 TEST_F(HistoryStoreTest, countsAVideoUnderItsFirstAddress)
@@ -105,43 +100,25 @@ TEST_F(HistoryStoreTest, countsAVideoUnderItsFirstAddress)
     EXPECT_EQ(reloaded(), store.entries());
 }
 
-TEST_F(HistoryStoreTest, namesAnUntitledVideoByItsAddress)
+TEST_F(HistoryStoreTest, removesOneEntryOrAll)
 {
     HistoryStore store(folder());
+    QSignalSpy changes(&store, &HistoryStore::changed);
     store.recordDownload(shortLink, {}, {}, {});
     store.recordDownload(watchPage, {}, {}, {});
-    EXPECT_EQ(store.entries().value(0).title, shortLink);
+    EXPECT_EQ(store.entries().value(0).title, shortLink) << "for want of a title";
     EXPECT_EQ(store.entries().value(0).url, shortLink);
-}
-
-TEST_F(HistoryStoreTest, findsEveryVideoAfterMovesAndRemovals)
-{
-    const auto address = [](int number) { return u"https://youtu.be/%1"_s.arg(number); };
-    {
-        HistoryStore first(folder());
-        for (int number = 0; number < 6; ++number)
-            first.recordDownload(address(number), QString(), {}, {});
-    }
-    HistoryStore store(folder()); // 5 4 3 2 1 0
-    QSignalSpy changes(&store, &HistoryStore::changed);
-    store.recordDownload(address(3), QString(), {}, {}); // 3 5 4 2 1 0
-    store.remove(store.entries()[1]); // 3 4 2 1 0
-    store.remove(store.entries()[3]); // 3 4 2 0
-    store.recordDownload(address(5), QString(), {}, {}); // 5 3 4 2 0
-    store.recordDownload(address(2), QString(), {}, {}); // 2 5 3 4 0
-    store.recordDownload(address(0), QString(), {}, {}); // 0 2 5 3 4
-
-    QStringList found;
-    for (const HistoryEntry &entry : store.entries())
-        found.append(u"%1x%2"_s.arg(entry.url.back()).arg(entry.downloadCount));
-    EXPECT_EQ(found.join(u' '), u"0x2 2x2 5x1 3x2 4x1"_s);
+    store.recordDownload(u"https://o.org/1"_s, {}, {}, {});
+    const HistoryEntry kept = store.entries()[0];
+    store.remove(store.entries()[1]); // which lies in the list that is being changed
+    EXPECT_EQ(store.entries(), QList{kept});
     EXPECT_EQ(reloaded(), store.entries());
-    EXPECT_EQ(changes.count(), 6);
+    EXPECT_EQ(changes.count(), 4);
 
     store.clear();
     EXPECT_TRUE(reloaded().isEmpty());
-    store.recordDownload(address(0), QString(), {}, {});
-    EXPECT_EQ(store.entries()[0].downloadCount, 1);
+    store.recordDownload(shortLink, {}, {}, {});
+    EXPECT_EQ(store.entries().value(0).downloadCount, 1);
 }
 
 } // namespace
