@@ -189,23 +189,6 @@ TEST_F(YtDlp, downloadReturnsTheLastPathExactlyAsPrinted)
     EXPECT_THROW(download("echo filepath:/x; exit 1"), ProcessRunner::ProcessError);
 }
 
-TEST_F(YtDlp, downloadReportsProgressWhileTheToolRunsAndCanBeStopped)
-{
-    std::stop_source source;
-    std::vector<DownloadProgress> reports;
-    const auto yt = service("echo '[download] Destination: x'\n"
-                            "echo '  50.0%||   1.20MiB/s||00:10'; exec sleep 30");
-    EXPECT_THROW(yt.download(
-                     address, folder(), OutputFormat::bestResolution, {},
-                     [&](const DownloadProgress &progress) {
-                         reports.push_back(progress);
-                         source.request_stop();
-                     },
-                     source.get_token()),
-                 CancellationError);
-    EXPECT_THAT(reports, ElementsAre(DownloadProgress{0.5, u"1.20MiB/s · 00:10"_s}));
-}
-
 TEST(SanitizeFilename, givesASafeStem)
 {
     const std::pair<QString, QString> cases[] = {

@@ -11,12 +11,18 @@ TEST_F(VerifiedDownloadTest, keepsTheFilmWhoseSoundIsSaved)
 {
     const QString film = u"Talk [id1].mp4"_s;
     const QString sound = u"Talk [id1].mp3"_s;
-    makeReady();
-    download();
-    // As the tool does where the page has no sound by itself; also when it fails.
-    for (const auto *end : {"", "echo half > \"${file%mp3}mp4\"\n", "exit 1\n"}) {
+    // As the tool does where the page has no sound by itself; also when it fails, and with a film
+    // that was taken off the list.
+    const std::pair<const char *, bool> cases[] = {
+        {"", true}, {"echo half > \"${file%mp3}mp4\"\n", true}, {"exit 1\n", true}, {"", false}};
+    for (const auto &[end, recorded] : cases) {
         SCOPED_TRACE(end);
-        QFile::remove(path(sound));
+        startOver();
+        fake.onDownload(FakeDownloader::defaultDownload());
+        makeReady(u"bestResolution"_s);
+        download();
+        if (!recorded)
+            fake.store.clear();
         fake.onDownload(u"rm \"${file%mp3}mp4\"\n"_s + FakeDownloader::defaultDownload() + u'\n'
                         + QString::fromLatin1(end));
         makeReady(u"audioMP3"_s);
