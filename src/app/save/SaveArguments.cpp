@@ -43,11 +43,16 @@ TrimRange parseRange(const QString &text)
 
 QString SaveArguments::usage()
 {
+    QStringList formats;
+    for (const OutputFormat format : allOutputFormats)
+        formats.append(rawValue(format));
+    const QString last = formats.takeLast();
     return u"Usage: clipwren save [--format FORMAT] [--trim START-END] [--title TEXT] ADDRESS\n"
            "\n"
-           "  --format FORMAT   bestResolution, macCompatible, proRes422 or audioMP3\n"
+           "  --format FORMAT   %1 or %2\n"
            "  --trim START-END  keep this range only; times as 12.5 or [h:]mm:ss[.s]\n"
-           "  --title TEXT      the file's title instead of the video's\n"_s;
+           "  --title TEXT      the file's title instead of the video's\n"_s.arg(
+               formats.join(u", "), last);
 }
 
 SaveArguments SaveArguments::parse(const QStringList &arguments)

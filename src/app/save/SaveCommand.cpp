@@ -34,8 +34,10 @@ void SaveCommand::start()
 {
     if (const auto sentence = missingTools(m_tools))
         return fail(*sentence);
-    if (m_arguments.trim && traits(m_view.outputFormat()).isAudioOnly)
-        return fail(u"Audio is saved whole: --trim does not go with audioMP3."_s, WrongUse);
+    const OutputFormatTraits &format = traits(m_view.outputFormat());
+    if (m_arguments.trim && format.isAudioOnly)
+        return fail(u"Audio is saved whole: --trim does not go with %1."_s.arg(format.rawValue),
+                    WrongUse);
     m_view.setUrlText(m_arguments.address);
     m_view.fetchInfo(false);
 }

@@ -162,18 +162,18 @@ VerifiedDownload::downloadAs(const std::optional<QString> &title,
     return {path, false};
 }
 
-/// For MP3, yt-dlp extracts the sound from an existing film of that name and deletes the film.
+/// Where only the sound is saved, yt-dlp converts an existing film of that name and deletes it.
 /// Protects such films; partial files of earlier attempts are not protected.
 std::list<KeptFile> VerifiedDownload::keptFilms(const std::optional<QString> &title,
                                                 const std::stop_token &stop) const
 {
     std::list<KeptFile> films;
-    if (format != OutputFormat::audioMP3)
+    if (!traits(format).isAudioOnly)
         return films;
     const QString siteTitle = info ? info->title.value_or(QString()) : QString();
     const QString start = (title ? fileStem(*title) : siteFileStem(siteTitle)) + u" ["_s;
     for (const QFileInfo &file : QDir(outputDirectory).entryInfoList(QDir::Files)) {
-        if (!file.fileName().startsWith(start) || file.suffix() == "mp3"_L1)
+        if (!file.fileName().startsWith(start) || file.suffix() == traits(format).extension)
             continue;
         const bool isOfEarlierAttempt =
             earlier.filesBefore && !earlier.filesBefore->contains(file.fileName());
