@@ -111,6 +111,7 @@ void Slider::requestPosition(int position)
     triggerAction(SliderMove);
 }
 
+/// Takes the position that is seen for the value.
 void Slider::settle()
 {
     setValue(sliderPosition());

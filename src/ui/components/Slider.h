@@ -23,7 +23,6 @@ public:
     /// For the arrow keys, and for Page Up and Page Down.
     void setSteps(double arrow, double page);
     void setLargestValue(double value);
-    double largestValue() const { return m_largest; }
     /// Shows a value, without signals.
     void showValue(double value);
 

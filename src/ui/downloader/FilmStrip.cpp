@@ -194,7 +194,7 @@ void FilmStrip::paintEvent(QPaintEvent *)
     paintBox(painter, rect(), radius, Qt::transparent, theme.color(Theme::Color::CardBorder));
 }
 
-// Taking the pictures
+// FilmStripLoader
 
 FilmStripLoader::FilmStripLoader(std::unique_ptr<MediaPlayer> player,
                                  std::chrono::milliseconds longestDrawing)

@@ -88,7 +88,7 @@ void PreviewPane::paintEvent(QPaintEvent *)
              theme.color(Theme::Color::CardBorder));
 }
 
-// The player
+// PreviewPlayerView
 
 PreviewPlayerView::PreviewPlayerView(PreviewPlayerController &controller, QWidget *parent)
     : QWidget(parent), m_controller(controller), m_pane(new PlayerPane({.radius = radius}))

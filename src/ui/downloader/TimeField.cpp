@@ -208,7 +208,7 @@ void TimeField::paintEvent(QPaintEvent *event)
     painter.drawLine(QPointF(left, line), QPointF(left + digits.width(), line));
 }
 
-// With its heading
+// TimeStat
 
 TimeStat::TimeStat(const QString &label, QWidget *parent)
     : QWidget(parent), m_label(label), m_time(new Label(Theme::TextStyle::Time))

@@ -7,8 +7,8 @@ namespace clipwren {
 /// A thin white slider for the bar over a video. Grows a knob under the pointer and while it has
 /// focus. A click jumps, and a drag goes on from there.
 ///
-/// The keys Up and Down, and keys with modifiers, are left to whom they are passed on to. With a
-/// largest value of 0 there is nothing to choose, and the slider is disabled.
+/// Ignores the keys Up and Down and keys with modifiers, which then reach the video. Disabled while
+/// the largest value is 0.
 class ThinSlider : public Slider {
     Q_OBJECT
 public:

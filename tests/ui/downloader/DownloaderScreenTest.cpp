@@ -285,7 +285,9 @@ TEST_F(DownloaderScreenTest, aNewLookupTakesAwayWhatWasSaidOfAnotherVideo)
     getReady();
     m_view.start();
     EXPECT_TRUE(reaches(m_view, Phase::ready));
-    settle();
+    m_fake.today = QDate(2024, 12, 1);
+    m_fake.toolEnvironment->readVersions();
+    EXPECT_TRUE(waitFor([&] { return texts().contains(u"4 months old"); }));
     click(u"View Logs"_s);
     EXPECT_TRUE(m_screen.findChild<LogDialog *>()->isVisible());
     m_fake.onLookup(waitForever);
