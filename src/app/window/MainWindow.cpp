@@ -3,7 +3,7 @@
 #include "app/window/AboutDialog.h"
 #include "app/window/WindowPlacement.h"
 #include "platform/media/PlayerModule.h"
-#include "ui/components/PlainText.h"
+#include "ui/components/TextLine.h"
 
 #include <QMenu>
 #include <QPaintEvent>

@@ -9,9 +9,10 @@
 namespace clipwren {
 
 Banner::Banner(QWidget *parent)
-    : Card(Theme::Color::OrangeFill, 10, parent), m_title(new Label(Theme::TextStyle::Strong)),
-      m_message(new Label(Theme::TextStyle::Callout)), m_row(new QHBoxLayout(this)),
-      m_dismiss(Button::iconOnly(u"xmark", tr("Dismiss")))
+    : Card(Theme::Color::OrangeFill, 10, parent),
+      m_title(new Label(Label::Mode::Paragraph, Theme::TextStyle::Strong)),
+      m_message(new Label(Label::Mode::Paragraph, Theme::TextStyle::Callout)),
+      m_row(new QHBoxLayout(this)), m_dismiss(Button::iconOnly(u"xmark", tr("Dismiss")))
 {
     auto *texts = new QVBoxLayout;
     texts->setSpacing(3);
@@ -19,8 +20,6 @@ Banner::Banner(QWidget *parent)
     texts->addWidget(m_title);
     texts->addWidget(m_message);
     m_title->hide();
-    m_title->setWordWrap(true);
-    m_message->setWordWrap(true);
     m_dismiss->setSize(Button::Size::Small);
     m_dismiss->hide();
 
@@ -44,7 +43,7 @@ void Banner::setTitle(const QString &title)
 
 void Banner::setMessage(const QString &message)
 {
-    m_message->setBreakableText(message);
+    m_message->setText(message);
     m_message->setColor(Theme::Color::Text);
     m_message->setSelectable(true);
 }

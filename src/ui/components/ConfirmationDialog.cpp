@@ -17,13 +17,13 @@ constexpr int margin = 20;
 
 ConfirmationDialog::ConfirmationDialog(const QString &title, const QString &confirm,
                                        QWidget *parent)
-    : QDialog(parent), m_message(new Label(Theme::TextStyle::Callout, Theme::Color::Secondary))
+    : QDialog(parent), m_message(new Label(Label::Mode::Paragraph, Theme::TextStyle::Callout,
+                                           Theme::Color::Secondary))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
     setWindowTitle(title);
 
-    m_message->setWordWrap(true);
     m_message->setFixedWidth(contentWidth);
     auto *cancel = new Button(Button::Style::Bordered, tr("Cancel"));
     auto *doIt = new Button(Button::Style::Prominent, confirm);

@@ -1,6 +1,6 @@
 #include "ui/components/Label.h"
 
-#include "ui/components/DigitText.h"
+#include "ui/components/TextLine.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -11,17 +11,22 @@
 #include <QRegularExpression>
 #include <QStyle>
 #include <QTextBoundaryFinder>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QChar breakPoint(0x200B); // zero width space
 constexpr int unbrokenLetters = 24;
-constexpr QChar firstOfOtherScripts(0x0370);
+/// Of a wrapped text: wide enough to read a few words in a row.
+constexpr int comfortableWidth = 320;
+constexpr int leastWidth = 40;
 
 /// Lets a line end behind each letter, as people see letters, of a run that has gone on for long
 /// without a place where it could end.
@@ -48,9 +53,14 @@ QString withBreakPoints(const QString &text)
 } // namespace
 
 Label::Label(Theme::TextStyle style, Theme::Color color, const QString &text, QWidget *parent)
-    : QLabel(text, parent), m_style(style), m_color(color)
+    : Label(Mode::Line, style, color, text, parent)
 {
-    setTextFormat(Qt::PlainText);
+}
+
+Label::Label(Mode mode, Theme::TextStyle style, Theme::Color color, const QString &text,
+             QWidget *parent)
+    : QLabel(parent), m_mode(mode), m_style(style), m_color(color), m_fullText(text)
+{
     // By default, links can be clicked.
     setTextInteractionFlags(Qt::NoTextInteraction);
     // Not that of wherever the label is put later.
@@ -58,6 +68,15 @@ Label::Label(Theme::TextStyle style, Theme::Color color, const QString &text, QW
     setFont(Theme::font(style));
     applyColor();
     connect(&Theme::current(), &Theme::changed, this, &Label::applyColor);
+    if (mode == Mode::Elided) {
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    } else if (mode == Mode::Paragraph) {
+        setWordWrap(true);
+    } else if (mode == Mode::Wrapped) {
+        // Not fixed: that would limit it to the height of its preferred width.
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    }
+    applyText();
 }
 
 void Label::setColor(Theme::Color color)
@@ -68,6 +87,13 @@ void Label::setColor(Theme::Color color)
     applyColor();
 }
 
+void Label::applyColor()
+{
+    QPalette colors = palette();
+    colors.setColor(foregroundRole(), Theme::current().color(m_color));
+    setPalette(colors);
+}
+
 void Label::setStyle(Theme::TextStyle style)
 {
     if (m_style == style)
@@ -76,20 +102,62 @@ void Label::setStyle(Theme::TextStyle style)
     setFont(Theme::font(style));
 }
 
-void Label::setMarkdown(const QString &text)
+void Label::setText(const QString &text)
 {
-    static const QRegularExpression bold(QStringLiteral("\\*\\*(.+?)\\*\\*"));
-    static const QRegularExpression italic(QStringLiteral("\\*(.+?)\\*"));
-    QString html = text.toHtmlEscaped();
-    html.replace(bold, QStringLiteral("<b>\\1</b>")).replace(italic, QStringLiteral("<i>\\1</i>"));
-    setTextFormat(Qt::RichText);
-    setText(html);
+    if (text == m_fullText && textFormat() == Qt::PlainText)
+        return;
+    m_fullText = text;
+    applyText();
 }
 
-void Label::setBreakableText(const QString &text)
+void Label::applyText()
 {
     setTextFormat(Qt::PlainText);
-    setText(withBreakPoints(text));
+    if (m_mode == Mode::Paragraph) {
+        QLabel::setText(withBreakPoints(m_fullText));
+        return;
+    }
+    if (m_mode == Mode::Elided) {
+        m_line = inOneLine(m_fullText);
+        m_overshoot = overshoot(m_line, font());
+        setAccessibleName(m_line);
+        // Where the texts around it start; a label by itself would go by its letters.
+        setAlignment(Qt::AlignAbsolute | Qt::AlignVCenter
+                     | (isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
+    } else {
+        QLabel::setText(m_fullText);
+        if (m_mode == Mode::Line)
+            return;
+        m_overshoot = overshoot(m_fullText, font());
+        m_lines.reset();
+    }
+    fitToWidth();
+    updateGeometry();
+}
+
+void Label::setMarkdown(const QString &text)
+{
+    static const QRegularExpression bold(u"\\*\\*(.+?)\\*\\*"_s);
+    static const QRegularExpression italic(u"\\*(.+?)\\*"_s);
+    QString html = text.toHtmlEscaped();
+    html.replace(bold, u"<b>\\1</b>"_s).replace(italic, u"<i>\\1</i>"_s);
+    m_fullText = text;
+    setTextFormat(Qt::RichText);
+    QLabel::setText(html);
+}
+
+void Label::setElideMode(Qt::TextElideMode mode)
+{
+    m_elideMode = mode;
+    fitToWidth();
+}
+
+void Label::setMaximumLines(int lines)
+{
+    m_maximumLines = lines;
+    m_lines.reset();
+    fitToWidth();
+    updateGeometry();
 }
 
 void Label::setSelectable(bool selectable)
@@ -98,20 +166,172 @@ void Label::setSelectable(bool selectable)
                                        : Qt::NoTextInteraction);
 }
 
-int Label::overshoot(const QString &text) const
+/// Shows as much of an elided text as fits, and a tool tip for what does not fit.
+void Label::fitToWidth()
 {
-    const bool isLatin =
-        std::all_of(text.begin(), text.end(), [](QChar c) { return c < firstOfOtherScripts; });
-    if (isLatin)
-        return 0;
-    const QFontMetricsF metrics(font());
-    const QRectF ink = metrics.tightBoundingRect(text);
-    const qreal reach = std::max(-ink.top() - metrics.ascent(), ink.bottom() - metrics.descent());
-    return std::max(0, static_cast<int>(std::ceil(reach)));
+    if (m_mode == Mode::Wrapped)
+        setToolTip(linesAt(width()).areCut ? plainToolTip(m_fullText) : QString());
+    if (m_mode != Mode::Elided)
+        return;
+    const int room = contentsRect().width();
+    QString shown = m_line;
+    if (std::ceil(widthOf(m_line)) > room)
+        shown = QFontMetricsF(font()).elidedText(m_line, m_elideMode, room);
+    if (shown == text())
+        return;
+    QLabel::setText(shown);
+    setToolTip(shown == m_line ? QString() : plainToolTip(m_line));
 }
 
+/// True when the digits are laid out by `DigitText`: one line that nobody can mark.
+bool Label::paintsDigits() const
+{
+    return Theme::hasMonospacedDigits(m_style) && textInteractionFlags() == Qt::NoTextInteraction
+        && (m_mode == Mode::Line || m_mode == Mode::Elided);
+}
+
+qreal Label::widthOf(const QString &text) const
+{
+    return paintsDigits() ? DigitText(text, font()).width()
+                          : QFontMetricsF(font()).horizontalAdvance(text);
+}
+
+QSize Label::sizeHint() const
+{
+    if (m_mode == Mode::Elided)
+        return {static_cast<int>(std::ceil(widthOf(m_line))), lineHeight()};
+    if (m_mode == Mode::Wrapped) {
+        const int whole = static_cast<int>(std::ceil(widthOf(m_fullText)));
+        const int width = std::min(whole, comfortableWidth);
+        return {width, heightForWidth(width)};
+    }
+    const QSize size = QLabel::sizeHint();
+    return paintsDigits() ? QSize(static_cast<int>(std::ceil(widthOf(text()))), size.height())
+                          : size;
+}
+
+QSize Label::minimumSizeHint() const
+{
+    if (m_mode == Mode::Elided) {
+        const auto ellipsis = QFontMetricsF(font()).horizontalAdvance(QChar(0x2026));
+        return {std::min(static_cast<int>(std::ceil(ellipsis)), sizeHint().width()), lineHeight()};
+    }
+    if (m_mode == Mode::Wrapped)
+        return {std::min(leastWidth, sizeHint().width()), lineHeight()};
+    return QLabel::minimumSizeHint();
+}
+
+bool Label::hasHeightForWidth() const
+{
+    return m_mode == Mode::Wrapped || QLabel::hasHeightForWidth();
+}
+
+int Label::heightForWidth(int width) const
+{
+    return m_mode == Mode::Wrapped ? static_cast<int>(linesAt(width).texts.size()) * lineHeight()
+                                   : QLabel::heightForWidth(width);
+}
+
+const Label::Lines &Label::linesAt(int width) const
+{
+    if (!m_lines || m_lines->width != width)
+        m_lines = laidOut(width);
+    return *m_lines;
+}
+
+Label::Lines Label::laidOut(int width) const
+{
+    Lines lines;
+    lines.width = width;
+    const bool isLimited = m_maximumLines > 0;
+    for (const QString &paragraph :
+         isLimited ? QStringList(m_fullText.simplified()) : m_fullText.split(u'\n')) {
+        QTextLayout layout(paragraph, font());
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(std::max(width, 1));
+            const int from = line.textStart();
+            const bool isLast = isLimited && lines.texts.size() + 1 == m_maximumLines;
+            if (isLast && from + line.textLength() < paragraph.size()) {
+                lines.texts << QFontMetricsF(font()).elidedText(paragraph.mid(from), Qt::ElideRight,
+                                                                width);
+                lines.areCut = true;
+                break;
+            }
+            lines.texts << paragraph.mid(from, line.textLength()).trimmed();
+        }
+        layout.endLayout();
+    }
+    return lines;
+}
+
+void Label::paintEvent(QPaintEvent *event)
+{
+    if (m_mode == Mode::Wrapped)
+        paintLines();
+    else if (paintsDigits())
+        paintDigits();
+    else
+        QLabel::paintEvent(event);
+}
+
+void Label::paintDigits()
+{
+    const DigitText digits(text(), font());
+    const QFontMetricsF metrics(font());
+    const QSize size(static_cast<int>(std::ceil(digits.width())), fontMetrics().height());
+    const QRect place = QStyle::alignedRect(layoutDirection(), alignment(), size, contentsRect());
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    digits.paint(painter, QPointF(place.x(), place.y() + metrics.ascent()));
+}
+
+void Label::paintLines()
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    const bool rightToLeft = m_fullText.isRightToLeft();
+    const bool isCentred = alignment().testFlag(Qt::AlignHCenter);
+    painter.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    const QFontMetricsF metrics(font());
+    const QStringList lines = linesAt(width()).texts;
+    double widest = 0;
+    for (const QString &line : lines)
+        widest = std::max(widest, metrics.horizontalAdvance(line));
+    const int top = (height() - static_cast<int>(lines.size()) * lineHeight()) / 2;
+    // By the base line, which a rectangle would lower for the letters of another font.
+    double baseLine = std::max(top, 0) + m_overshoot + metrics.ascent();
+    for (const QString &line : lines) {
+        const double spare = widest - metrics.horizontalAdvance(line);
+        const double left = (isCentred ? (width() - widest + spare) / 2 : rightToLeft ? spare : 0);
+        painter.drawText(QPointF(left, baseLine), line);
+        baseLine += lineHeight();
+    }
+}
+
+void Label::resizeEvent(QResizeEvent *event)
+{
+    QLabel::resizeEvent(event);
+    fitToWidth();
+}
+
+void Label::changeEvent(QEvent *event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange && textFormat() == Qt::PlainText)
+        applyText();
+}
+
+/// What copying takes: the marked part, but the whole text when it is cut.
 QString Label::copyText() const
 {
+    if (m_mode == Mode::Elided) {
+        const bool isPart = hasSelectedText() && selectedText() != text();
+        return isPart && text() == m_line ? selectedText() : m_fullText;
+    }
     QString copied = hasSelectedText() ? selectedText() : text();
     return copied.remove(breakPoint).replace(QChar::ParagraphSeparator, u'\n');
 }
@@ -143,42 +363,6 @@ void Label::contextMenuEvent(QContextMenuEvent *event)
     connect(menu->addAction(tr("Copy")), &QAction::triggered, this,
             [text = copyText()] { QGuiApplication::clipboard()->setText(text); });
     menu->popup(event->globalPos());
-}
-
-void Label::applyColor()
-{
-    QPalette colors = palette();
-    colors.setColor(foregroundRole(), Theme::current().color(m_color));
-    setPalette(colors);
-}
-
-bool Label::paintsDigits() const
-{
-    return Theme::hasMonospacedDigits(m_style) && textInteractionFlags() == Qt::NoTextInteraction
-        && !wordWrap();
-}
-
-QSize Label::sizeHint() const
-{
-    const QSize size = QLabel::sizeHint();
-    if (!paintsDigits())
-        return size;
-    return {static_cast<int>(std::ceil(DigitText(text(), font()).width())), size.height()};
-}
-
-void Label::paintEvent(QPaintEvent *event)
-{
-    if (!paintsDigits()) {
-        QLabel::paintEvent(event);
-        return;
-    }
-    const DigitText digits(text(), font());
-    const QFontMetricsF metrics(font());
-    const QSize size(static_cast<int>(std::ceil(digits.width())), fontMetrics().height());
-    const QRect place = QStyle::alignedRect(layoutDirection(), alignment(), size, contentsRect());
-    QPainter painter(this);
-    painter.setPen(palette().color(foregroundRole()));
-    digits.paint(painter, QPointF(place.x(), place.y() + metrics.ascent()));
 }
 
 } // namespace clipwren

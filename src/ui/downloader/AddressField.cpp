@@ -4,7 +4,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/FieldBox.h"
 #include "ui/components/IconView.h"
-#include "ui/components/WrappedLabel.h"
+#include "ui/components/Label.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QLineEdit>
@@ -71,7 +71,7 @@ QWidget *AddressField::makeFailure()
     row->setContentsMargins(0, failureGap, 0, 0);
     row->setSpacing(10);
     row->addWidget(new IconView(u"exclamationmark.triangle.fill", 16, Theme::Color::OrangeIcon));
-    m_failureText = new WrappedLabel(Theme::TextStyle::Caption);
+    m_failureText = new Label(Label::Mode::Wrapped, Theme::TextStyle::Caption);
     row->addWidget(m_failureText, 1);
 
     auto *tryAgain = new Button(Button::Style::Prominent, tr("Try Again"), u"arrow.clockwise");

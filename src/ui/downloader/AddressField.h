@@ -8,7 +8,7 @@ class Button;
 class DownloaderView;
 class FieldBox;
 class AnimatedHeight;
-class WrappedLabel;
+class Label;
 
 /// Takes the address of a video, and says below why a look-up failed.
 class AddressField : public QWidget {
@@ -31,7 +31,7 @@ private:
     Button *m_paste;
     QWidget *m_failure;
     AnimatedHeight *m_failureArea;
-    WrappedLabel *m_failureText;
+    Label *m_failureText;
     Button *m_viewLogs;
 };
 

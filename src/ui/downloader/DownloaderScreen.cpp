@@ -4,8 +4,8 @@
 #include "ui/components/AnimatedHeight.h"
 #include "ui/components/Banner.h"
 #include "ui/components/Button.h"
+#include "ui/components/Label.h"
 #include "ui/components/ScrollPane.h"
-#include "ui/components/WrappedLabel.h"
 #include "ui/downloader/AddressField.h"
 #include "ui/downloader/FormatSection.h"
 #include "ui/downloader/LogDialog.h"
@@ -121,7 +121,8 @@ QLayout *DownloaderScreen::makeHeader()
     header->setSpacing(6);
     header->addWidget(
         new Label(Theme::TextStyle::Title, Theme::Color::Text, tr("Download a video")));
-    auto *hint = new WrappedLabel(Theme::TextStyle::Callout, Theme::Color::Secondary);
+    auto *hint =
+        new Label(Label::Mode::Wrapped, Theme::TextStyle::Callout, Theme::Color::Secondary);
     hint->setText(tr("Paste a YouTube link. We'll fetch the video, you confirm it's the right "
                      "one, then pick a format."));
     header->addWidget(hint);

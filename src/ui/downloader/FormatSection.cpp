@@ -3,8 +3,8 @@
 #include "ui/components/AnimatedHeight.h"
 #include "ui/components/Banner.h"
 #include "ui/components/IconView.h"
+#include "ui/components/Label.h"
 #include "ui/components/Picker.h"
-#include "ui/components/WrappedLabel.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QVBoxLayout>
@@ -34,8 +34,8 @@ Icon iconOf(OutputFormat kind)
 
 FormatSection::FormatSection(DownloaderView &view, QWidget *parent)
     : QWidget(parent), m_view(view), m_icon(new IconView({}, 18, Theme::Color::Secondary)),
-      m_picker(new Picker),
-      m_subtitle(new WrappedLabel(Theme::TextStyle::Caption, Theme::Color::Secondary)),
+      m_picker(new Picker), m_subtitle(new Label(Label::Mode::Wrapped, Theme::TextStyle::Caption,
+                                                 Theme::Color::Secondary)),
       m_warning(new Banner)
 {
     connect(m_picker, &Picker::picked, &m_view, &DownloaderView::setOutputFormatRaw);

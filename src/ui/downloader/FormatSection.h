@@ -9,7 +9,7 @@ class DownloaderView;
 class AnimatedHeight;
 class IconView;
 class Picker;
-class WrappedLabel;
+class Label;
 
 /// Chooses the output format, and warns of one that common players do not open.
 class FormatSection : public QWidget {
@@ -23,7 +23,7 @@ private:
     DownloaderView &m_view;
     IconView *m_icon;
     Picker *m_picker;
-    WrappedLabel *m_subtitle;
+    Label *m_subtitle;
     Banner *m_warning;
     AnimatedHeight *m_details;
 };

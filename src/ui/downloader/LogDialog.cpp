@@ -3,7 +3,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
 #include "ui/components/Divider.h"
-#include "ui/components/ElidedLabel.h"
+#include "ui/components/Label.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -63,8 +63,9 @@ QWidget *LogDialog::makeHeader(const QString &log)
     auto *row = new QHBoxLayout(header);
     row->setContentsMargins(16, 12, 16, 12);
     row->setSpacing(8);
-    row->addWidget(
-        new ElidedLabel(Theme::TextStyle::Subheadline, Theme::Color::Text, windowTitle()), 1);
+    row->addWidget(new Label(Label::Mode::Elided, Theme::TextStyle::Subheadline, Theme::Color::Text,
+                             windowTitle()),
+                   1);
     row->addWidget(copyButton);
     row->addWidget(doneButton);
     connect(copyButton, &Button::clicked, this,

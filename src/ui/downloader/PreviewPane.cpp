@@ -1,9 +1,9 @@
 #include "ui/downloader/PreviewPane.h"
 
 #include "ui/components/IconView.h"
+#include "ui/components/Label.h"
 #include "ui/components/Painting.h"
 #include "ui/components/Spinner.h"
-#include "ui/components/WrappedLabel.h"
 #include "ui/player/PlayerPane.h"
 #include "workflow/download/DownloaderView.h"
 #include "workflow/preview/PreviewPlayerController.h"
@@ -40,7 +40,8 @@ PreviewPane::PreviewPane(DownloaderView &view, QWidget *parent)
     : QWidget(parent), m_view(view), m_pages(new QStackedLayout(this)),
       m_nothing(centredPage({new IconView(u"play.rectangle", 28, Theme::Color::OnVideoSecondary)})),
       m_loading(makeLoading()),
-      m_failureText(new WrappedLabel(Theme::TextStyle::Caption, Theme::Color::OnVideoSecondary)),
+      m_failureText(new Label(Label::Mode::Wrapped, Theme::TextStyle::Caption,
+                              Theme::Color::OnVideoSecondary)),
       m_failure(makeFailure()), m_player(new PreviewPlayerView(m_view.preview()))
 {
     setFixedHeight(paneHeight);

@@ -10,7 +10,7 @@ namespace clipwren {
 class DownloaderView;
 class PlayerPane;
 class PreviewPlayerController;
-class WrappedLabel;
+class Label;
 
 /// Shows the player of a preview, with controls.
 ///
@@ -55,7 +55,7 @@ private:
     QStackedLayout *m_pages;
     QWidget *m_nothing;
     QWidget *m_loading;
-    WrappedLabel *m_failureText;
+    Label *m_failureText;
     QWidget *m_failure;
     PreviewPlayerView *m_player;
 };

@@ -2,8 +2,8 @@
 
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
-#include "ui/components/ElidedLabel.h"
 #include "ui/components/IconView.h"
+#include "ui/components/Label.h"
 #include "ui/components/LinearProgress.h"
 #include "workflow/download/DownloaderView.h"
 
@@ -35,10 +35,11 @@ QString shortPath(const QString &path)
 } // namespace
 
 ProgressSection::ProgressSection(DownloaderView &view, QWidget *parent)
-    : QWidget(parent), m_view(view), m_heading(new ElidedLabel(Theme::TextStyle::Emphasis)),
+    : QWidget(parent), m_view(view),
+      m_heading(new Label(Label::Mode::Elided, Theme::TextStyle::Emphasis)),
       m_percentage(new Label(Theme::TextStyle::BodyDigits, Theme::Color::Secondary)),
       m_bar(new LinearProgress),
-      m_status(new ElidedLabel(Theme::TextStyle::Caption, Theme::Color::Secondary))
+      m_status(new Label(Label::Mode::Elided, Theme::TextStyle::Caption, Theme::Color::Secondary))
 {
     auto *top = new QHBoxLayout;
     top->addWidget(m_heading, 1);
@@ -63,25 +64,24 @@ ProgressSection::ProgressSection(DownloaderView &view, QWidget *parent)
 
 void ProgressSection::render()
 {
-    m_heading->setFullText(m_view.phaseLabel());
+    m_heading->setText(m_view.phaseLabel());
     const DownloadProgress &progress = m_view.progress();
     m_percentage->setText(percentage(progress.fraction));
     m_bar->setFraction(progress.fraction);
-    m_status->setFullText(progress.status);
+    m_status->setText(progress.status);
 }
 
 QWidget *makeSuccessCard(DownloaderView &view, const QString &downloadFolder,
                          std::function<void()> reveal)
 {
     auto *card = new Card;
-    auto *place =
-        new ElidedLabel(Theme::TextStyle::Caption, Theme::Color::Secondary,
-                        ProgressSection::tr("Saved to %1").arg(shortPath(downloadFolder)));
+    auto *place = new Label(Label::Mode::Elided, Theme::TextStyle::Caption, Theme::Color::Secondary,
+                            ProgressSection::tr("Saved to %1").arg(shortPath(downloadFolder)));
     place->setElideMode(Qt::ElideMiddle);
     auto *texts = new QVBoxLayout;
     texts->setSpacing(2);
-    texts->addWidget(new ElidedLabel(Theme::TextStyle::Strong, Theme::Color::Text,
-                                     ProgressSection::tr("Download complete")));
+    texts->addWidget(new Label(Label::Mode::Elided, Theme::TextStyle::Strong, Theme::Color::Text,
+                               ProgressSection::tr("Download complete")));
     texts->addWidget(place);
 
     auto *revealButton =

@@ -7,7 +7,6 @@
 namespace clipwren {
 
 class DownloaderView;
-class ElidedLabel;
 class Label;
 class LinearProgress;
 
@@ -21,10 +20,10 @@ public:
 
 private:
     DownloaderView &m_view;
-    ElidedLabel *m_heading;
+    Label *m_heading;
     Label *m_percentage;
     LinearProgress *m_bar;
-    ElidedLabel *m_status;
+    Label *m_status;
 };
 
 /// Says that the file is saved, and where. `reveal` opens the folder.

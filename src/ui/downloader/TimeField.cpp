@@ -1,9 +1,9 @@
 #include "ui/downloader/TimeField.h"
 
 #include "core/text/Duration.h"
-#include "ui/components/DigitText.h"
 #include "ui/components/FocusRing.h"
 #include "ui/components/Label.h"
+#include "ui/components/TextLine.h"
 #include "ui/components/Theme.h"
 
 #include <QKeyEvent>

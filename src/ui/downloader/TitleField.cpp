@@ -1,9 +1,9 @@
 #include "ui/downloader/TitleField.h"
 
 #include "ui/components/Button.h"
-#include "ui/components/ElidedLabel.h"
 #include "ui/components/FieldBox.h"
 #include "ui/components/IconView.h"
+#include "ui/components/Label.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QLineEdit>
@@ -17,7 +17,7 @@ TitleField::TitleField(DownloaderView &view, QWidget *parent)
     : QWidget(parent), m_view(view), m_box(new FieldBox({}, tr("Save as"))),
       m_reset(Button::iconOnly(u"arrow.uturn.backward.circle",
                                tr("Reset to the video's original title"))),
-      m_fileName(new ElidedLabel(Theme::TextStyle::Caption, Theme::Color::Secondary))
+      m_fileName(new Label(Label::Mode::Elided, Theme::TextStyle::Caption, Theme::Color::Secondary))
 {
     m_box->lineEdit()->setPlaceholderText(tr("Filename"));
     connect(m_box->lineEdit(), &QLineEdit::textEdited, &m_view, &DownloaderView::setCustomTitle);
@@ -29,8 +29,9 @@ TitleField::TitleField(DownloaderView &view, QWidget *parent)
     auto *caption = new QHBoxLayout;
     caption->setSpacing(6);
     caption->addWidget(new IconView(u"textformat", 14, Theme::Color::Secondary));
-    caption->addWidget(
-        new ElidedLabel(Theme::TextStyle::Caption, Theme::Color::Secondary, tr("Save as")), 1);
+    caption->addWidget(new Label(Label::Mode::Elided, Theme::TextStyle::Caption,
+                                 Theme::Color::Secondary, tr("Save as")),
+                       1);
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -58,7 +59,7 @@ void TitleField::render()
     if (isOriginal && m_reset->hasFocus())
         field->setFocus();
     m_reset->setEnabled(!isOriginal);
-    m_fileName->setFullText(tr("Final file: ") + m_view.filenamePreview());
+    m_fileName->setText(tr("Final file: ") + m_view.filenamePreview());
 }
 
 } // namespace clipwren

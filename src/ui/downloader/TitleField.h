@@ -6,7 +6,7 @@ namespace clipwren {
 
 class Button;
 class DownloaderView;
-class ElidedLabel;
+class Label;
 class FieldBox;
 
 /// Takes the title under which the file is saved, and shows the name that it gets.
@@ -21,7 +21,7 @@ private:
     DownloaderView &m_view;
     FieldBox *m_box;
     Button *m_reset;
-    ElidedLabel *m_fileName;
+    Label *m_fileName;
 };
 
 } // namespace clipwren

@@ -4,11 +4,10 @@
 #include "ui/components/AnimatedHeight.h"
 #include "ui/components/Button.h"
 #include "ui/components/Divider.h"
-#include "ui/components/ElidedLabel.h"
 #include "ui/components/IconView.h"
+#include "ui/components/Label.h"
 #include "ui/components/Spinner.h"
 #include "ui/components/ThumbnailView.h"
-#include "ui/components/WrappedLabel.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QHBoxLayout>
@@ -46,7 +45,7 @@ QWidget *factRow(Icon icon, Label *text)
 
 FetchingCard::FetchingCard(DownloaderView &view, QWidget *parent)
     : Card(parent), m_view(view),
-      m_status(new ElidedLabel(Theme::TextStyle::Caption, Theme::Color::Secondary))
+      m_status(new Label(Label::Mode::Elided, Theme::TextStyle::Caption, Theme::Color::Secondary))
 {
     auto *statusBox = new QWidget;
     auto *statusColumn = new QVBoxLayout(statusBox);
@@ -57,8 +56,8 @@ FetchingCard::FetchingCard(DownloaderView &view, QWidget *parent)
     auto *texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addStretch(1);
-    texts->addWidget(
-        new ElidedLabel(Theme::TextStyle::Label, Theme::Color::Text, tr("Looking up video…")));
+    texts->addWidget(new Label(Label::Mode::Elided, Theme::TextStyle::Label, Theme::Color::Text,
+                               tr("Looking up video…")));
     texts->addWidget(m_statusArea);
     texts->addStretch(1);
     auto *cancel = new Button(Button::Style::Bordered, tr("Cancel"));
@@ -76,7 +75,7 @@ void FetchingCard::render()
 {
     const QString status = m_view.fetchStatus();
     if (status != m_status->fullText())
-        m_statusArea->change(statusSpring, [&] { m_status->setFullText(status); });
+        m_statusArea->change(statusSpring, [&] { m_status->setText(status); });
 }
 
 ConfirmationCard::ConfirmationCard(DownloaderView &view, QWidget *parent)
@@ -95,8 +94,8 @@ ConfirmationCard::ConfirmationCard(DownloaderView &view, QWidget *parent)
     connect(m_continue, &Button::clicked, &m_view, &DownloaderView::confirm);
     auto *bottom = new QHBoxLayout;
     bottom->setSpacing(8);
-    bottom->addWidget(new ElidedLabel(Theme::TextStyle::Callout, Theme::Color::Secondary,
-                                      tr("Is this the right video?")),
+    bottom->addWidget(new Label(Label::Mode::Elided, Theme::TextStyle::Callout,
+                                Theme::Color::Secondary, tr("Is this the right video?")),
                       1);
     bottom->addWidget(reject);
     bottom->addWidget(m_continue);
@@ -111,8 +110,9 @@ ConfirmationCard::ConfirmationCard(DownloaderView &view, QWidget *parent)
 
 QVBoxLayout *ConfirmationCard::makeFacts()
 {
-    m_title = new WrappedLabel(Theme::TextStyle::Headline, Theme::Color::Text, 3);
-    m_uploader = new ElidedLabel(Theme::TextStyle::Caption, Theme::Color::Secondary);
+    m_title = new Label(Label::Mode::Wrapped, Theme::TextStyle::Headline, Theme::Color::Text);
+    m_title->setMaximumLines(3);
+    m_uploader = new Label(Label::Mode::Elided, Theme::TextStyle::Caption, Theme::Color::Secondary);
     m_uploaderRow = factRow(u"person.circle", m_uploader);
     m_duration = new Label(Theme::TextStyle::CaptionDigits, Theme::Color::Secondary);
     m_durationRow = factRow(u"clock", m_duration);
@@ -130,7 +130,7 @@ void ConfirmationCard::render()
     const VideoInfo info = m_view.info().value_or(VideoInfo());
     m_thumbnail->setUrlString(info.thumbnail);
     m_title->setText(info.title.value_or(QString()));
-    m_uploader->setFullText(info.uploader.value_or(QString()));
+    m_uploader->setText(info.uploader.value_or(QString()));
     m_uploaderRow->setVisible(info.uploader.has_value());
     m_duration->setText(info.duration ? formatDuration(*info.duration) : QString());
     m_durationRow->setVisible(info.duration.has_value());
@@ -138,11 +138,12 @@ void ConfirmationCard::render()
 
 VideoSummary::VideoSummary(DownloaderView &view, QWidget *parent)
     : Card(parent), m_view(view), m_thumbnail(new ThumbnailView),
-      m_title(new WrappedLabel(Theme::TextStyle::Subheadline, Theme::Color::Text, 2)),
+      m_title(new Label(Label::Mode::Wrapped, Theme::TextStyle::Subheadline, Theme::Color::Text)),
       m_duration(new Label(Theme::TextStyle::CaptionDigits, Theme::Color::Secondary))
 {
     constexpr int padding = 12;
     m_thumbnail->setFixedSize(120, 68);
+    m_title->setMaximumLines(2);
     auto *texts = new QVBoxLayout;
     texts->setSpacing(4);
     texts->addStretch(1);

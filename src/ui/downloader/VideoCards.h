@@ -8,11 +8,9 @@ namespace clipwren {
 
 class Button;
 class DownloaderView;
-class ElidedLabel;
-class AnimatedHeight;
 class Label;
+class AnimatedHeight;
 class ThumbnailView;
-class WrappedLabel;
 
 /// Says that a video is being looked up, and what the tool does for it.
 class FetchingCard : public Card {
@@ -24,7 +22,7 @@ public:
 
 private:
     DownloaderView &m_view;
-    ElidedLabel *m_status;
+    Label *m_status;
     AnimatedHeight *m_statusArea;
 };
 
@@ -43,9 +41,9 @@ private:
 
     DownloaderView &m_view;
     ThumbnailView *m_thumbnail;
-    WrappedLabel *m_title;
+    Label *m_title;
     QWidget *m_uploaderRow;
-    ElidedLabel *m_uploader;
+    Label *m_uploader;
     QWidget *m_durationRow;
     Label *m_duration;
     Button *m_continue;
@@ -62,7 +60,7 @@ public:
 private:
     DownloaderView &m_view;
     ThumbnailView *m_thumbnail;
-    WrappedLabel *m_title;
+    Label *m_title;
     Label *m_duration;
 };
 

@@ -2,10 +2,10 @@
 
 #include "core/text/Duration.h"
 #include "ui/components/Button.h"
-#include "ui/components/DigitText.h"
 #include "ui/components/FocusRing.h"
 #include "ui/components/Label.h"
 #include "ui/components/Painting.h"
+#include "ui/components/TextLine.h"
 #include "ui/player/ThinSlider.h"
 
 #include <QApplication>

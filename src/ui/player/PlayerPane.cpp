@@ -47,7 +47,8 @@ bool isOurKey(int key)
 
 PlayerPane::PlayerPane(const Options &options, QWidget *parent)
     : QWidget(parent), m_options(options),
-      m_failureText(new Label(Theme::TextStyle::Callout, Theme::Color::OnVideoSecondary)),
+      m_failureText(new Label(Label::Mode::Paragraph, Theme::TextStyle::Callout,
+                              Theme::Color::OnVideoSecondary)),
       m_failure(makeFailure()), m_controls(new PlayerControls(options.fullScreen, this))
 {
     setMouseTracking(true);
@@ -75,7 +76,6 @@ QWidget *PlayerPane::makeFailure()
     auto *const failure = new QWidget(this);
     failure->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_failureText->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    m_failureText->setWordWrap(true);
     auto *const column = new QVBoxLayout(failure);
     column->setContentsMargins(failureMargin, failureMargin, failureMargin, failureMargin);
     column->setSpacing(8);

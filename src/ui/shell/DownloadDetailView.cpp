@@ -7,8 +7,8 @@
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
-#include "ui/components/ElidedLabel.h"
 #include "ui/components/IconView.h"
+#include "ui/components/Label.h"
 #include "ui/components/ScrollPane.h"
 #include "ui/player/SafeVideoPlayer.h"
 #include "ui/shell/InformationBox.h"
@@ -47,13 +47,16 @@ DownloadDetailView::DownloadDetailView(const DownloadRecord &record, const ToolE
     : DetailScreen(parent), m_record(record), m_tools(tools), m_desktop(desktop),
       m_makePlayer(std::move(makePlayer)), m_reveal(Button::iconOnly(u"folder", tr("Reveal"))),
       m_open(Button::iconOnly(u"play.fill", tr("Open"))),
-      m_title(new Label(Theme::TextStyle::Heading)),
-      m_address(new ElidedLabel(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary)),
+      m_title(new Label(Label::Mode::Paragraph, Theme::TextStyle::Heading)),
+      m_address(new Label(Label::Mode::Elided, Theme::TextStyle::MonospacedCaption,
+                          Theme::Color::Secondary)),
       m_media(blocks(0)), m_missing(missingPlaceholder()), m_pill(new Pill),
       m_facts(new InformationBox),
-      m_folder(new ElidedLabel(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary)),
+      m_folder(new Label(Label::Mode::Elided, Theme::TextStyle::MonospacedCaption,
+                         Theme::Color::Secondary)),
       m_revealFolder(Button::iconOnly(u"folder", tr("Reveal in Finder"))),
-      m_error(new Label(Theme::TextStyle::Caption, Theme::Color::OrangeText))
+      m_error(
+          new Label(Label::Mode::Paragraph, Theme::TextStyle::Caption, Theme::Color::OrangeText))
 {
     auto *all = blocks(0);
     m_pane = new ScrollPane(makeColumn(), columnWidth);
@@ -91,12 +94,10 @@ void DownloadDetailView::setRecord(const DownloadRecord &record)
 
 QWidget *DownloadDetailView::makeColumn()
 {
-    for (Label *label : {m_title, static_cast<Label *>(m_address), static_cast<Label *>(m_folder)})
+    for (Label *label : {m_title, m_address, m_folder})
         label->setSelectable(true);
-    m_title->setWordWrap(true);
     m_address->setElideMode(Qt::ElideMiddle);
     m_folder->setElideMode(Qt::ElideMiddle);
-    m_error->setWordWrap(true);
     m_error->setSelectable(true);
     m_revealFolder->setSize(Button::Size::Small);
 
@@ -231,12 +232,12 @@ void DownloadDetailView::runInspection()
 void DownloadDetailView::render()
 {
     setAccessibleName(m_record.title);
-    m_title->setBreakableText(m_record.title);
+    m_title->setText(m_record.title);
     // Flush at its right, but not far from what is below it.
     m_title->setMaximumWidth(m_record.title.isRightToLeft()
                                  ? m_title->fontMetrics().horizontalAdvance(m_title->text()) + 1
                                  : QWIDGETSIZE_MAX);
-    m_address->setFullText(m_record.sourceURL);
+    m_address->setText(m_record.sourceURL);
     renderPlayer();
 
     const auto verdict = m_inspection ? compatVerdict(*m_inspection) : std::nullopt;
@@ -244,8 +245,8 @@ void DownloadDetailView::render()
         m_pill->display(verdict->tone, verdict->icon, verdict->text);
     m_pill->setVisible(verdict.has_value());
     m_facts->setFacts(recordFacts(m_record, m_inspection));
-    m_folder->setFullText(QFileInfo(m_record.filePath).path());
-    m_error->setBreakableText(m_inspectError);
+    m_folder->setText(QFileInfo(m_record.filePath).path());
+    m_error->setText(m_inspectError);
     m_error->setVisible(!m_inspectError.isEmpty());
     for (Button *button : {m_reveal.data(), m_open.data(), m_revealFolder}) {
         if (button)

@@ -13,9 +13,8 @@ class QVBoxLayout;
 namespace clipwren {
 
 class Desktop;
-class ElidedLabel;
-class InformationBox;
 class Label;
+class InformationBox;
 class Pill;
 class ScrollPane;
 class SafeVideoPlayer;
@@ -74,13 +73,13 @@ private:
     QPointer<Button> m_open;
     ScrollPane *m_pane;
     Label *m_title;
-    ElidedLabel *m_address;
+    Label *m_address;
     QVBoxLayout *m_media; // holds the player or the placeholder
     SafeVideoPlayer *m_player = nullptr;
     QWidget *m_missing;
     Pill *m_pill;
     InformationBox *m_facts;
-    ElidedLabel *m_folder;
+    Label *m_folder;
     Button *m_revealFolder;
     Label *m_error;
 };

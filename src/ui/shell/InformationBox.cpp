@@ -1,7 +1,7 @@
 #include "ui/shell/InformationBox.h"
 
 #include "ui/components/Divider.h"
-#include "ui/components/ElidedLabel.h"
+#include "ui/components/Label.h"
 
 #include <QHBoxLayout>
 
@@ -41,13 +41,14 @@ public:
 
 private:
     Label *m_label;
-    ElidedLabel *m_value;
+    Label *m_value;
     QVBoxLayout *m_valuePlace;
 };
 
 InformationRow::InformationRow()
     : m_label(new Label(Theme::TextStyle::Callout, Theme::Color::Secondary)),
-      m_value(new ElidedLabel(Theme::TextStyle::BodyDigits)), m_valuePlace(new QVBoxLayout)
+      m_value(new Label(Label::Mode::Elided, Theme::TextStyle::BodyDigits)),
+      m_valuePlace(new QVBoxLayout)
 {
     m_label->setFixedWidth(labelWidth);
     m_value->setElideMode(Qt::ElideMiddle);
@@ -72,7 +73,7 @@ void InformationRow::display(const RecordFact &fact)
 {
     m_label->setText(fact.label);
     m_value->setStyle(valueStyle(fact));
-    m_value->setFullText(fact.value);
+    m_value->setText(fact.value);
     m_value->setAccessibleDescription(fact.label);
 
     // Rows are read across: label and value stand on one line.

@@ -1,7 +1,7 @@
 #include "ui/shell/LibraryDelegate.h"
 
 #include "ui/components/Painting.h"
-#include "ui/components/PlainText.h"
+#include "ui/components/TextLine.h"
 #include "ui/components/Theme.h"
 #include "ui/shell/LibraryListModel.h"
 #include "ui/shell/LibraryListView.h"

@@ -4,7 +4,7 @@
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
 #include "ui/components/Divider.h"
-#include "ui/components/ElidedLabel.h"
+#include "ui/components/Label.h"
 #include "ui/components/Menu.h"
 #include "ui/components/PassFocus.h"
 #include "ui/shell/LibraryDelegate.h"
@@ -201,7 +201,8 @@ QString RecentList::clearMessage() const
 }
 
 UndoLine::UndoLine(std::chrono::milliseconds duration, QWidget *parent)
-    : QWidget(parent), m_text(new ElidedLabel(Theme::TextStyle::Callout, Theme::Color::Secondary)),
+    : QWidget(parent),
+      m_text(new Label(Label::Mode::Elided, Theme::TextStyle::Callout, Theme::Color::Secondary)),
       m_undo(new Button(Button::Style::Borderless, tr("Undo")))
 {
     m_text->setElideMode(Qt::ElideMiddle);
@@ -231,7 +232,7 @@ UndoLine::UndoLine(std::chrono::milliseconds duration, QWidget *parent)
 
 void UndoLine::offer(const QString &title)
 {
-    m_text->setFullText(tr("Removed “%1”").arg(title));
+    m_text->setText(tr("Removed “%1”").arg(title));
     m_timer.start();
     show();
 }

@@ -13,7 +13,7 @@ namespace clipwren {
 
 class Button;
 class Desktop;
-class ElidedLabel;
+class Label;
 class LibraryListView;
 class Menu;
 class Reencoder;
@@ -39,7 +39,7 @@ Q_SIGNALS:
 private:
     void expire();
 
-    ElidedLabel *m_text;
+    Label *m_text;
     Button *m_undo;
     QTimer m_timer;
 };

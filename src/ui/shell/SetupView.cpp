@@ -5,7 +5,6 @@
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
 #include "ui/components/Divider.h"
-#include "ui/components/ElidedLabel.h"
 #include "ui/components/IconView.h"
 #include "ui/components/Label.h"
 #include "ui/components/ScrollPane.h"
@@ -46,13 +45,14 @@ public:
 
 private:
     IconView *m_icon;
-    ElidedLabel *m_path;
+    Label *m_path;
     Label *m_version;
 };
 
 SetupView::StatusRow::StatusRow(const QString &name)
     : m_icon(new IconView(u"circle.dashed", 18, Theme::Color::Secondary)),
-      m_path(new ElidedLabel(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary)),
+      m_path(new Label(Label::Mode::Elided, Theme::TextStyle::MonospacedCaption,
+                       Theme::Color::Secondary)),
       m_version(new Label(Theme::TextStyle::CaptionDigits, Theme::Color::Tertiary))
 {
     m_path->setElideMode(Qt::ElideMiddle);
@@ -75,7 +75,7 @@ void SetupView::StatusRow::display(const std::optional<QString> &found,
 {
     m_icon->setIcon(found ? Icon(u"checkmark.circle.fill") : Icon(u"circle.dashed"));
     m_icon->setColor(found ? Theme::Color::Green : Theme::Color::Secondary);
-    m_path->setFullText(found.value_or(SetupView::tr("Not installed")));
+    m_path->setText(found.value_or(SetupView::tr("Not installed")));
     m_version->setText(version.value_or(QString()));
     m_version->setVisible(version.has_value());
 }
@@ -98,10 +98,10 @@ SetupView::SetupView(ToolEnvironment &tools, Desktop &desktop, QWidget *parent)
 
 QWidget *SetupView::makeStack()
 {
-    auto *explanation = new Label(Theme::TextStyle::Callout, Theme::Color::Secondary);
+    auto *explanation =
+        new Label(Label::Mode::Paragraph, Theme::TextStyle::Callout, Theme::Color::Secondary);
     explanation->setMarkdown(tr("Clipwren uses **yt-dlp** to download and **ffmpeg** to trim. "
                                 "Install them from Homebrew, then click *Re-check*."));
-    explanation->setWordWrap(true);
     explanation->setAlignment(Qt::AlignHCenter);
     constexpr int inset = (blockWidth - explanationWidth) / 2;
     explanation->setContentsMargins(inset, 0, inset, 0);

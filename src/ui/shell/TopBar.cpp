@@ -2,7 +2,7 @@
 
 #include "ui/components/Button.h"
 #include "ui/components/DetailScreen.h"
-#include "ui/components/ElidedLabel.h"
+#include "ui/components/Label.h"
 
 #include <QHBoxLayout>
 #include <QMenu>
@@ -17,7 +17,8 @@ constexpr int barHeight = 52;
 
 TopBar::TopBar(QMenu &menu, QWidget *parent)
     : QWidget(parent), m_sidebar(Button::iconOnly(u"sidebar.left", tr("Show or Hide Sidebar"))),
-      m_title(new ElidedLabel(Theme::TextStyle::BarTitle)), m_buttons(new QHBoxLayout)
+      m_title(new Label(Label::Mode::Elided, Theme::TextStyle::BarTitle)),
+      m_buttons(new QHBoxLayout)
 {
     setFixedHeight(barHeight);
     connect(m_sidebar, &Button::clicked, this, &TopBar::sidebarToggled);
@@ -53,10 +54,10 @@ void TopBar::setScreen(DetailScreen *screen)
     }
     m_screen = screen;
     if (!screen) {
-        m_title->setFullText({});
+        m_title->setText({});
         return;
     }
-    const auto showTitle = [this] { m_title->setFullText(m_screen->barTitle()); };
+    const auto showTitle = [this] { m_title->setText(m_screen->barTitle()); };
     connect(screen, &DetailScreen::barTitleChanged, this, showTitle);
     showTitle();
     QWidget *before = m_sidebar;

@@ -10,7 +10,7 @@ namespace clipwren {
 
 class Button;
 class DetailScreen;
-class ElidedLabel;
+class Label;
 
 /// The bar above the detail pane: the button for the sidebar, the screen's title and buttons, and
 /// the application's menu.
@@ -33,7 +33,7 @@ protected:
 private:
     QPointer<DetailScreen> m_screen;
     Button *m_sidebar;
-    ElidedLabel *m_title;
+    Label *m_title;
     QHBoxLayout *m_buttons;
 };
 

@@ -1,7 +1,6 @@
+#include "ui/components/Label.h"
+
 #include "support/Printing.h"
-#include "ui/components/DigitText.h"
-#include "ui/components/ElidedLabel.h"
-#include "ui/components/WrappedLabel.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -18,7 +17,7 @@ const auto longText = u"/home/somebody/Movies/Clipwren/Building a tide clock.mp4
 
 struct ElidedLabelTest : testing::Test {
     QWidget window;
-    ElidedLabel label{Theme::TextStyle::Body, Theme::Color::Text, longText, &window};
+    Label label{Label::Mode::Elided, Theme::TextStyle::Body, Theme::Color::Text, longText, &window};
 
     ElidedLabelTest()
     {
@@ -54,7 +53,7 @@ TEST_F(ElidedLabelTest, cutsOnlyWhatDoesNotFitAndKeepsTheWholeForToolTipNameAndC
 
 TEST_F(ElidedLabelTest, takesNothingForMarkupAndLineBreaksForSpaces)
 {
-    label.setFullText(u"<img src='file:///etc/passwd'>\nsecond line"_s);
+    label.setText(u"<img src='file:///etc/passwd'>\nsecond line"_s);
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
     EXPECT_FALSE(label.toolTip().contains(u"<img"));
     label.resize(label.sizeHint());
@@ -64,7 +63,7 @@ TEST_F(ElidedLabelTest, takesNothingForMarkupAndLineBreaksForSpaces)
 TEST_F(ElidedLabelTest, keepsTheBlanksOfANameAndItsBreaksForCopies)
 {
     const auto name = u" A  talk\t(part   1)\r\nend\u2028.mp4 "_s;
-    label.setFullText(name);
+    label.setText(name);
     EXPECT_TRUE(label.toolTip().contains(u" A  talk (part   1) end .mp4 "_s));
     EXPECT_TRUE(label.toolTip().contains(u"pre-wrap"_s));
     label.resize(label.sizeHint());
@@ -77,12 +76,12 @@ TEST_F(ElidedLabelTest, givesOtherScriptsTheirSideAndTheirHeight)
 {
     const auto hebrew = u"\u05E9\u05E2\u05D5\u05DF"_s;
     const auto arabic = u"\u0633\u0627\u0639\u0629 \u062C\u064A"_s;
-    label.setFullText(hebrew);
+    label.setText(hebrew);
     // On the side where its picture stands.
     EXPECT_EQ(label.alignment(), Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter);
 
     // Their letters come from another font and reach below its line.
-    label.setFullText(arabic);
+    label.setText(arabic);
     const QFontMetricsF metrics(label.font());
     const QRectF ink = metrics.tightBoundingRect(arabic);
     EXPECT_GE(label.sizeHint().height() / 2.0,
@@ -91,8 +90,9 @@ TEST_F(ElidedLabelTest, givesOtherScriptsTheirSideAndTheirHeight)
 
 TEST(WrappedLabelTest, breaksLongWordsAndEndsInAnEllipsis)
 {
-    WrappedLabel label(Theme::TextStyle::Caption, Theme::Color::Text, 2);
-    label.setText(QString(300, u'w'));
+    Label label(Label::Mode::Wrapped, Theme::TextStyle::Caption, Theme::Color::Text,
+                QString(300, u'w'));
+    label.setMaximumLines(2);
     EXPECT_LE(label.minimumSizeHint().width(), 40);
     EXPECT_EQ(label.heightForWidth(200), 2 * label.fontMetrics().height());
     label.resize(200, 50);
@@ -106,9 +106,7 @@ TEST(WrappedLabelTest, breaksLongWordsAndEndsInAnEllipsis)
 TEST(LabelTest, breaksLongWordsButCopiesThemWhole)
 {
     const QString word = u"No /"_s + QString(300, u'w') + u"\nmore"_s;
-    Label label(Theme::TextStyle::Callout);
-    label.setWordWrap(true);
-    label.setBreakableText(word);
+    Label label(Label::Mode::Paragraph, Theme::TextStyle::Callout, Theme::Color::Text, word);
     EXPECT_LT(label.minimumSizeHint().width(), 300);
     EXPECT_EQ(copied(label, 0, label.text().size()), word);
 }
@@ -116,8 +114,7 @@ TEST(LabelTest, breaksLongWordsButCopiesThemWhole)
 TEST(LabelTest, breaksNoLetterAndNothingThatBreaksByItself)
 {
     const auto broken = [](const QString &text) {
-        Label label(Theme::TextStyle::Callout);
-        label.setBreakableText(text);
+        Label label(Label::Mode::Paragraph, Theme::TextStyle::Callout, Theme::Color::Text, text);
         return label.text().replace(QChar(0x200B), u'|');
     };
     const QString start(24, u'w');
@@ -144,12 +141,6 @@ TEST(LabelTest, markdownShowsEmphasisAndNoMarkup)
     Label label(Theme::TextStyle::Callout);
     label.setMarkdown(u"open in **VLC** or *IINA* <b>now</b>"_s);
     EXPECT_EQ(label.text(), u"open in <b>VLC</b> or <i>IINA</i> &lt;b&gt;now&lt;/b&gt;");
-}
-
-TEST(DigitTextTest, numbersOfEqualLengthAreEquallyWide)
-{
-    const QFont font = Theme::font(Theme::TextStyle::Time);
-    EXPECT_EQ(DigitText(u"1:11"_s, font).width(), DigitText(u"8:04"_s, font).width());
 }
 
 TEST(LabelTest, aRunningNumberMovesNothingBesideIt)

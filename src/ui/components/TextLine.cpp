@@ -1,4 +1,4 @@
-#include "ui/components/DigitText.h"
+#include "ui/components/TextLine.h"
 
 #include <QFontMetricsF>
 #include <QGlyphRun>
@@ -6,11 +6,16 @@
 #include <QTextLayout>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
+
+constexpr QChar firstOfOtherScripts(0x0370);
 
 /// Hands on the pieces of a text, runs without digits whole and each digit alone, with the place
 /// of each. Returns the room of all.
@@ -39,6 +44,35 @@ qreal forEachPiece(const QString &text, const QFont &font,
 }
 
 } // namespace
+
+QString inOneLine(const QString &text)
+{
+    QString line = text;
+    line.replace(u"\r\n"_s, u"\n"_s);
+    const auto breaksLine = [](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator
+            || c == QChar::ParagraphSeparator;
+    };
+    std::replace_if(line.begin(), line.end(), breaksLine, u' ');
+    return line;
+}
+
+QString plainToolTip(const QString &text)
+{
+    return u"<span style='white-space: pre-wrap'>%1</span>"_s.arg(text.toHtmlEscaped());
+}
+
+int overshoot(const QString &text, const QFont &font)
+{
+    const bool isLatin =
+        std::all_of(text.begin(), text.end(), [](QChar c) { return c < firstOfOtherScripts; });
+    if (isLatin)
+        return 0;
+    const QFontMetricsF metrics(font);
+    const QRectF ink = metrics.tightBoundingRect(text);
+    const qreal reach = std::max(-ink.top() - metrics.ascent(), ink.bottom() - metrics.descent());
+    return std::max(0, static_cast<int>(std::ceil(reach)));
+}
 
 DigitText::DigitText(const QString &text, const QFont &font) : m_text(text), m_font(font)
 {

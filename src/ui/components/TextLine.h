@@ -8,6 +8,18 @@ class QPointF;
 
 namespace clipwren {
 
+/// A text for one line: a blank for each line break and tab. Other blanks stay, as many as they
+/// are, since a file name or an address may have them.
+QString inOneLine(const QString &text);
+
+/// A tool tip that shows a text as it is. As plain text, one that looks like markup would be taken
+/// for it.
+QString plainToolTip(const QString &text);
+
+/// How far the letters of a text reach above or below the height of a font, in pixels: those of
+/// other scripts come from other fonts.
+int overshoot(const QString &text, const QFont &font);
+
 /// One line of text whose digits all take the room of the widest, so that a running number
 /// does not shake what stands beside it.
 class DigitText {
