@@ -177,6 +177,12 @@ TEST_F(ConversionTest, givesEachClipAFileOfItsOwn)
     EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed.mp4"_s);
     fake.store.clear();
     EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed 6.mp4"_s);
+    // So is that of another page.
+    DownloadRecord other = fake.store.records().first();
+    other.sourceURL += u"&other"_s;
+    fake.store.clear();
+    fake.store.add(other);
+    EXPECT_EQ(save(u"bestResolution"_s, 2160, TrimRange{2, 3}), u"— trimmed 7.mp4"_s);
     // A name without room for two more letters.
     const QString longest = path(QString(239, u'x'));
     const QString clip = longest + u" — trimmed.mp4"_s;

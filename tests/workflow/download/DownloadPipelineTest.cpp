@@ -341,23 +341,5 @@ TEST_F(DownloadPipelineTest, whatACancelledDownloadLeftMakesRoomForTheNext)
     EXPECT_EQ(read(u"Talk [id1].mp3"_s), "old\n");
 }
 
-TEST_F(DownloadPipelineTest, whatCameWhileADownloadWaitedIsNotItsOwn)
-{
-    makeReady(u"audioMP3"_s);
-    download();
-    fake.onProbe({}, 0, u"mp3"_s, 7.5);
-    const ToolEnvironment &tools = *fake.toolEnvironment;
-    VerifiedDownload second{.downloader = {*tools.ytDlpPath(), *tools.ffmpegPath()},
-                            .inspector = {*tools.ffmpegPath(), *tools.ffprobePath()},
-                            .address = address,
-                            .outputDirectory = fake.downloadFolder(),
-                            .format = OutputFormat::audioMP3,
-                            .info = view->info(),
-                            .earlier = {.filesBefore = QSet<QString>()}};
-    second.startedAt = second.startedAt.addSecs(-60);
-    EXPECT_EQ(QFileInfo(second.run({}, {}).filePath).fileName(), u"Talk 2 [id1].mp3"_s);
-    EXPECT_EQ(files(), (QStringList{u"Talk 2 [id1].mp3"_s, u"Talk [id1].mp3"_s}));
-}
-
 } // namespace
 } // namespace clipwren::test
