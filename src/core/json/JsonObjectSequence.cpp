@@ -15,15 +15,15 @@ JsonObjectSequence::JsonObjectSequence(QByteArray utf8) : m_utf8(std::move(utf8)
 std::optional<JsonObjectReader> JsonObjectSequence::next()
 {
     const bool isFirst = !std::exchange(m_isInside, true);
-    if (isFirst && !take('['))
+    if (isFirst && !accept('['))
         fail(u"an array"_s);
-    if (take(']')) {
+    if (accept(']')) {
         skipSpace();
         if (m_place < m_utf8.size())
             fail(u"the end"_s);
         return std::nullopt;
     }
-    if (!isFirst && !take(','))
+    if (!isFirst && !accept(','))
         fail(u"a comma"_s);
     skipSpace();
     const qsizetype start = m_place;
@@ -38,7 +38,7 @@ void JsonObjectSequence::skipSpace()
         ++m_place;
 }
 
-bool JsonObjectSequence::take(char expected)
+bool JsonObjectSequence::accept(char expected)
 {
     skipSpace();
     if (m_place >= m_utf8.size() || m_utf8.at(m_place) != expected)

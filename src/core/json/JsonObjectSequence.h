@@ -21,7 +21,7 @@ public:
 
 private:
     void skipSpace();
-    bool take(char expected);
+    bool accept(char expected);
     void skipObject();
     [[noreturn]] void fail(const QString &expected) const;
 

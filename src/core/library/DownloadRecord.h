@@ -34,5 +34,5 @@ size_t qHash(const DownloadRecord &record, size_t seed = 0);
 
 } // namespace clipwren
 
-// Long lists of it grow and rotate without moving every field.
+// Lets QList move records as bytes.
 Q_DECLARE_TYPEINFO(clipwren::DownloadRecord, Q_RELOCATABLE_TYPE);

@@ -33,5 +33,5 @@ size_t qHash(const HistoryEntry &entry, size_t seed = 0);
 
 } // namespace clipwren
 
-// Long lists of it grow and rotate without moving every field.
+// Lets QList move entries as bytes.
 Q_DECLARE_TYPEINFO(clipwren::HistoryEntry, Q_RELOCATABLE_TYPE);

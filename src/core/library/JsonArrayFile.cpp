@@ -36,7 +36,7 @@ QString rejectedPath(const QString &path, int number)
     return number == 1 ? name : u"%1.%2"_s.arg(name).arg(number);
 }
 
-// The file the name leads to, also through links whose end does not exist yet.
+// Resolves symbolic links, also dangling ones.
 QString resolved(const QString &path)
 {
     const QFileInfo file(path);
@@ -107,12 +107,12 @@ std::optional<QString> JsonArrayFile::write(QByteArray elements)
 
 bool JsonArrayFile::keepUnreadFile(const QString &target) const
 {
-    // Whoever looks for what was lost must be able to read it, and nobody else.
+    // The kept file must be readable for its user, and for nobody else.
     if (QFileInfo(target).isFile())
         QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
     for (int number = 1;; ++number) {
         const QString kept = rejectedPath(m_path, number);
-        // A second name for the same bytes needs no space, and is taken by nobody else meanwhile.
+        // A hard link needs no space, and fails when another process has taken the name.
         if (::linkat(AT_FDCWD, QFile::encodeName(target).constData(), AT_FDCWD,
                      QFile::encodeName(kept).constData(), 0)
             == 0) {

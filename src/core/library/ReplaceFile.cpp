@@ -29,7 +29,7 @@ void check(bool wentWell)
 
 void flushToDisk(int descriptor)
 {
-    // Some network and user-space file systems cannot say; that is no failed write.
+    // Some network and FUSE file systems have no fsync(); that is no failed write.
     check(::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP);
 }
 
@@ -76,7 +76,7 @@ void flushFolderOf(const QString &path)
 {
     const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
     const FileDescriptor descriptor(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // What a new name holds is there; only a loss of power could still take the name away.
+    // The file is written; only a loss of power could still take its new name away.
     if (descriptor.isOpen())
         ::fsync(descriptor.get());
 }

@@ -117,7 +117,7 @@ ContentView::ContentView(const ApplicationContext &context, QWidget *parent)
 
 void ContentView::showScreen()
 {
-    // The download has ended, so there is nothing to ask.
+    // Another screen means that the download has ended: close the question.
     if (m_question)
         m_question->reject();
     DetailScreen *screen = m_detail->screen();

@@ -33,7 +33,7 @@ DetailContainer::DetailContainer(ApplicationContext context, const Selection &se
 
 DetailContainer::~DetailContainer()
 {
-    // The screen refers to the downloader, and neither outlives the other by chance.
+    // Delete the screen first: it refers to the downloader.
     delete m_screen;
     delete m_downloader;
 }
@@ -94,7 +94,7 @@ void DetailContainer::showScreen(Kind kind, DetailScreen *screen)
     DetailScreen *const earlier = std::exchange(m_screen, screen);
     const QWidget *const focus = window()->focusWidget();
     const bool takesFocus = !focus || focus == this || isAncestorOf(focus);
-    // It may be one of its own signals that ends a downloader, so both go later, screen first.
+    // A signal of the downloader may have led here, so delete both later, the screen first.
     if (std::exchange(m_kind, kind) == Kind::Downloader) {
         DownloaderView *const left =
             kind == Kind::Downloader ? nullptr : std::exchange(m_downloader, nullptr);

@@ -27,7 +27,7 @@ namespace {
 constexpr int columnWidth = 760;
 constexpr int columnPadding = 28;
 constexpr int playerHeight = 320;
-// Of a broken film ffprobe may have megabytes to say, and the window stands still for them.
+// ffprobe may write megabytes about a broken file; to lay them out would block the window.
 constexpr qsizetype longestError = 2'000;
 
 /// A column or a part of it, without margins of its own.
@@ -149,7 +149,7 @@ QLayout *DownloadDetailView::makeInformationHeading()
     row->addWidget(new Label(Theme::TextStyle::Subheadline, Theme::Color::Text, tr("Information")));
     row->addStretch(1);
     row->addWidget(m_pill);
-    // What is below stays in its place when the pill comes.
+    // Reserve the pill's height, so that nothing moves when it appears.
     row->addStrut(m_pill->sizeHint().height());
     return row;
 }
@@ -170,7 +170,7 @@ QLayout *DownloadDetailView::makeLocation()
 
 bool DownloadDetailView::event(QEvent *event)
 {
-    // Meanwhile the user may have moved the file, or brought it back.
+    // While another window was active, the file may have been moved or brought back.
     if (event->type() == QEvent::WindowActivate && isVisible()) {
         if (QFileInfo::exists(m_record.filePath) != m_fileExists) {
             runInspection();
@@ -182,7 +182,7 @@ bool DownloadDetailView::event(QEvent *event)
 
 void DownloadDetailView::showEvent(QShowEvent *event)
 {
-    // Coming back from the task bar is no new showing.
+    // Restoring a minimised window inspects nothing again.
     if (event->spontaneous())
         return;
     runInspection();
@@ -233,7 +233,7 @@ void DownloadDetailView::render()
 {
     setAccessibleName(m_record.title);
     m_title->setText(m_record.title);
-    // Flush at its right, but not far from what is below it.
+    // A right-to-left title stays above the text below it: it is as wide as its text.
     m_title->setMaximumWidth(m_record.title.isRightToLeft()
                                  ? m_title->fontMetrics().horizontalAdvance(m_title->text()) + 1
                                  : QWIDGETSIZE_MAX);

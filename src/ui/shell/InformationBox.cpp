@@ -76,7 +76,7 @@ void InformationRow::display(const RecordFact &fact)
     m_value->setText(fact.value);
     m_value->setAccessibleDescription(fact.label);
 
-    // Rows are read across: label and value stand on one line.
+    // Align label and value on one base line, though their fonts differ.
     m_label->setContentsMargins({});
     const int lower = baseLine(*m_value) - baseLine(*m_label);
     m_label->setContentsMargins(0, std::max(0, lower), 0, 0);

@@ -28,7 +28,7 @@ constexpr int lineGap = 2;
 constexpr int tailGap = 4;
 constexpr double missingOpacity = 0.55;
 constexpr int buttonSize = 18;
-// A picture of 18 pixels is hard to hit.
+// The button takes clicks this far around its picture, which alone is hard to hit.
 constexpr int buttonMargin = 6;
 
 bool isItem(const QModelIndex &index)
@@ -66,7 +66,7 @@ int drawLine(QPainter &painter, const QRect &place, Qt::LayoutDirection directio
 {
     const QFontMetrics metrics(painter.font());
     const QString shown = metrics.elidedText(text, Qt::ElideRight, place.width());
-    // Else the ellipsis of a text from right to left would stand before it.
+    // Without it, the ellipsis of a right-to-left text would be drawn at the wrong end.
     painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter.drawText(place,
                      static_cast<int>(QStyle::visualAlignment(direction, Qt::AlignLeft))

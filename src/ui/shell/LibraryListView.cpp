@@ -128,7 +128,7 @@ void LibraryListView::openMenuByKey(const QModelIndex &index)
 
 bool LibraryListView::eventFilter(QObject *watched, QEvent *event)
 {
-    // The keyboard focus must not be where nobody sees it.
+    // Scroll to the button when it gets the keyboard focus.
     if (watched == m_header->newDownload() && event->type() == QEvent::FocusIn)
         scrollToTop();
     return QListView::eventFilter(watched, event);
@@ -145,12 +145,12 @@ void LibraryListView::keyPressEvent(QKeyEvent *event)
             Q_EMIT returnPressed(index);
         return;
     case Qt::Key_Delete:
-        // Held down a moment too long, it would empty the list.
+        // Ignore auto-repeat: a key held down too long would empty the list.
         if (index.isValid() && !event->isAutoRepeat())
             Q_EMIT deletePressed(index);
         return;
     case Qt::Key_F10:
-        // The menu key itself comes as an event of its own.
+        // The menu key arrives as a context menu event.
         if (event->modifiers() == Qt::ShiftModifier) {
             openMenuByKey(index);
             return;
@@ -215,7 +215,7 @@ QItemSelectionModel::SelectionFlags LibraryListView::selectionCommand(const QMod
 
 bool LibraryListView::event(QEvent *event)
 {
-    // The rows have no place yet; they are laid out later.
+    // Queued, as rows have no place before the layout.
     if (event->type() == QEvent::Show || event->type() == QEvent::Hide
         || event->type() == QEvent::Resize)
         QMetaObject::invokeMethod(this, &LibraryListView::startOrStopSpinner, Qt::QueuedConnection);

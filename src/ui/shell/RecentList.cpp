@@ -208,7 +208,7 @@ UndoLine::UndoLine(std::chrono::milliseconds duration, QWidget *parent)
     m_text->setElideMode(Qt::ElideMiddle);
     m_undo->setSize(Button::Size::Small);
     connect(m_undo, &Button::clicked, this, &UndoLine::undone);
-    // That of the button itself would take as long as a press is shown.
+    // A shortcut of the button itself would act only after its press has been animated.
     auto *undo = new QShortcut(QKeySequence::Undo, this, this, &UndoLine::undone);
     undo->setAutoRepeat(false);
 
@@ -239,7 +239,7 @@ void UndoLine::offer(const QString &title)
 
 void UndoLine::expire()
 {
-    // Somebody is about to press it.
+    // Keep the line while the button has the focus: somebody may be about to press it.
     if (!m_undo->hasFocus())
         Q_EMIT expired();
 }

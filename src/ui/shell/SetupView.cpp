@@ -25,7 +25,7 @@ constexpr int explanationWidth = 420;
 constexpr int sideMargin = 32;
 constexpr int topMargin = 60;
 constexpr int spacing = 20;
-// Where the window is too low for these.
+// The least of them, in a low window.
 constexpr int leastMargin = 12;
 constexpr int leastSpacing = 10;
 constexpr int betweenElements = 5;
@@ -87,9 +87,9 @@ SetupView::SetupView(ToolEnvironment &tools, Desktop &desktop, QWidget *parent)
     auto *all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(new ScrollPane(makeStack(), blockWidth + 2 * sideMargin));
-    // As a key of the window, whatever has the keyboard.
+    // A shortcut of the window: works wherever the keyboard focus is.
     auto *recheck = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_R), this);
-    // Each asks the tools for their versions.
+    // Ignore auto-repeat: each check starts the tools to read their versions.
     recheck->setAutoRepeat(false);
     connect(recheck, &QShortcut::activated, &m_tools, &ToolEnvironment::refresh);
     connect(&m_tools, &ToolEnvironment::changed, this, &SetupView::render);

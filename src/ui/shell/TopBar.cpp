@@ -46,7 +46,7 @@ void TopBar::setScreen(DetailScreen *screen)
     if (m_screen)
         disconnect(m_screen, nullptr, this, nullptr);
     while (QLayoutItem *item = m_buttons->takeAt(0)) {
-        // Back to the screen they belong to, so that they go with it.
+        // Return the buttons to the screen that owns and deletes them.
         if (m_screen)
             item->widget()->setParent(m_screen);
         item->widget()->hide();
@@ -65,7 +65,7 @@ void TopBar::setScreen(DetailScreen *screen)
         button->setSize(Button::Size::Large);
         m_buttons->addWidget(button);
         button->show();
-        // Tab goes along the bar, whenever its buttons came.
+        // Set the tab order to reading order, as these buttons come last.
         setTabOrder(before, button);
         before = button;
     }

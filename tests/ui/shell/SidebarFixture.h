@@ -13,7 +13,8 @@ namespace clipwren::test {
 
 using namespace Qt::StringLiterals;
 
-/// The sidebar, whose wishes come true, with a note of them. Items of the shown list count from 0.
+/// The sidebar, with a note of its requests, which are granted. Items of the shown list count from
+/// 0.
 class SidebarFixture : public ShellFixture {
 protected:
     explicit SidebarFixture(SidebarView::Tab tab)
