@@ -56,9 +56,8 @@ bool isReturn(Qt::FocusReason reason)
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
 }
 
-/// Whether the control that had the focus last was worked by keys. Where focus then goes by itself
-/// is to be seen, too.
-bool keysLead = false;
+/// Focus that a program moves by itself shows its ring after a key, and none after a click.
+bool lastInputWasKeyboard = false;
 
 } // namespace
 
@@ -94,22 +93,30 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::FocusIn) {
         const auto reason = static_cast<QFocusEvent *>(event)->reason();
         if (!isReturn(reason)) {
-            m_byKeyboard = isKeyboard(reason) || (reason == Qt::OtherFocusReason && keysLead);
-            keysLead = m_byKeyboard;
+            m_byKeyboard =
+                isKeyboard(reason) || (reason == Qt::OtherFocusReason && lastInputWasKeyboard);
+            lastInputWasKeyboard = m_byKeyboard;
         }
         if (m_byKeyboard || m_when == When::Always)
             showFrame();
     } else if (event->type() == QEvent::FocusOut && m_frame) {
         m_frame->setWidget(nullptr);
     } else if (event->type() == QEvent::MouseButtonPress) {
-        keysLead = false;
+        lastInputWasKeyboard = false;
     } else if (event->type() == QEvent::KeyPress) {
-        keysLead = true;
+        lastInputWasKeyboard = true;
         // A clicked control that is then operated by keys shows where the keys go.
         if (m_when == When::Keyboard && !std::exchange(m_byKeyboard, true))
             showFrame();
     }
     return QObject::eventFilter(watched, event);
+}
+
+void passFocus(const QWidget &leaving, QWidget &heir)
+{
+    const QWidget *focus = leaving.window()->focusWidget();
+    if (focus == &leaving || leaving.isAncestorOf(focus))
+        heir.setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace clipwren

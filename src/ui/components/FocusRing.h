@@ -45,4 +45,8 @@ private:
     bool m_byKeyboard = false;
 };
 
+/// Gives the focus, when it lies within `leaving`, to `heir`. To be called before a widget is
+/// hidden: by itself, focus would go where Tab leads, with a ring as if by a key.
+void passFocus(const QWidget &leaving, QWidget &heir);
+
 } // namespace clipwren

@@ -1,9 +1,10 @@
 #include "ui/components/SegmentedControl.h"
 
+#include "ui/components/FocusRing.h"
 #include "ui/components/Painting.h"
-#include "ui/components/Segment.h"
 #include "ui/components/Theme.h"
 
+#include <QAbstractButton>
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QPainter>
@@ -14,7 +15,36 @@ namespace {
 
 constexpr int inset = 2;
 
-}
+/// One choice. The control draws everything behind its text.
+class Segment : public QAbstractButton {
+public:
+    Segment(const QString &text, QWidget *parent) : QAbstractButton(parent)
+    {
+        setText(text);
+        setCheckable(true);
+        setAutoExclusive(true);
+        setFocusPolicy(Qt::StrongFocus);
+        setFont(Theme::font(Theme::TextStyle::CalloutLabel));
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        FocusRing::install(this, 6);
+    }
+
+    QSize sizeHint() const override
+    {
+        return {fontMetrics().size(Qt::TextShowMnemonic, text()).width() + 24, 24};
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        const Theme &theme = Theme::current();
+        QPainter painter(this);
+        painter.setPen(theme.color(isChecked() ? Theme::Color::Text : Theme::Color::Secondary));
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+    }
+};
+
+} // namespace
 
 SegmentedControl::SegmentedControl(const QStringList &texts, QWidget *parent)
     : QWidget(parent), m_group(new QButtonGroup(this)),

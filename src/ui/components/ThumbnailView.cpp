@@ -1,7 +1,7 @@
 #include "ui/components/ThumbnailView.h"
 
 #include "ui/components/Icon.h"
-#include "ui/components/Spinner.h"
+#include "ui/components/Progress.h"
 #include "ui/components/Theme.h"
 
 #include <QBuffer>
@@ -18,6 +18,7 @@ namespace clipwren {
 
 namespace {
 
+constexpr qreal cornerRadius = 8;
 // More than any screen shows of a thumbnail.
 constexpr QSize largestPicture(1280, 1280);
 constexpr int redirectsAllowed = 5;
@@ -89,12 +90,6 @@ void ThumbnailView::setUrlString(const std::optional<QString> &urlString)
     m_urlString = urlString;
     if (isVisible())
         load();
-}
-
-void ThumbnailView::setRadius(qreal radius)
-{
-    m_radius = radius;
-    update();
 }
 
 void ThumbnailView::showEvent(QShowEvent *event)
@@ -189,7 +184,6 @@ void ThumbnailView::setState(State state)
     m_state = state;
     m_spinner->setVisible(state == State::Loading);
     update();
-    Q_EMIT stateChanged();
 }
 
 void ThumbnailView::resizeEvent(QResizeEvent *)
@@ -206,7 +200,7 @@ void ThumbnailView::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     QPainterPath shape;
-    shape.addRoundedRect(rect(), m_radius, m_radius);
+    shape.addRoundedRect(rect(), cornerRadius, cornerRadius);
     painter.fillPath(shape, theme.color(Theme::Color::Quaternary));
     if (m_state == State::Failed) {
         const int side = std::clamp(height() / 3, 16, 32);

@@ -39,12 +39,7 @@ public:
     ThumbnailView &operator=(const ThumbnailView &) = delete;
 
     void setUrlString(const std::optional<QString> &urlString);
-    /// Corners in logical pixels; 8 at first.
-    void setRadius(qreal radius);
     State state() const { return m_state; }
-
-Q_SIGNALS:
-    void stateChanged();
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -63,7 +58,6 @@ private:
 
     Limits m_limits;
     std::optional<QString> m_urlString;
-    qreal m_radius = 8;
     State m_state = State::Loading;
     QImage m_image;
     QPixmap m_scaled; // the image as it was last painted

@@ -3,7 +3,7 @@
 #include "ui/components/IconView.h"
 #include "ui/components/Label.h"
 #include "ui/components/Painting.h"
-#include "ui/components/Spinner.h"
+#include "ui/components/Progress.h"
 #include "ui/player/PlayerPane.h"
 #include "workflow/download/DownloaderView.h"
 #include "workflow/preview/PreviewPlayerController.h"

@@ -4,7 +4,7 @@
 #include "ui/components/Card.h"
 #include "ui/components/IconView.h"
 #include "ui/components/Label.h"
-#include "ui/components/LinearProgress.h"
+#include "ui/components/Progress.h"
 #include "workflow/download/DownloaderView.h"
 
 #include <QDir>

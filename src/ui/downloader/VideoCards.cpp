@@ -6,7 +6,7 @@
 #include "ui/components/Divider.h"
 #include "ui/components/IconView.h"
 #include "ui/components/Label.h"
-#include "ui/components/Spinner.h"
+#include "ui/components/Progress.h"
 #include "ui/components/ThumbnailView.h"
 #include "workflow/download/DownloaderView.h"
 

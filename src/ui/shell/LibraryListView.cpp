@@ -2,10 +2,10 @@
 
 #include "ui/components/Button.h"
 #include "ui/components/Divider.h"
+#include "ui/components/FocusRing.h"
 #include "ui/components/Label.h"
 #include "ui/components/Menu.h"
 #include "ui/components/Painting.h"
-#include "ui/components/PassFocus.h"
 #include "ui/shell/LibraryListModel.h"
 
 #include <QContextMenuEvent>

@@ -3,10 +3,9 @@
 #include "ui/components/Banner.h"
 #include "ui/components/Button.h"
 #include "ui/components/FieldBox.h"
-#include "ui/components/LinearProgress.h"
 #include "ui/components/Picker.h"
+#include "ui/components/Progress.h"
 #include "ui/components/SegmentedControl.h"
-#include "ui/components/Spinner.h"
 #include "ui/components/Switch.h"
 
 #include <QAccessible>
@@ -167,23 +166,6 @@ TEST(PickerTest, keepsItsChoiceUnlessTheUserChoosesOrItIsGone)
     picker->setEntries({audio});
     EXPECT_EQ(picker->currentKey(), QString());
     EXPECT_EQ(picked.size(), 0);
-}
-
-TEST(PickerTest, showsTheWholeTextWhereThereIsRoom)
-{
-    Picker *picker = makePicker();
-    picker->setAttribute(Qt::WA_DontShowOnScreen);
-    const std::unique_ptr<Picker> owner(picker);
-    for (const QString &title :
-         {u"1080p VP9"_s, u"2160p AV1"_s, u"720p H.264"_s, u"Audio — MP3"_s}) {
-        picker->setEntries({{u"sparkles", title, u"best"_s}});
-        picker->setCurrentKey(u"best"_s);
-        picker->resize(picker->sizeHint());
-        const QRect text(0, 0, picker->width() - 33, picker->height() - 2);
-        const QImage exact = picker->grab(text).toImage();
-        picker->resize(picker->width() + 40, picker->height());
-        EXPECT_EQ(exact, picker->grab(text).toImage()) << title.toStdString();
-    }
 }
 
 TEST(LinearProgressTest, staysInItsRangeWhateverItIsGiven)

@@ -1,5 +1,5 @@
 #include "ui/components/AnimatedHeight.h"
-#include "ui/components/Spinner.h"
+#include "ui/components/Progress.h"
 #include "ui/components/Theme.h"
 
 #include <QTest>
