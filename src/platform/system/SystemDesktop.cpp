@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
-#include <QMimeData>
 
 namespace clipwren {
 
@@ -31,11 +30,7 @@ QString SystemDesktop::clipboardText() const
 
 void SystemDesktop::setClipboardText(const QString &text)
 {
-    // Not setText(): an empty text would leave the clipboard empty of any kind of data, not hold
-    // an empty text.
-    auto *data = new QMimeData;
-    data->setText(text);
-    QGuiApplication::clipboard()->setMimeData(data);
+    QGuiApplication::clipboard()->setText(text);
 }
 
 void SystemDesktop::playCompletionSound()

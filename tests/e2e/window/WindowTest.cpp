@@ -2,6 +2,7 @@
 #include "app/window/WindowPlacement.h"
 #include "core/media/FfmpegService.h"
 #include "e2e/window/WindowFixture.h"
+#include "platform/system/SystemDesktop.h"
 #include "support/FakeDownloader.h"
 #include "support/LibraryFixture.h"
 #include "support/Widgets.h"
@@ -76,6 +77,15 @@ protected:
 
     FakeDownloader fake;
 };
+
+TEST(SystemDesktop, copiesAndPastesText)
+{
+    SystemDesktop desktop;
+    for (const QString &text : {u"https://site.example/ü"_s, u""_s}) {
+        desktop.setClipboardText(text);
+        EXPECT_EQ(desktop.clipboardText(), text);
+    }
+}
 
 TEST_F(WindowTest, takesAVideoFromTheAddressToTheLibraryAndBack)
 {
