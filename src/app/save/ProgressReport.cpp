@@ -1,7 +1,5 @@
 #include "app/save/ProgressReport.h"
 
-#include "app/save/TerminalText.h"
-
 #include <algorithm>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -14,6 +12,20 @@ using namespace Qt::StringLiterals;
 // More than the longest path takes. A tool's line may be a megabyte.
 constexpr qsizetype longestLine = 5000;
 
+/// Embeddings, overrides and isolates: left open, they would reorder the rest of our own line.
+bool turnsDirection(QChar character)
+{
+    return (character >= QChar(0x202a) && character <= QChar(0x202e))
+        || (character >= QChar(0x2066) && character <= QChar(0x2069));
+}
+
+bool isControl(QChar character)
+{
+    const QChar::Category category = character.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line
+        || category == QChar::Separator_Paragraph;
+}
+
 /// The terminal's width in columns; a usual one when it does not say.
 int columns(std::FILE *terminal)
 {
@@ -24,6 +36,13 @@ int columns(std::FILE *terminal)
 }
 
 } // namespace
+
+QString forTerminal(QString text)
+{
+    text.removeIf(turnsDirection);
+    std::replace_if(text.begin(), text.end(), isControl, u' ');
+    return text;
+}
 
 ProgressReport::ProgressReport(std::FILE *output)
     : m_output(output), m_isTerminal(::isatty(::fileno(output)) == 1)

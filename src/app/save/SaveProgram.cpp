@@ -3,7 +3,6 @@
 #include "app/InterruptSignal.h"
 #include "app/instance/LibraryHandOver.h"
 #include "app/save/SaveCommand.h"
-#include "app/save/TerminalText.h"
 #include "core/library/DownloadStore.h"
 #include "core/library/HistoryStore.h"
 #include "core/library/LibraryFolder.h"

@@ -1,6 +1,5 @@
 #include "app/save/SaveCommand.h"
 
-#include "app/save/TerminalText.h"
 #include "support/FakeDownloader.h"
 #include "support/Printing.h"
 
