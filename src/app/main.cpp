@@ -1,7 +1,10 @@
+#include "app/GuardedApplication.h"
 #include "app/save/SaveArguments.h"
 #include "app/save/SaveCommand.h"
 #include "app/save/SaveProgram.h"
 #include "app/window/WindowProgram.h"
+#include "core/Error.h"
+#include "core/Logging.h"
 #include "core/library/DownloadStore.h"
 #include "core/media/OutputFile.h"
 #include "core/process/ProcessRunner.h"
@@ -64,11 +67,11 @@ void endWork()
     ProcessRunner::killTimedOutProcesses();
 }
 
-std::unique_ptr<QApplication> makeWindowApplication(int &argc, char *argv[])
+std::unique_ptr<QCoreApplication> makeWindowApplication(int &argc, char *argv[])
 {
     // Reading what is configured about fonts takes as long as all the rest of this.
     const std::jthread fonts([] { ::FcInit(); });
-    return std::make_unique<QApplication>(argc, argv);
+    return std::make_unique<GuardedApplication<QApplication>>(argc, argv);
 }
 
 int run(int &argc, char *argv[])
@@ -91,13 +94,18 @@ int run(int &argc, char *argv[])
     if (!isSave && (first.startsWith(u'-') || argc > 2))
         return print(stderr, usage(), SaveCommand::WrongUse);
 
-    const std::unique_ptr<QCoreApplication> application =
-        isSave ? std::make_unique<QCoreApplication>(argc, argv) : makeWindowApplication(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = isSave
+        ? std::make_unique<GuardedApplication<QCoreApplication>>(argc, argv)
+        : makeWindowApplication(argc, argv);
     QCoreApplication::setApplicationName(u"Clipwren"_s);
     const QString downloads = DownloadStore::defaultDownloadDirectory();
     const std::jthread tidying([downloads] {
-        OutputFile::restoreAfterKill(downloads);
-        VideoLock::removeAfterKill(downloads);
+        try {
+            OutputFile::restoreAfterKill(downloads);
+            VideoLock::removeAfterKill(downloads);
+        } catch (const std::exception &error) {
+            qCWarning(libraryLog) << "Left as it was after a kill:" << errorDescription(error);
+        }
     });
     const int status = isSave ? runSave(QCoreApplication::arguments().mid(2), downloads)
                               : runWindow(first, downloads);

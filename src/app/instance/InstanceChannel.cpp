@@ -1,10 +1,10 @@
 #include "app/instance/InstanceChannel.h"
 
+#include "core/Logging.h"
 #include "core/json/JsonObjectReader.h"
 #include "core/text/BoundedText.h"
 
 #include <QDeadlineTimer>
-#include <QDebug>
 #include <QFile>
 #include <QJsonDocument>
 #include <QLocalSocket>
@@ -81,7 +81,8 @@ InstanceServer::InstanceServer(const QString &libraryFolder, Handler handler,
     // Such a socket takes the place of one that is left over.
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     if (!m_server.listen(socketIn(m_folder)))
-        qWarning().noquote() << "Later starts will not reach this one:" << m_server.errorString();
+        qCWarning(libraryLog).noquote()
+            << "Later starts will not reach this one:" << m_server.errorString();
 }
 
 void InstanceServer::accept()
@@ -104,8 +105,9 @@ void InstanceServer::receive(QLocalSocket &caller)
         try {
             const InstanceMessage message = InstanceMessage::fromJson(caller.readLine());
             caller.write(m_handler(message) ? doneAnswer : failedAnswer);
-        } catch (const DecodingError &) {
+        } catch (const DecodingError &error) {
             // No answer tells it.
+            qCWarning(libraryLog) << "Not understood:" << error.errorDescription();
         }
     }
     caller.disconnectFromServer();

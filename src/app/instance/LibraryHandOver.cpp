@@ -1,13 +1,13 @@
 #include "app/instance/LibraryHandOver.h"
 
 #include "app/instance/LibraryClaim.h"
+#include "core/Logging.h"
 #include "core/json/JsonObjectReader.h"
 #include "core/library/DownloadStore.h"
 #include "core/library/HistoryStore.h"
 #include "core/library/JsonFields.h"
 #include "core/library/ReplaceFile.h"
 
-#include <QDebug>
 #include <QDir>
 
 #include <algorithm>
@@ -109,10 +109,12 @@ void takeUpPending(const QString &libraryFolder, DownloadStore &store, HistorySt
             const auto saved = InstanceMessage::fromJson(file.readAll()).saved;
             if (!saved)
                 throw Error(u"it holds no record"_s);
-            if (!applySaved(*saved, store, history))
-                file.remove();
+            // Kept, it is found in the list the next time.
+            if (!applySaved(*saved, store, history) && !file.remove())
+                qCWarning(libraryLog).noquote() << "Not removed:" << file.fileName();
         } catch (const Error &error) {
-            qWarning().noquote() << "Left alone:" << file.fileName() << error.errorDescription();
+            qCWarning(libraryLog).noquote()
+                << "Left alone:" << file.fileName() << error.errorDescription();
         }
     }
 }

@@ -1,5 +1,6 @@
 #include "core/library/JsonArrayFile.h"
 
+#include "core/Logging.h"
 #include "core/library/LibraryFolder.h"
 #include "core/library/ReplaceFile.h"
 
@@ -85,6 +86,12 @@ void JsonArrayFile::appendElement(QByteArray &elements, const QJsonObject &eleme
         elements += "\n    ";
         elements.append(text.constData() + start, end - start);
     }
+}
+
+void JsonArrayFile::logUnread(const Error &error) const
+{
+    if (QFileInfo::exists(m_path))
+        qCWarning(libraryLog) << m_path << "is not used:" << error.errorDescription();
 }
 
 std::optional<QString> JsonArrayFile::write(QByteArray elements)

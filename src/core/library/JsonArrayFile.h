@@ -38,6 +38,7 @@ private:
     JsonObjectSequence open() const;
     QByteArray emptyBuffer() const;
     static void appendElement(QByteArray &elements, const QJsonObject &element);
+    void logUnread(const Error &error) const;
     std::optional<QString> write(QByteArray elements);
     /// False when there is no file. Throws what `replaceFile` throws, or an `Error`.
     bool keepUnreadFile(const QString &target) const;
@@ -55,8 +56,9 @@ template <typename Value> QList<Value> JsonArrayFile::load()
         while (const auto element = elements.next())
             values.append(Value::fromJson(*element));
         m_isFileKnown = true;
-    } catch (const Error &) {
+    } catch (const Error &error) {
         values.clear();
+        logUnread(error);
     }
     return values;
 }

@@ -1,6 +1,7 @@
 #include "core/media/FfmpegService.h"
 
 #include "core/Error.h"
+#include "core/Logging.h"
 #include "core/json/JsonObjectReader.h"
 #include "core/media/FfmpegProgress.h"
 #include "core/media/FfprobeReport.h"
@@ -65,7 +66,8 @@ double knownDuration(const FfmpegService &service, const QString &path, const st
 {
     try {
         return service.duration(path, stop);
-    } catch (const std::exception &) {
+    } catch (const std::exception &error) {
+        qCDebug(processLog) << "No progress without a length:" << errorDescription(error);
         return 0;
     }
 }

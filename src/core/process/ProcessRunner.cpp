@@ -1,10 +1,12 @@
 #include "core/process/ProcessRunner.h"
 
+#include "core/Logging.h"
 #include "core/process/ChildProcess.h"
 #include "core/process/StopSignal.h"
 #include "core/process/ToolOutput.h"
 #include "core/text/DecisiveLine.h"
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QThreadPool>
 
@@ -83,8 +85,11 @@ class Run {
 public:
     Run(const Command &command, ChunkHandler onOutput, ChunkHandler onError)
         : m_child(command), m_grace(command.terminationGrace), m_onOutput(std::move(onOutput)),
-          m_onError(std::move(onError)), m_buffer(chunkSize, Qt::Uninitialized)
+          m_onError(std::move(onError)), m_buffer(chunkSize, Qt::Uninitialized),
+          m_program(QFileInfo(command.path).fileName())
     {
+        m_clock.start();
+        qCDebug(processLog) << "Started" << command.path << command.args;
     }
 
     /// Reads both outputs until the program has ended. Throws `TimeoutError`.
@@ -112,6 +117,9 @@ public:
                 readRest(m_child.standardOutput(), m_onOutput);
                 readRest(m_child.standardError(), m_onError);
                 const ChildProcess::Exit result = m_child.reap();
+                qCDebug(processLog)
+                    << m_program << "ended with" << (result.bySignal ? "signal" : "exit code")
+                    << result.status << "after" << m_clock.elapsed() << "ms";
                 if (m_hasTimedOut)
                     throw TimeoutError();
                 return result;
@@ -146,6 +154,7 @@ private:
 
     void endOverdue(const TimeLimit &limit)
     {
+        qCDebug(processLog) << m_program << "does not end, after" << m_clock.elapsed() << "ms";
         if (m_terminating) {
             m_killAt.reset();
             m_child.signalGroup(SIGKILL);
@@ -190,6 +199,8 @@ private:
     ChunkHandler m_onOutput;
     ChunkHandler m_onError;
     QByteArray m_buffer;
+    QString m_program;
+    QElapsedTimer m_clock;
     bool m_terminating = false;
     bool m_hasTimedOut = false;
     std::optional<Clock::time_point> m_killAt;

@@ -1,5 +1,6 @@
 #include "core/process/ToolEnvironment.h"
 
+#include "core/Logging.h"
 #include "core/process/ProcessRunner.h"
 
 #include <QFileInfo>
@@ -84,7 +85,8 @@ void ToolEnvironment::readVersion(const QString &path, const QString &argument,
             apply(output);
             Q_EMIT changed();
         },
-        [this, apply](const std::exception_ptr &) {
+        [this, path, apply](const std::exception_ptr &) {
+            qCDebug(processLog) << path << "does not tell its version";
             apply(std::nullopt);
             Q_EMIT changed();
         }));

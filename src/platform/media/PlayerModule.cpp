@@ -1,6 +1,7 @@
 #include "platform/media/PlayerModule.h"
 
 #include "core/Error.h"
+#include "core/Logging.h"
 #include "platform/media/PlayerBackend.h"
 #include "platform/media/UnavailablePlayer.h"
 
@@ -82,6 +83,7 @@ PlayerBackend *PlayerModule::backend()
         file.isEmpty()
             ? u"%1 was not found. Installing Clipwren again should bring it back."_s.arg(fileName)
             : library.errorString());
+    qCWarning(playerLog).noquote() << m_failure;
     return nullptr;
 }
 
@@ -92,6 +94,7 @@ std::unique_ptr<MediaPlayer> PlayerModule::makePlayer(Purpose purpose)
             return loaded->makePlayer({m_networkTimeout, purpose == Purpose::Pictures});
     } catch (const std::exception &error) {
         m_failure = errorDescription(error);
+        qCWarning(playerLog).noquote() << m_failure;
     }
     return std::make_unique<UnavailablePlayer>(m_failure);
 }

@@ -1,5 +1,6 @@
 #include "ui/components/ThumbnailView.h"
 
+#include "core/Logging.h"
 #include "ui/components/Icon.h"
 #include "ui/components/Progress.h"
 #include "ui/components/Theme.h"
@@ -153,9 +154,9 @@ void ThumbnailView::finishTransfer()
     if (!m_reply)
         return;
     if (cameWhole(m_reply->error()))
-        decode();
-    else
-        fail();
+        return decode();
+    qCDebug(networkLog) << "No thumbnail:" << m_reply->errorString();
+    fail();
 }
 
 void ThumbnailView::decode()

@@ -1,6 +1,7 @@
 #include "workflow/download/Conversion.h"
 
 #include "core/Error.h"
+#include "core/Logging.h"
 #include "core/media/OutputFile.h"
 
 #include <QFile>
@@ -64,9 +65,10 @@ std::optional<FfmpegService::Lengths> Conversion::lengths(const QString &path,
 {
     try {
         return ffmpeg.lengths(path, stop);
-    } catch (const Error &) {
+    } catch (const Error &error) {
         if (stop.stop_requested())
             throw CancellationError();
+        qCDebug(processLog) << "No lengths:" << errorDescription(error);
         return std::nullopt;
     }
 }
@@ -110,7 +112,8 @@ bool Conversion::hasPictureOfInput(const QString &path, const std::stop_token &s
 {
     try {
         return ffmpeg.inspect(path, stop).dimensions() == ffmpeg.inspect(input, stop).dimensions();
-    } catch (const Error &) {
+    } catch (const Error &error) {
+        qCDebug(processLog) << "Pictures cannot be compared:" << errorDescription(error);
         return false;
     }
 }

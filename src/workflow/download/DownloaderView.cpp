@@ -1,5 +1,6 @@
 #include "workflow/download/DownloaderView.h"
 
+#include "core/Logging.h"
 #include "core/process/ToolEnvironment.h"
 #include "core/text/BoundedText.h"
 #include "core/text/SingleLine.h"
@@ -225,7 +226,10 @@ void DownloaderView::loadPreview(const QString &address)
             Q_EMIT changed();
         },
         // Without a stream the preview stays unavailable; that is no failure for the user.
-        [this](const std::exception_ptr &) { Q_EMIT changed(); });
+        [this](const std::exception_ptr &) {
+            qCDebug(playerLog) << "No stream for the preview";
+            Q_EMIT changed();
+        });
 }
 
 void DownloaderView::reloadPreview()

@@ -1,5 +1,6 @@
 #include "workflow/download/VerifiedDownload.h"
 
+#include "core/Logging.h"
 #include "core/process/ProcessRunner.h"
 #include "core/ytdlp/DownloadArguments.h"
 #include "workflow/download/OfferedFormats.h"
@@ -110,10 +111,11 @@ VerifiedDownload::Result VerifiedDownload::run(const YtDlpService::ProgressHandl
     const auto inspected = [&](const QString &path) -> std::optional<MediaInspection> {
         try {
             return inspector.inspect(path, stop);
-        } catch (const Error &) {
+        } catch (const Error &error) {
             // Not a media file, so not the one that was asked for.
             if (stop.stop_requested())
                 throw CancellationError();
+            qCDebug(processLog) << "No media file:" << errorDescription(error);
             return std::nullopt;
         }
     };
@@ -187,9 +189,10 @@ bool VerifiedDownload::isFilm(const QString &filePath, const std::stop_token &st
 {
     try {
         return !filePath.endsWith(".part"_L1) && inspector.lengths(filePath, stop).hasPicture;
-    } catch (const std::exception &) {
+    } catch (const std::exception &error) {
         if (stop.stop_requested())
             throw CancellationError();
+        qCDebug(processLog) << "No film:" << errorDescription(error);
         return false;
     }
 }
@@ -208,8 +211,9 @@ void VerifiedDownload::checkPlayable(const QString &filePath, const std::stop_to
         const QString sentence =
             u"The downloaded file does not play; the disk may have been full: “%1”"_s.arg(filePath);
         throw Error(sentence, sentence, failure.toolLog());
-    } catch (const std::exception &) {
+    } catch (const std::exception &error) {
         // ffprobe could not be run, which says nothing about the file.
+        qCWarning(processLog) << "The download is not checked:" << errorDescription(error);
     }
 }
 
