@@ -8,7 +8,7 @@
 #include "ui/components/ScrollPane.h"
 #include "ui/downloader/AddressField.h"
 #include "ui/downloader/FormatSection.h"
-#include "ui/downloader/LogDialog.h"
+#include "ui/downloader/LogViewer.h"
 #include "ui/downloader/ProgressSection.h"
 #include "ui/downloader/TitleField.h"
 #include "ui/downloader/TrimSection.h"
@@ -367,7 +367,7 @@ void DownloaderScreen::renderLogs()
 {
     if (m_view.showLogs() && !m_logs) {
         const ToolLog &log = m_view.shownLog();
-        m_logs = new LogDialog(
+        m_logs = new LogViewer(
             log.tool.isEmpty() ? tr("Details") : tr("%1 output").arg(log.tool), log.text,
             [this] { m_view.setShowLogs(false); }, window());
         m_logs->open();

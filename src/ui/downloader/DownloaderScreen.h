@@ -22,7 +22,7 @@ class DownloaderView;
 class FetchingCard;
 class FormatSection;
 class AnimatedHeight;
-class LogDialog;
+class LogViewer;
 class ProgressSection;
 class TitleField;
 class TrimSection;
@@ -99,7 +99,7 @@ private:
     Button *m_errorLogs = nullptr;
     QShortcut *m_pasteShortcut;
     QList<QShortcut *> m_downloadShortcuts;
-    QPointer<LogDialog> m_logs;
+    QPointer<LogViewer> m_logs;
 };
 
 } // namespace clipwren

@@ -132,14 +132,15 @@ QLayout *TrimSection::makeStats()
     m_clip = new TimeStat(tr("Clip"));
     for (const auto &[stat, handle] : {std::pair(m_start, TrimSlider::Handle::start),
                                        std::pair(m_end, TrimSlider::Handle::end)}) {
-        connect(stat->field(), &TimeField::committed, this, [this, handle](double seconds) {
-            // The field also loses the focus when the video is reset.
-            if (m_view.info())
-                m_slider->moveHandle(handle, seconds);
-        });
+        connect(stat->field(), &TimeField::committed, this,
+                [this, handle = handle](double seconds) {
+                    // The field also loses the focus when the video is reset.
+                    if (m_view.info())
+                        m_slider->moveHandle(handle, seconds);
+                });
         // Arrow keys then continue from the typed time.
         connect(stat->field(), &TimeField::finished, this,
-                [this, handle] { m_slider->focusHandle(handle); });
+                [this, handle = handle] { m_slider->focusHandle(handle); });
     }
     auto *stats = new QHBoxLayout;
     // The room for tenths is a part of it.

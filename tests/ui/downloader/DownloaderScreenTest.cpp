@@ -2,7 +2,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/Picker.h"
 #include "ui/downloader/AddressField.h"
-#include "ui/downloader/LogDialog.h"
+#include "ui/downloader/LogViewer.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -115,7 +115,7 @@ TEST_F(DownloaderScreenTest, offersTheLogOnlyWhereThereIsOne)
 
     const auto openLog = [this] {
         click(u"View Logs"_s);
-        auto *dialog = m_screen.findChild<LogDialog *>();
+        auto *dialog = m_screen.findChild<LogViewer *>();
         EXPECT_TRUE(dialog->isVisible());
         EXPECT_TRUE(dialog->isModal());
         return dialog;
@@ -269,7 +269,7 @@ TEST_F(DownloaderScreenTest, nothingIsCutOffInTheSmallestWindowNorWhyADownloadFa
     EXPECT_TRUE(texts().contains(u"ERROR: /"));
     EXPECT_FALSE(texts().contains(u"[debug]"));
     click(u"View Logs"_s);
-    auto *dialog = m_screen.findChild<LogDialog *>();
+    auto *dialog = m_screen.findChild<LogViewer *>();
     ASSERT_TRUE(dialog);
     EXPECT_EQ(dialog->windowTitle(), u"yt-dlp output");
     EXPECT_TRUE(dialog->findChild<QPlainTextEdit *>()->toPlainText().startsWith(u"[debug] much"));
@@ -289,11 +289,11 @@ TEST_F(DownloaderScreenTest, aNewLookupTakesAwayWhatWasSaidOfAnotherVideo)
     m_fake.toolEnvironment->readVersions();
     EXPECT_TRUE(waitFor([&] { return texts().contains(u"4 months old"); }));
     click(u"View Logs"_s);
-    EXPECT_TRUE(m_screen.findChild<LogDialog *>()->isVisible());
+    EXPECT_TRUE(m_screen.findChild<LogViewer *>()->isVisible());
     m_fake.onLookup(waitForever);
     lookUp(Phase::fetching);
     EXPECT_FALSE(texts().contains(u"ERROR"));
-    for (const LogDialog *dialog : m_screen.findChildren<LogDialog *>())
+    for (const LogViewer *dialog : m_screen.findChildren<LogViewer *>())
         EXPECT_FALSE(dialog->isVisible());
 }
 

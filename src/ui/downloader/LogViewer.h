@@ -9,10 +9,10 @@ namespace clipwren {
 /// The output of a tool over the main window, to read, select and copy.
 ///
 /// Window modal. "Done", Escape and closing it call `onDismiss`; it stays until it is deleted.
-class LogDialog : public QDialog {
+class LogViewer : public QDialog {
     Q_OBJECT
 public:
-    LogDialog(const QString &title, const QString &log, std::function<void()> onDismiss,
+    LogViewer(const QString &title, const QString &log, std::function<void()> onDismiss,
               QWidget *parent);
 
     void reject() override { m_onDismiss(); }

@@ -1,4 +1,4 @@
-#include "ui/downloader/LogDialog.h"
+#include "ui/downloader/LogViewer.h"
 
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
@@ -34,7 +34,7 @@ QPlainTextEdit *makeText(const QString &text)
 
 } // namespace
 
-LogDialog::LogDialog(const QString &title, const QString &log, std::function<void()> onDismiss,
+LogViewer::LogViewer(const QString &title, const QString &log, std::function<void()> onDismiss,
                      QWidget *parent)
     : QDialog(parent), m_onDismiss(std::move(onDismiss))
 {
@@ -53,7 +53,7 @@ LogDialog::LogDialog(const QString &title, const QString &log, std::function<voi
     text->setFocus();
 }
 
-QWidget *LogDialog::makeHeader(const QString &log)
+QWidget *LogViewer::makeHeader(const QString &log)
 {
     auto *header = new Card(Theme::Color::Bar, 0);
     auto *copyButton = new Button(Button::Style::Bordered, tr("Copy"), u"doc.on.doc");
@@ -70,7 +70,7 @@ QWidget *LogDialog::makeHeader(const QString &log)
     row->addWidget(doneButton);
     connect(copyButton, &Button::clicked, this,
             [log] { QGuiApplication::clipboard()->setText(log); });
-    connect(doneButton, &Button::clicked, this, &LogDialog::reject);
+    connect(doneButton, &Button::clicked, this, &LogViewer::reject);
     return header;
 }
 
