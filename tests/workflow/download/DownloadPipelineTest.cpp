@@ -341,5 +341,21 @@ TEST_F(DownloadPipelineTest, whatACancelledDownloadLeftMakesRoomForTheNext)
     EXPECT_EQ(read(u"Talk [id1].mp3"_s), "old\n");
 }
 
+TEST_F(DownloadPipelineTest, aCancelledDownloadLeavesAFileOfBeforeAlone)
+{
+    const QString mine = u"Talk [id1].mp3"_s;
+    ASSERT_TRUE(QDir().mkpath(fake.downloadFolder()));
+    writeFile(path(mine), "mine");
+    fake.onProbe({}, 0, u"mp3"_s, 7.5);
+    fake.onDownload(u"echo '10%||NA||NA'; exec sleep 60"_s);
+    makeReady(u"audioMP3"_s);
+    ASSERT_TRUE(startAndProgress());
+    cancel();
+
+    fake.onDownload(FakeDownloader::defaultDownload());
+    EXPECT_EQ(downloadedName(), u"Talk 2 [id1].mp3"_s);
+    EXPECT_EQ(read(mine), "mine");
+}
+
 } // namespace
 } // namespace clipwren::test
