@@ -14,6 +14,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 struct Option {
     const char *name;
     const char *value;
@@ -67,8 +69,7 @@ constexpr Option backgroundOptions[] = {
 /// write to standard error.
 const char *hardwareDecoders()
 {
-    const bool hasGraphicsCard =
-        QFile::exists(QStringLiteral("/dev/dri")) || QFile::exists(QStringLiteral("/dev/nvidia0"));
+    const bool hasGraphicsCard = QFile::exists(u"/dev/dri"_s) || QFile::exists(u"/dev/nvidia0"_s);
     return hasGraphicsCard ? "auto-copy" : "no";
 }
 
@@ -85,8 +86,8 @@ QThreadPool &endingCores()
 
 Error startFailure(int mpvError)
 {
-    return Error(QStringLiteral("The player could not be started: %1.")
-                     .arg(QString::fromUtf8(mpv_error_string(mpvError))));
+    return Error(u"The player could not be started: %1."_s.arg(
+        QString::fromUtf8(mpv_error_string(mpvError))));
 }
 
 } // namespace
@@ -125,7 +126,7 @@ void MpvInstance::start(const PlayerOptions &options)
 {
     m_handle = mpv_create();
     if (!m_handle)
-        throw Error(QStringLiteral("The player could not be started."));
+        throw Error(u"The player could not be started."_s);
     // Options that this version lacks are of no use to it either.
     for (const auto &[name, value] : generalOptions)
         mpv_set_option_string(m_handle, name, value);
@@ -189,6 +190,7 @@ void MpvInstance::drainEvents()
 void MpvInstance::command(quint64 replyId, const std::vector<QByteArray> &words)
 {
     std::vector<const char *> arguments;
+    arguments.reserve(words.size() + 1);
     for (const QByteArray &word : words)
         arguments.push_back(word.constData());
     arguments.push_back(nullptr);

@@ -5,6 +5,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr qsizetype keptLines = 50;
 
 } // namespace
@@ -65,8 +67,7 @@ void MpvLog::readNew()
 
 QString logLine(const mpv_event_log_message &message)
 {
-    return QString::fromUtf8(message.prefix) + QStringLiteral(": ")
-        + QString::fromUtf8(message.text).trimmed();
+    return QString::fromUtf8(message.prefix) + u": "_s + QString::fromUtf8(message.text).trimmed();
 }
 
 } // namespace clipwren

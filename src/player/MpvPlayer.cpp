@@ -14,6 +14,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 // The low byte of a reply number says what was asked, the rest counts.
 enum class Request : quint64 { None, Load, Seek, SetPause, GetPause };
 
@@ -57,7 +59,7 @@ void MpvPlayer::load(const QUrl &url)
     const auto address = mpvAddress(url);
     if (!address) {
         m_url = url;
-        fail(QStringLiteral("Videos cannot be played from this kind of address."));
+        fail(u"Videos cannot be played from this kind of address."_s);
         return;
     }
     forgetStream();
@@ -85,7 +87,7 @@ void MpvPlayer::onQueueEmpty()
 // mpv's own limit is for one answer, of which a stream may need many.
 void MpvPlayer::onLoadTimeout()
 {
-    fail(playbackFailure(MPV_ERROR_LOADING_FAILED, {QStringLiteral("timed out")}));
+    fail(playbackFailure(MPV_ERROR_LOADING_FAILED, {u"timed out"_s}));
 }
 
 void MpvPlayer::fail(const QString &sentence)

@@ -10,12 +10,14 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(GuardedApplication, anExceptionEndsTheEventLoopWithASentence)
 {
     testing::internal::CaptureStderr();
     QTimer::singleShot(0, [] {
         try {
-            throw Error(QStringLiteral("No room"));
+            throw Error(u"No room"_s);
         } catch (...) {
             EXPECT_FALSE(endAfterException());
         }

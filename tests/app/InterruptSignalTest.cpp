@@ -8,7 +8,7 @@
 namespace clipwren {
 namespace {
 
-TEST(InterruptSignal, LeavesASignalIgnoredThatTheStarterIgnores)
+TEST(InterruptSignal, leavesASignalIgnoredThatTheStarterIgnores)
 {
     std::signal(SIGHUP, SIG_IGN);
     {

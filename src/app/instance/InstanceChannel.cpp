@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 const QByteArray doneAnswer = "ok\n"_ba;
 const QByteArray failedAnswer = "failed\n"_ba;
 // A record is a few hundred bytes; nothing longer than this is read.
-constexpr qint64 longestMessage = 1024 * 1024;
+constexpr qint64 longestMessage = 1024LL * 1024;
 
 FileDescriptor openFolder(const QString &path)
 {

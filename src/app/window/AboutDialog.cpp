@@ -12,6 +12,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QString versionText(const std::optional<QString> &path, const std::optional<QString> &version,
                     const std::optional<QString> &age = {})
 {
@@ -19,7 +21,7 @@ QString versionText(const std::optional<QString> &path, const std::optional<QStr
         return AboutDialog::tr("Not installed");
     if (!version || version->isEmpty())
         return *path;
-    return age ? QStringLiteral("%1 (%2)").arg(*version, *age) : *version;
+    return age ? u"%1 (%2)"_s.arg(*version, *age) : *version;
 }
 
 } // namespace
@@ -31,10 +33,9 @@ AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent, const QD
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(28, 24, 28, 20);
     column->setSpacing(6);
-    column->addWidget(
-        new Label(Theme::TextStyle::Heading, Theme::Color::Text, QStringLiteral("Clipwren")));
+    column->addWidget(new Label(Theme::TextStyle::Heading, Theme::Color::Text, u"Clipwren"_s));
     auto *version = new Label(Theme::TextStyle::Callout, Theme::Color::Secondary,
-                              tr("Version %1").arg(QStringLiteral(CLIPWREN_VERSION)));
+                              tr("Version %1").arg(QLatin1StringView(CLIPWREN_VERSION)));
     version->setSelectable(true);
     column->addWidget(version);
     column->addSpacing(12);
@@ -47,11 +48,11 @@ AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent, const QD
         value->setSelectable(true);
         form->addRow(new Label(Theme::TextStyle::Label, Theme::Color::Text, name), value);
     };
-    addTool(QStringLiteral("yt-dlp"),
+    addTool(u"yt-dlp"_s,
             versionText(tools.ytDlpPath(), tools.ytDlpVersion(),
                         ageText(tools.ytDlpVersion().value_or(QString()), today)));
-    addTool(QStringLiteral("ffmpeg"), versionText(tools.ffmpegPath(), tools.ffmpegVersion()));
-    addTool(QStringLiteral("ffprobe"), versionText(tools.ffprobePath(), std::nullopt));
+    addTool(u"ffmpeg"_s, versionText(tools.ffmpegPath(), tools.ffmpegVersion()));
+    addTool(u"ffprobe"_s, versionText(tools.ffprobePath(), std::nullopt));
     column->addLayout(form);
     column->addSpacing(16);
 

@@ -41,7 +41,7 @@ QString rejectedPath(const QString &path, int number)
 QString resolved(const QString &path)
 {
     const QFileInfo file(path);
-    const QString existing = file.canonicalFilePath();
+    QString existing = file.canonicalFilePath();
     if (!existing.isEmpty())
         return existing;
     return file.isSymLink() ? file.symLinkTarget() : path;

@@ -24,12 +24,14 @@
 namespace clipwren::ProcessRunner {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using Clock = std::chrono::steady_clock;
 /// What one read brought. Never empty.
 using ChunkHandler = std::function<void(QByteArrayView chunk)>;
 
 // What a pipe holds at most by default, so that one read takes all that is there.
-constexpr qsizetype chunkSize = 64 * 1024;
+constexpr qsizetype chunkSize = 64LL * 1024;
 
 // Some thirty years: what is longer would not fit the clock's whole nanoseconds.
 constexpr std::chrono::duration<double> longestTimeout{1e9};
@@ -232,7 +234,7 @@ ChunkHandler collector(BoundedLog &collected)
 
 QString failed(int exitCode)
 {
-    return QStringLiteral("Process failed (exit %1): ").arg(exitCode);
+    return u"Process failed (exit %1): "_s.arg(exitCode);
 }
 
 [[noreturn]] void throwError(const Command &command, const ChildProcess::Exit &exit,
@@ -261,15 +263,13 @@ ProcessError::ProcessError(int exitCode, const QString &standardError, const QSt
 {
 }
 
-TimeoutError::TimeoutError() : Error(QStringLiteral("Operation timed out"))
+TimeoutError::TimeoutError() : Error(u"Operation timed out"_s)
 {
 }
 
 OutputLimitError::OutputLimitError(const QString &tool, qsizetype limit)
-    : OutputLimitError(tool,
-                       QStringLiteral("%1 wrote more than %2 MB and was stopped")
-                           .arg(tool)
-                           .arg(limit / 1024 / 1024))
+    : OutputLimitError(
+        tool, u"%1 wrote more than %2 MB and was stopped"_s.arg(tool).arg(limit / 1024 / 1024))
 {
 }
 
@@ -279,7 +279,7 @@ OutputLimitError::OutputLimitError(const QString &tool, const QString &sentence)
 }
 
 QString runCapturing(const Command &command, std::optional<std::chrono::duration<double>> timeout,
-                     std::stop_token stop)
+                     const std::stop_token &stop)
 {
     QByteArray output;
     BoundedLog error;
@@ -295,7 +295,7 @@ void killTimedOutProcesses()
     timedOutProcesses().killAll();
 }
 
-void runStreaming(const Command &command, const LineHandler &onLine, std::stop_token stop)
+void runStreaming(const Command &command, const LineHandler &onLine, const std::stop_token &stop)
 {
     BoundedLog error;
     Run run(command, lineSplitter(onLine), lineSplitter(onLine, &error));
@@ -304,7 +304,7 @@ void runStreaming(const Command &command, const LineHandler &onLine, std::stop_t
 
 Output runCapturingStdoutStreamingStderr(const Command &command, const LineHandler &onStderrLine,
                                          std::optional<std::chrono::duration<double>> timeout,
-                                         std::stop_token stop)
+                                         const std::stop_token &stop)
 {
     QByteArray output;
     BoundedLog error;

@@ -37,7 +37,7 @@ struct Command {
     /// The whole environment; absent: ours, or what `fixEnvironment` made of it.
     std::optional<Environment> environment = std::nullopt;
     std::chrono::milliseconds terminationGrace = std::chrono::seconds(5);
-    qsizetype outputLimit = 64 * 1024 * 1024; ///< bytes of standard output that are kept at most
+    qsizetype outputLimit = 64LL * 1024 * 1024; ///< bytes of standard output that are kept at most
 };
 
 /// The program ended with a status other than 0. The summary holds only the decisive line of what
@@ -96,7 +96,7 @@ using LineHandler = std::function<void(QStringView line)>;
 /// is a `ProcessError`.
 QString runCapturing(const Command &command,
                      std::optional<std::chrono::duration<double>> timeout = std::nullopt,
-                     std::stop_token stop = {});
+                     const std::stop_token &stop = {});
 
 /// Kills what is still being stopped behind a call that has ended, from now on at once. For the end
 /// of the process, when no operation runs any more.
@@ -106,7 +106,8 @@ void killTimedOutProcesses();
 ///
 /// Throws `CancellationError` when a signal or status 15 or 143 ended the program, `ProcessError`
 /// for any other status than 0.
-void runStreaming(const Command &command, const LineHandler &onLine, std::stop_token stop = {});
+void runStreaming(const Command &command, const LineHandler &onLine,
+                  const std::stop_token &stop = {});
 
 /// Runs the program, hands on every line of its standard error, and returns both outputs. Throws as
 /// `runStreaming` does; a program that writes more than `Command::outputLimit` is killed.
@@ -115,6 +116,7 @@ void runStreaming(const Command &command, const LineHandler &onLine, std::stop_t
 /// call fails with `TimeoutError` at its exit.
 Output runCapturingStdoutStreamingStderr(
     const Command &command, const LineHandler &onStderrLine,
-    std::optional<std::chrono::duration<double>> timeout = std::nullopt, std::stop_token stop = {});
+    std::optional<std::chrono::duration<double>> timeout = std::nullopt,
+    const std::stop_token &stop = {});
 
 } // namespace clipwren::ProcessRunner

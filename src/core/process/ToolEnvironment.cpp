@@ -10,6 +10,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 std::optional<QString> findTool(const QString &name, const QStringList &directories)
 {
     for (const QString &directory : directories) {
@@ -24,7 +26,7 @@ std::optional<QString> findTool(const QString &name, const QStringList &director
 QString ffmpegVersionIn(const QString &output)
 {
     QString line = output.section(u'\n', 0, 0);
-    line.remove(QStringLiteral("ffmpeg version "));
+    line.remove(u"ffmpeg version "_s);
     return line.section(u' ', 0, 0);
 }
 
@@ -32,8 +34,7 @@ QString ffmpegVersionIn(const QString &output)
 
 QStringList ToolEnvironment::defaultSearchDirectories()
 {
-    return {QStringLiteral("/opt/homebrew/bin"), QStringLiteral("/usr/local/bin"),
-            QStringLiteral("/opt/local/bin"), QStringLiteral("/usr/bin")};
+    return {u"/opt/homebrew/bin"_s, u"/usr/local/bin"_s, u"/opt/local/bin"_s, u"/usr/bin"_s};
 }
 
 ToolEnvironment::ToolEnvironment(const QStringList &searchDirectories, Versions versions)
@@ -44,9 +45,9 @@ ToolEnvironment::ToolEnvironment(const QStringList &searchDirectories, Versions 
 
 void ToolEnvironment::refresh()
 {
-    m_ytDlpPath = findTool(QStringLiteral("yt-dlp"), m_searchDirectories);
-    m_ffmpegPath = findTool(QStringLiteral("ffmpeg"), m_searchDirectories);
-    m_ffprobePath = findTool(QStringLiteral("ffprobe"), m_searchDirectories);
+    m_ytDlpPath = findTool(u"yt-dlp"_s, m_searchDirectories);
+    m_ffmpegPath = findTool(u"ffmpeg"_s, m_searchDirectories);
+    m_ffprobePath = findTool(u"ffprobe"_s, m_searchDirectories);
     Q_EMIT changed();
     if (m_versions == Versions::Read)
         readVersions();
@@ -56,12 +57,12 @@ void ToolEnvironment::readVersions()
 {
     m_versions = Versions::Read;
     if (m_ytDlpPath) {
-        readVersion(*m_ytDlpPath, QStringLiteral("--version"), [this](auto output) {
+        readVersion(*m_ytDlpPath, u"--version"_s, [this](auto output) {
             m_ytDlpVersion = output ? std::optional(output->trimmed()) : std::nullopt;
         });
     }
     if (m_ffmpegPath) {
-        readVersion(*m_ffmpegPath, QStringLiteral("-version"), [this](auto output) {
+        readVersion(*m_ffmpegPath, u"-version"_s, [this](auto output) {
             m_ffmpegVersion = ffmpegVersionIn(output.value_or(QString()));
         });
     }
@@ -73,7 +74,7 @@ bool ToolEnvironment::isReadingVersions() const
 }
 
 void ToolEnvironment::readVersion(const QString &path, const QString &argument,
-                                  std::function<void(std::optional<QString>)> apply)
+                                  const std::function<void(std::optional<QString>)> &apply)
 {
     std::erase_if(m_versionQueries, [](const BackgroundTask &task) { return !task.isRunning(); });
     // Queries of an earlier search go on: whichever ends last leaves its answer.

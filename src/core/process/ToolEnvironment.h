@@ -51,7 +51,7 @@ Q_SIGNALS:
 
 private:
     void readVersion(const QString &path, const QString &argument,
-                     std::function<void(std::optional<QString> output)> apply);
+                     const std::function<void(std::optional<QString> output)> &apply);
 
     QStringList m_searchDirectories;
     Versions m_versions;

@@ -33,7 +33,7 @@ private:
 class BoundedLog {
 public:
     /// Texts of up to twice `half` bytes are kept whole.
-    explicit BoundedLog(qsizetype half = 1024 * 1024) : m_half(half) { }
+    explicit BoundedLog(qsizetype half = 1024LL * 1024) : m_half(half) { }
 
     void append(QByteArrayView text);
 

@@ -4,9 +4,11 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 SettingsPreferences::SettingsPreferences()
     : m_settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-                     + QStringLiteral("/Clipwren/clipwren.conf"),
+                     + u"/Clipwren/clipwren.conf"_s,
                  QSettings::IniFormat)
 {
 }

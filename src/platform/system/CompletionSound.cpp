@@ -9,6 +9,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// The functions we use of libcanberra, which is loaded for the first sound: most starts of the
 /// program make none.
 class Canberra {
@@ -16,7 +18,7 @@ public:
     bool isLoaded() const { return create && destroy && changeProps && play; }
 
 private:
-    QLibrary m_library{QStringLiteral("canberra"), 0};
+    QLibrary m_library{u"canberra"_s, 0};
 
     template <typename Function> Function function(const char *name)
     {
@@ -57,7 +59,7 @@ void CompletionSound::play()
         canberra().changeProps(context, CA_PROP_APPLICATION_NAME, "Clipwren",
                                CA_PROP_APPLICATION_ID, "clipwren", nullptr);
         // The sound server reads files, and ours lies inside the program.
-        QFile sound(QStringLiteral(":/sounds/complete.oga"));
+        QFile sound(u":/sounds/complete.oga"_s);
         m_file.reset(QTemporaryFile::createNativeFile(sound));
     }
     if (!m_file)

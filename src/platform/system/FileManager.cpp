@@ -11,6 +11,8 @@
 namespace clipwren {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QString nearestExisting(const QString &path)
 {
     QFileInfo file(path);
@@ -32,9 +34,8 @@ void revealInFileManager(const QString &path)
 {
     const QString target = nearestExisting(path);
     QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.FileManager1"),
-        QStringLiteral("/org/freedesktop/FileManager1"),
-        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+        u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
+        u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
     call << QStringList{QUrl::fromLocalFile(target).toString(QUrl::FullyEncoded)} << QString();
 
     auto *watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call));

@@ -11,19 +11,21 @@ using Settings = QMap<QString, QVariantMap>;
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
-const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
-const auto gnomeGroup = QStringLiteral("org.gnome.desktop.interface");
+const auto service = u"org.freedesktop.portal.Desktop"_s;
+const auto path = u"/org/freedesktop/portal/desktop"_s;
+const auto interface = u"org.freedesktop.portal.Settings"_s;
+const auto appearanceGroup = u"org.freedesktop.appearance"_s;
+const auto gnomeGroup = u"org.gnome.desktop.interface"_s;
 
 /// False where connecting would make the D-Bus library start a bus of its own.
 bool hasSessionBus()
 {
     return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")
-        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s);
 }
 
 } // namespace
@@ -36,7 +38,7 @@ DesktopAppearance::DesktopAppearance(const QString &busAddress, QObject *parent)
     if (busAddress.isEmpty() && !hasSessionBus())
         return;
     if (!busAddress.isEmpty())
-        m_connectionName = QStringLiteral("clipwren-appearance");
+        m_connectionName = u"clipwren-appearance"_s;
     // Connecting waits for the bus to answer, so it happens beside the start of the window.
     m_connecting = BackgroundTask::start(
         [busAddress, name = m_connectionName](std::stop_token, const BackgroundTask::Post &) {
@@ -57,10 +59,9 @@ void DesktopAppearance::ask(QDBusConnection &bus)
     if (!bus.isConnected())
         return;
     // From whatever sender: to find out who owns the portal's name would be to wait for the bus.
-    bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
+    bus.connect(QString(), path, interface, u"SettingChanged"_s, this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
-    auto message =
-        QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("ReadAll"));
+    auto message = QDBusMessage::createMethodCall(service, path, interface, u"ReadAll"_s);
     message << QStringList{appearanceGroup, gnomeGroup};
     auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
@@ -86,12 +87,12 @@ void DesktopAppearance::settingChanged(const QString &group, const QString &key,
 
 void DesktopAppearance::take(const QString &group, const QString &key, const QVariant &value)
 {
-    if (group == appearanceGroup && key == QStringLiteral("color-scheme")) {
+    if (group == appearanceGroup && key == u"color-scheme"_s) {
         const uint scheme = value.toUInt();
         m_prefersDark = scheme == 1 || scheme == 2 ? std::optional(scheme == 1) : std::nullopt;
-    } else if (group == appearanceGroup && key == QStringLiteral("reduced-motion")) {
+    } else if (group == appearanceGroup && key == u"reduced-motion"_s) {
         m_reducedMotion = value.toUInt() == 1;
-    } else if (group == gnomeGroup && key == QStringLiteral("enable-animations")) {
+    } else if (group == gnomeGroup && key == u"enable-animations"_s) {
         m_animations = value.toBool();
     }
 }

@@ -9,6 +9,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QPixmap drawTinted(const QString &name, int pixels, const QColor &color)
@@ -16,7 +18,7 @@ QPixmap drawTinted(const QString &name, int pixels, const QColor &color)
     QImage drawing(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     drawing.fill(Qt::transparent);
     QPainter painter(&drawing);
-    QSvgRenderer(QStringLiteral(":/icons/%1.svg").arg(name)).render(&painter);
+    QSvgRenderer(u":/icons/%1.svg"_s.arg(name)).render(&painter);
     painter.end();
 
     // The files are drawn in black; white strokes over it cut a hole, so that what lies behind
@@ -36,8 +38,7 @@ QPixmap drawTinted(const QString &name, int pixels, const QColor &color)
 
 QPixmap tinted(const QString &name, int pixels, const QColor &color)
 {
-    const QString key =
-        QStringLiteral("icon/%1/%2/%3").arg(name).arg(pixels).arg(color.rgba(), 8, 16);
+    const QString key = u"icon/%1/%2/%3"_s.arg(name).arg(pixels).arg(color.rgba(), 8, 16);
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
         pixmap = drawTinted(name, pixels, color);

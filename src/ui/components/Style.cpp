@@ -11,6 +11,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int scrollBarWidth = 12;
@@ -84,7 +86,7 @@ void drawMenuItem(const QStyleOptionMenuItem &item, QPainter &painter)
 } // namespace
 
 // The one style that follows a palette everywhere; the desktop's own would mix two looks.
-Style::Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+Style::Style() : QProxyStyle(QStyleFactory::create(u"Fusion"_s))
 {
 }
 

@@ -11,6 +11,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Color = Theme::Color;
@@ -120,12 +122,11 @@ static_assert(inOrder(textRows, &TextRow::style));
 /// The desktop's font, or Inter where it only names a generic one.
 QStringList systemFamilies()
 {
-    static const QStringList generic = {QStringLiteral("sans"), QStringLiteral("sans serif"),
-                                        QStringLiteral("sans-serif")};
+    static const QStringList generic = {u"sans"_s, u"sans serif"_s, u"sans-serif"_s};
     const QString family = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
     if (!family.isEmpty() && !generic.contains(family.toLower()))
         return {family};
-    return {QStringLiteral("Inter"), QStringLiteral("Sans Serif")};
+    return {u"Inter"_s, u"Sans Serif"_s};
 }
 
 const TextRow &rowOf(TextStyle style)

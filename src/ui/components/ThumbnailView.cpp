@@ -17,6 +17,8 @@
 
 namespace clipwren {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qreal cornerRadius = 8;
@@ -31,8 +33,7 @@ std::optional<QUrl> webAddress(const std::optional<QString> &text)
     if (!text)
         return std::nullopt;
     const QUrl url(*text, QUrl::StrictMode);
-    const bool web =
-        url.scheme() == QStringLiteral("http") || url.scheme() == QStringLiteral("https");
+    const bool web = url.scheme() == u"http"_s || url.scheme() == u"https"_s;
     return url.isValid() && web && !url.host().isEmpty() ? std::optional(url) : std::nullopt;
 }
 

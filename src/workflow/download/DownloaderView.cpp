@@ -45,8 +45,6 @@ DownloaderView::DownloaderView(const ApplicationContext &context,
     });
 }
 
-DownloaderView::~DownloaderView() = default;
-
 // Requests from outside
 
 void DownloaderView::acceptRequests()

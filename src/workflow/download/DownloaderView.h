@@ -43,7 +43,6 @@ public:
     /// delete the view with `deleteLater()`.
     explicit DownloaderView(const ApplicationContext &context,
                             std::function<void(QUuid)> onCompleted = {}, QObject *parent = nullptr);
-    ~DownloaderView() override;
 
     /// Looks up the pending request, if any, and from now on every later one.
     void acceptRequests();

@@ -91,7 +91,7 @@ protected:
     }
 };
 
-TEST_F(InstanceTest, OnlyOneHoldsTheLibrary)
+TEST_F(InstanceTest, onlyOneHoldsTheLibrary)
 {
     std::optional<LibraryLock> first(libraryFolder());
     EXPECT_TRUE(first->isHeld());
@@ -110,7 +110,7 @@ TEST_F(InstanceTest, OnlyOneHoldsTheLibrary)
     EXPECT_EQ(none.error(), u"Not a directory"_s);
 }
 
-TEST_F(InstanceTest, ASecondStartReachesTheFirst)
+TEST_F(InstanceTest, aSecondStartReachesTheFirst)
 {
     const LibraryLock lock(libraryFolder());
     EXPECT_EQ(send(show(u"https://nobody.example"_s)), InstanceAnswer::None);
@@ -130,7 +130,7 @@ TEST_F(InstanceTest, ASecondStartReachesTheFirst)
     EXPECT_EQ(claimLibrary(libraryFolder(), {}, 1ms, {}).outcome, LibraryClaim::Outcome::Silent);
 }
 
-TEST_F(InstanceTest, WaitsForALockThatIsSoonFree)
+TEST_F(InstanceTest, waitsForALockThatIsSoonFree)
 {
     std::optional<LibraryLock> save(libraryFolder());
     QTimer::singleShot(300, [&] { save.reset(); });
@@ -140,7 +140,7 @@ TEST_F(InstanceTest, WaitsForALockThatIsSoonFree)
               LibraryClaim::Outcome::Held);
 }
 
-TEST_F(InstanceTest, SendsAwayWhoSaysNothingOfUse)
+TEST_F(InstanceTest, sendsAwayWhoSaysNothingOfUse)
 {
     const LibraryLock lock(libraryFolder());
     int received = 0;
@@ -182,7 +182,7 @@ TEST_F(InstanceTest, isQuietWithoutDescriptors)
     EXPECT_LT(used, CLOCKS_PER_SEC / 10);
 }
 
-TEST_F(InstanceTest, SavesFromManyProcessesAllEndUpInTheLists)
+TEST_F(InstanceTest, savesFromManyProcessesAllEndUpInTheLists)
 {
     EXPECT_FALSE(handOver(saved(u"A"_s)).failure);
 
@@ -205,7 +205,7 @@ TEST_F(InstanceTest, SavesFromManyProcessesAllEndUpInTheLists)
     EXPECT_EQ(history.entries().value(0).title, u"B"_s);
 }
 
-TEST_F(InstanceTest, KeepsARecordThatNobodyTakesForTheNextStart)
+TEST_F(InstanceTest, keepsARecordThatNobodyTakesForTheNextStart)
 {
     std::optional<LibraryLock> silent(libraryFolder());
     for (const QString &title : {u"A"_s, u"B"_s}) {
@@ -235,7 +235,7 @@ TEST_F(InstanceTest, KeepsARecordThatNobodyTakesForTheNextStart)
     EXPECT_EQ(QDir(libraryFolder()).entryList({u"pending-*"_s}), QStringList{u"pending-1.json"_s});
 }
 
-TEST_F(InstanceTest, SaysWhyARecordIsInNoList)
+TEST_F(InstanceTest, saysWhyARecordIsInNoList)
 {
     // The list cannot be written.
     ASSERT_TRUE(QDir().mkpath(inLibrary(u"downloads.json"_s)));

@@ -7,7 +7,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-TEST(SaveArguments, ReadsOptionsInAnyPlace)
+TEST(SaveArguments, readsOptionsInAnyPlace)
 {
     const SaveArguments arguments =
         SaveArguments::parse({u"--format"_s, u"audioMP3"_s, u"https://a/"_s, u"--trim=1:00-90"_s,
@@ -19,7 +19,7 @@ TEST(SaveArguments, ReadsOptionsInAnyPlace)
     EXPECT_EQ(SaveArguments::parse({u"--"_s, u"--odd"_s}).address, u"--odd"_s);
 }
 
-TEST(SaveArguments, SaysWhatIsWrong)
+TEST(SaveArguments, saysWhatIsWrong)
 {
     const std::pair<QStringList, const char *> cases[] = {
         {{}, "address is missing"},

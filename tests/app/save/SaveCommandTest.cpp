@@ -37,7 +37,7 @@ protected:
     std::string standardError;
 };
 
-TEST_F(SaveCommandTest, EndsWithASentenceWhenItsToolIsStopped)
+TEST_F(SaveCommandTest, endsWithASentenceWhenItsToolIsStopped)
 {
     for (const QString &end :
          {u"kill -TERM $$"_s, u"kill -KILL $$"_s, u"exit 15"_s, u"exit 143"_s}) {
@@ -52,7 +52,7 @@ TEST_F(SaveCommandTest, EndsWithASentenceWhenItsToolIsStopped)
     EXPECT_THAT(standardError, HasSubstr("The tool was stopped before it had finished."));
 }
 
-TEST_F(SaveCommandTest, KnowsAFileThatTheUsersLibraryRecords)
+TEST_F(SaveCommandTest, knowsAFileThatTheUsersLibraryRecords)
 {
     // Without a length, nothing else tells that the file is whole.
     fake.onLookup(u"echo '{}'"_s);
@@ -65,7 +65,7 @@ TEST_F(SaveCommandTest, KnowsAFileThatTheUsersLibraryRecords)
     EXPECT_EQ(fake.store.records().value(0).filePath, saved.filePath);
 }
 
-TEST_F(SaveCommandTest, ShowsWhatDecidedInTheLogOfALookUpThatFailed)
+TEST_F(SaveCommandTest, showsWhatDecidedInTheLogOfALookUpThatFailed)
 {
     const std::pair<QString, const char *> cases[] = {
         {u"echo '[debug] all' >&2; echo 'ERROR: [site] odd answer' >&2; echo '<html>'"_s,
@@ -87,7 +87,7 @@ TEST_F(SaveCommandTest, ShowsWhatDecidedInTheLogOfALookUpThatFailed)
     }
 }
 
-TEST_F(SaveCommandTest, TellsLastThatTheDownloaderIsOld)
+TEST_F(SaveCommandTest, tellsLastThatTheDownloaderIsOld)
 {
     const char *const hint = "\nyt-dlp 2024.08.06 is over a year old. A newer one may help. Put it "
                              "into /usr/local/bin, which is searched first.\n";
@@ -111,7 +111,7 @@ TEST_F(SaveCommandTest, TellsLastThatTheDownloaderIsOld)
     EXPECT_THAT(standardError, Not(HasSubstr("A newer one")));
 }
 
-TEST_F(SaveCommandTest, LetsNoControlCharacterReachTheTerminal)
+TEST_F(SaveCommandTest, letsNoControlCharacterReachTheTerminal)
 {
     fake.tools.write(u"yt-dlp.json"_s, u"{\"title\":\"Ta\\u001b[31mlk\\u202e\\n\\u009b2Jx\"}"_s);
     fake.onLookup(u"printf '[site] a\\033]0;evil\\007b\\n' >&2; cat \"$0.json\""_s);

@@ -65,7 +65,7 @@ std::string failureOf(const Command &command)
     }
 }
 
-TEST(ProcessRunner, ReportsEachWayToEndAsOneOutcome)
+TEST(ProcessRunner, reportsEachWayToEndAsOneOutcome)
 {
     const auto ignore = [](QStringView) {};
     const std::tuple<QString, Outcome, Outcome> cases[] = {
@@ -88,7 +88,7 @@ TEST(ProcessRunner, ReportsEachWayToEndAsOneOutcome)
     }
 }
 
-TEST(ProcessRunner, DescribesAFailureWithItsStatusAndTrimmedErrorText)
+TEST(ProcessRunner, describesAFailureWithItsStatusAndTrimmedErrorText)
 {
     EXPECT_EQ(failureOf(shell(u"echo 'bad URL' >&2; exit 1"_s)),
               "Process failed (exit 1): bad URL");
@@ -97,14 +97,14 @@ TEST(ProcessRunner, DescribesAFailureWithItsStatusAndTrimmedErrorText)
     EXPECT_EQ(failureOf(shell(u"kill -TERM $$"_s)), "Process failed (exit 15): ");
 }
 
-TEST(ProcessRunner, LetsTheProgramEndWhenNobodyReads)
+TEST(ProcessRunner, letsTheProgramEndWhenNobodyReads)
 {
     const auto ours = std::signal(SIGPIPE, SIG_IGN);
     EXPECT_EQ(failureOf(shell(u"kill -PIPE $$"_s)), "Process failed (exit 13): ");
     std::signal(SIGPIPE, ours);
 }
 
-TEST(ProcessRunner, TakesNoProgramForSuccessfulWhoseExitStatusIsLost)
+TEST(ProcessRunner, takesNoProgramForSuccessfulWhoseExitStatusIsLost)
 {
     const auto ours = std::signal(SIGCHLD, SIG_IGN);
     for (const QString &script : {u"exit 0"_s, u"exit 3"_s}) {
@@ -115,7 +115,7 @@ TEST(ProcessRunner, TakesNoProgramForSuccessfulWhoseExitStatusIsLost)
     std::signal(SIGCHLD, ours);
 }
 
-TEST(ProcessRunner, ReportsAProgramThatCannotBeStarted)
+TEST(ProcessRunner, reportsAProgramThatCannotBeStarted)
 {
     for (const QString &path : {u"/nonexistent/tool"_s, u"/etc/passwd"_s, u"/tmp"_s}) {
         SCOPED_TRACE(path.toStdString());
@@ -126,7 +126,7 @@ TEST(ProcessRunner, ReportsAProgramThatCannotBeStarted)
                 testing::HasSubstr("No such file or directory"));
 }
 
-TEST(ProcessRunner, GivesTheProgramTheWholeEnvironmentOrOurs)
+TEST(ProcessRunner, givesTheProgramTheWholeEnvironmentOrOurs)
 {
     ::setenv("CLIPWREN_TEST", "inherited", 1);
     Command command = shell(u"echo \"$CLIPWREN_TEST:$ONLY\""_s);
@@ -136,7 +136,7 @@ TEST(ProcessRunner, GivesTheProgramTheWholeEnvironmentOrOurs)
     ::unsetenv("CLIPWREN_TEST");
 }
 
-TEST(ProcessRunner, SplitsOutputAtEitherLineEnd)
+TEST(ProcessRunner, splitsOutputAtEitherLineEnd)
 {
     const std::pair<QString, std::vector<std::string>> cases[] = {
         {u"printf 'a\\n\\nb\\r\\nc'"_s, {"a", "b", "c"}},
@@ -160,7 +160,7 @@ TEST(ProcessRunner, SplitsOutputAtEitherLineEnd)
     }
 }
 
-TEST(ProcessRunner, CapturesOneStreamAndStreamsTheOther)
+TEST(ProcessRunner, capturesOneStreamAndStreamsTheOther)
 {
     Lines lines;
     const auto output = ProcessRunner::runCapturingStdoutStreamingStderr(
@@ -170,7 +170,7 @@ TEST(ProcessRunner, CapturesOneStreamAndStreamsTheOther)
     EXPECT_THAT(lines, ElementsAre("one", "two"));
 }
 
-TEST(ProcessRunner, ReadsMoreThanAPipeHoldsFromBothStreams)
+TEST(ProcessRunner, readsMoreThanAPipeHoldsFromBothStreams)
 {
     const Command flood = shell(u"head -c 1500000 /dev/zero | tr '\\0' e >&2;"
                                 " head -c 5000000 /dev/zero | tr '\\0' o"_s);
@@ -180,7 +180,7 @@ TEST(ProcessRunner, ReadsMoreThanAPipeHoldsFromBothStreams)
     EXPECT_EQ(output.standardError.size(), 1'500'000);
 }
 
-TEST(ProcessRunner, KeepsTheBeginningAndTheEndOfALongLog)
+TEST(ProcessRunner, keepsTheBeginningAndTheEndOfALongLog)
 {
     const Command flood =
         shell(u"{ echo first; yes 'gr\u00fcn' | head -c 9000000; echo; echo last; }"
@@ -204,7 +204,7 @@ TEST(ProcessRunner, KeepsTheBeginningAndTheEndOfALongLog)
     }
 }
 
-TEST(BoundedLog, LeavesOutWholeLinesOrCharactersAndCountsThem)
+TEST(BoundedLog, leavesOutWholeLinesOrCharactersAndCountsThem)
 {
     const std::pair<QByteArray, QString> cases[] = {
         {"0123456789abcdefghij", u"0123456789abcdefghij"_s},
@@ -222,7 +222,7 @@ TEST(BoundedLog, LeavesOutWholeLinesOrCharactersAndCountsThem)
     }
 }
 
-TEST(ProcessRunner, EndsAProgramThatWritesWithoutEnd)
+TEST(ProcessRunner, endsAProgramThatWritesWithoutEnd)
 {
     Command endless = shell(u"exec yes"_s);
     endless.outputLimit = 2 * 1024 * 1024;
@@ -232,7 +232,7 @@ TEST(ProcessRunner, EndsAProgramThatWritesWithoutEnd)
     EXPECT_EQ(test::childCount(), 0);
 }
 
-TEST(ProcessRunner, DeliversWhatIsWrittenLast)
+TEST(ProcessRunner, deliversWhatIsWrittenLast)
 {
     for (int run = 0; run < 50; ++run) {
         Lines lines;
@@ -250,7 +250,7 @@ bool isGone(const QString &process)
     });
 }
 
-TEST(ProcessRunner, StopsWhatAProgramLeavesBehindWithoutWaitingForIt)
+TEST(ProcessRunner, stopsWhatAProgramLeavesBehindWithoutWaitingForIt)
 {
     QElapsedTimer timer;
     timer.start();
@@ -265,7 +265,7 @@ TEST(ProcessRunner, StopsWhatAProgramLeavesBehindWithoutWaitingForIt)
         EXPECT_TRUE(isGone(process));
 }
 
-TEST(ProcessRunner, StopsTheProgramAndWhatItStarted)
+TEST(ProcessRunner, stopsTheProgramAndWhatItStarted)
 {
     // The shell ends at once on SIGTERM and would leave its own child behind.
     for (const QString &child : {u"exec sleep 60"_s, u"trap '' TERM; exec sleep 60"_s}) {
@@ -287,7 +287,7 @@ TEST(ProcessRunner, StopsTheProgramAndWhatItStarted)
     }
 }
 
-TEST(ProcessRunner, EndsTheProgramWhenWeAreKilled)
+TEST(ProcessRunner, endsTheProgramWhenWeAreKilled)
 {
     const Pipe pipe = Pipe::open();
     const pid_t us = ::fork();
@@ -305,7 +305,7 @@ TEST(ProcessRunner, EndsTheProgramWhenWeAreKilled)
     EXPECT_TRUE(isGone(QString::fromLatin1(id.data())));
 }
 
-TEST(ProcessRunner, KillsAProgramThatIgnoresTheRequest)
+TEST(ProcessRunner, killsAProgramThatIgnoresTheRequest)
 {
     Command stubborn = shell(u"trap '' TERM; echo ready; while :; do sleep 1; done"_s);
     stubborn.terminationGrace = 50ms;
@@ -315,7 +315,7 @@ TEST(ProcessRunner, KillsAProgramThatIgnoresTheRequest)
                  CancellationError);
 }
 
-TEST(ProcessRunner, FailsAtOnceAtTheTimeLimitAndStopsTheProgramBehindIt)
+TEST(ProcessRunner, failsAtOnceAtTheTimeLimitAndStopsTheProgramBehindIt)
 {
     for (const auto *script : {u"exec sleep 60", u"trap '' TERM; while :; do sleep 1; done"}) {
         Command command = shell(QString::fromUtf16(script));
@@ -329,7 +329,7 @@ TEST(ProcessRunner, FailsAtOnceAtTheTimeLimitAndStopsTheProgramBehindIt)
     EXPECT_NO_THROW(ProcessRunner::runCapturing(shell(u"exit 0"_s), 1e300s));
 }
 
-TEST(ProcessRunner, HasOneOutcomeWhenExitTimeLimitAndStopComeTogether)
+TEST(ProcessRunner, hasOneOutcomeWhenExitTimeLimitAndStopComeTogether)
 {
     for (int run = 0; run < 200; ++run) {
         std::stop_source stop;
@@ -344,7 +344,7 @@ TEST(ProcessRunner, HasOneOutcomeWhenExitTimeLimitAndStopComeTogether)
     EXPECT_TRUE(test::eventually([] { return test::childCount() == 0; }));
 }
 
-TEST(ProcessRunner, EndsTheProgramWhenALineHandlerThrows)
+TEST(ProcessRunner, endsTheProgramWhenALineHandlerThrows)
 {
     EXPECT_THROW(ProcessRunner::runStreaming(shell(u"echo x; exec sleep 60"_s),
                                              [](QStringView) { throw std::runtime_error("no"); }),
@@ -352,7 +352,7 @@ TEST(ProcessRunner, EndsTheProgramWhenALineHandlerThrows)
     EXPECT_EQ(test::childCount(), 0);
 }
 
-TEST(ProcessRunner, GivesTheProgramNoDescriptorOfOurs)
+TEST(ProcessRunner, givesTheProgramNoDescriptorOfOurs)
 {
     const char *const count = "ls /proc/self/fd | wc -l";
     const std::unique_ptr<FILE, int (*)(FILE *)> plain(::popen(count, "re"), ::pclose);

@@ -20,7 +20,7 @@ struct Directories {
     QStringList list() const { return {first.directory(), second.directory()}; }
 };
 
-TEST(ToolEnvironment, TakesTheFirstDirectoryThatHasAnExecutable)
+TEST(ToolEnvironment, takesTheFirstDirectoryThatHasAnExecutable)
 {
     Directories directories;
     const QString quick = u"echo 1"_s;
@@ -43,7 +43,7 @@ TEST(ToolEnvironment, TakesTheFirstDirectoryThatHasAnExecutable)
     EXPECT_TRUE(tools.allFound());
 }
 
-TEST(ToolEnvironment, ReadsTheVersions)
+TEST(ToolEnvironment, readsTheVersions)
 {
     const std::tuple<QString, std::optional<QString>, QString, QString> cases[] = {
         {u"echo 2024.08.06"_s, u"2024.08.06"_s,
@@ -65,7 +65,7 @@ TEST(ToolEnvironment, ReadsTheVersions)
     }
 }
 
-TEST(ToolEnvironment, EndsAHangingVersionQueryWithItself)
+TEST(ToolEnvironment, endsAHangingVersionQueryWithItself)
 {
     Directories directories;
     directories.first.add(u"yt-dlp"_s, u"exec sleep 60"_s);

@@ -20,7 +20,7 @@ void fail(const std::exception_ptr &)
     ADD_FAILURE();
 }
 
-TEST(BackgroundTask, DeliversPostsThenTheResultOnTheCallersThread)
+TEST(BackgroundTask, deliversPostsThenTheResultOnTheCallersThread)
 {
     std::vector<int> seen;
     bool done = false;
@@ -44,7 +44,7 @@ TEST(BackgroundTask, DeliversPostsThenTheResultOnTheCallersThread)
     EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
 }
 
-TEST(BackgroundTask, KeepsFewPostsThatNobodyRunsAndAlwaysTheLast)
+TEST(BackgroundTask, keepsFewPostsThatNobodyRunsAndAlwaysTheLast)
 {
     std::vector<int> seen;
     const auto counted = std::make_shared<int>();
@@ -63,7 +63,7 @@ TEST(BackgroundTask, KeepsFewPostsThatNobodyRunsAndAlwaysTheLast)
     EXPECT_EQ(seen.back(), 99'999);
 }
 
-TEST(BackgroundTask, CancellingLetsTheOutcomeArrive)
+TEST(BackgroundTask, cancellingLetsTheOutcomeArrive)
 {
     bool cancelled = false;
     auto task = BackgroundTask::start(
@@ -81,7 +81,7 @@ TEST(BackgroundTask, CancellingLetsTheOutcomeArrive)
     EXPECT_TRUE(QTest::qWaitFor([&] { return cancelled; }));
 }
 
-TEST(BackgroundTask, DroppingStopsTheWorkAndSilencesIt)
+TEST(BackgroundTask, droppingStopsTheWorkAndSilencesIt)
 {
     std::atomic<int> stopped = 0;
     for (int round = 0; round < 300; ++round) {
@@ -101,7 +101,7 @@ TEST(BackgroundTask, DroppingStopsTheWorkAndSilencesIt)
     EXPECT_EQ(stopped, 300);
 }
 
-TEST(BackgroundTask, RunsMoreAtATimeThanThereAreProcessors)
+TEST(BackgroundTask, runsMoreAtATimeThanThereAreProcessors)
 {
     constexpr int count = 40;
     std::atomic<int> running = 0;

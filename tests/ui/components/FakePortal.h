@@ -12,6 +12,8 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 using PortalSettings = QMap<QString, QVariantMap>;
 
 /// A bus of its own with a desktop portal whose settings a test chooses.
@@ -22,16 +24,15 @@ public:
     explicit FakePortal(const PortalSettings &settings) : m_settings(settings)
     {
         qDBusRegisterMetaType<PortalSettings>();
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                        QStringLiteral("--nopidfile"), QStringLiteral("--print-address")});
+        m_daemon.start(u"dbus-daemon"_s,
+                       {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s});
         EXPECT_TRUE(m_daemon.waitForReadyRead(10'000));
         m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
         auto bus = QDBusConnection::connectToBus(m_address, m_address);
-        EXPECT_TRUE(bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
+        EXPECT_TRUE(bus.registerObject(u"/org/freedesktop/portal/desktop"_s, this,
                                        QDBusConnection::ExportAllSlots
                                            | QDBusConnection::ExportAllSignals));
-        EXPECT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+        EXPECT_TRUE(bus.registerService(u"org.freedesktop.portal.Desktop"_s));
     }
     ~FakePortal() override
     {

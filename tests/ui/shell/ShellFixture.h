@@ -14,6 +14,8 @@
 
 namespace clipwren::test {
 
+using namespace Qt::StringLiterals;
+
 /// All that the views of the shell need, over fake tools and a temporary library.
 class ShellFixture : public LibraryFixture {
 protected:
@@ -28,9 +30,9 @@ protected:
     DownloadRecord addRecord(const QString &title, bool withFile = true)
     {
         DownloadRecord record = bareRecord(title);
-        record.filePath = path(title + QStringLiteral(".mp4"));
+        record.filePath = path(title + u".mp4"_s);
         if (withFile)
-            writeFile(title + QStringLiteral(".mp4"), "film");
+            writeFile(title + u".mp4"_s, "film");
         store.add(record);
         return store.records().constFirst();
     }
