@@ -8,8 +8,10 @@
 #include <QFile>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <gmock/gmock.h>
 #include <memory>
 #include <sys/wait.h>
@@ -122,8 +124,7 @@ TEST(ProcessRunner, reportsAProgramThatCannotBeStarted)
         EXPECT_THROW(ProcessRunner::runStreaming({path, {}}, [](QStringView) { ADD_FAILURE(); }),
                      std::system_error);
     }
-    EXPECT_THAT(failureOf({u"/nonexistent/tool"_s, {}}),
-                testing::HasSubstr("No such file or directory"));
+    EXPECT_THAT(failureOf({u"/nonexistent/tool"_s, {}}), testing::HasSubstr(std::strerror(ENOENT)));
 }
 
 TEST(ProcessRunner, givesTheProgramTheWholeEnvironmentOrOurs)

@@ -49,7 +49,7 @@ TEST_F(HistoryListTest, offersWhatCanBeDoneWithAnEntry)
     addEntry();
     addEntry();
     showWindow(sidebar);
-    EXPECT_EQ(row(0).data(Qt::AccessibleTextRole), u"Talk, now, downloaded 2 times"_s);
+    EXPECT_EQ(row(0).data(Qt::AccessibleTextRole), u"Talk, %1, downloaded 2 times"_s.arg(now));
     openMenuOf(0);
     EXPECT_EQ(itemsOf(openMenu()),
               (QStringList{u"Re-download"_s, u"Copy URL"_s, u"Open URL in Browser"_s, u"-"_s,

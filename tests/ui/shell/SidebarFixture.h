@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/text/RelativeDate.h"
 #include "ui/shell/HistoryList.h"
 #include "ui/shell/LibraryListView.h"
 #include "ui/shell/RecentList.h"
@@ -45,6 +46,8 @@ protected:
         chooseFromMenu(text);
     }
 
+    /// How a row tells the time of a record that is new.
+    const QString now = RelativeDate().text(QDateTime::currentDateTimeUtc());
     QList<std::optional<QUuid>> selections;
     QStringList addresses;
     bool grantsSelection = true;

@@ -2,6 +2,8 @@
 
 #include "workflow/download/DownloaderFixture.h"
 
+#include <cerrno>
+#include <cstring>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -248,7 +250,7 @@ TEST_F(DownloadPipelineTest, keepsALogOfEveryFailure)
     // No tool was at work.
     startOver();
     writeFile(fake.downloadFolder(), {});
-    EXPECT_TRUE(failure().endsWith(u"Not a directory"));
+    EXPECT_TRUE(failure().endsWith(QString::fromLocal8Bit(std::strerror(ENOTDIR))));
     EXPECT_EQ(view->errorLog()->tool, QString());
     EXPECT_EQ(view->errorLog()->text, view->errorMessage());
 }
