@@ -22,7 +22,8 @@ int brightness(const QImage &picture, double x, double y)
 
 QUrl numberedVideo(int stream)
 {
-    return QUrl::fromLocalFile(QString::fromUtf8(CLIPWREN_TEST_MEDIA "/numbered%1.mp4").arg(stream));
+    return QUrl::fromLocalFile(
+        QString::fromUtf8(CLIPWREN_TEST_MEDIA "/numbered%1.mp4").arg(stream));
 }
 
 std::optional<FrameNumber> readFrameNumber(const QImage &picture)
