@@ -46,7 +46,7 @@ QVariant LibraryListModel::data(const QModelIndex &index, int role) const
 {
     const auto item = itemAt(index);
     // While rows come and go, the store and the rows do not match.
-    return item && !m_changing ? itemData(*item, role) : QVariant();
+    return item && !m_changing ? valueOf(*item, role) : QVariant();
 }
 
 Qt::ItemFlags LibraryListModel::flags(const QModelIndex &index) const
@@ -133,7 +133,7 @@ void RecentListModel::refresh()
     updateRows();
 }
 
-QVariant RecentListModel::itemData(qsizetype item, int role) const
+QVariant RecentListModel::valueOf(qsizetype item, int role) const
 {
     const DownloadRecord &record = m_store.records().at(item);
     switch (role) {
@@ -183,7 +183,7 @@ const HistoryEntry *HistoryListModel::entry(const QModelIndex &index) const
     return item && *item < m_history.entries().size() ? &m_history.entries().at(*item) : nullptr;
 }
 
-QVariant HistoryListModel::itemData(qsizetype item, int role) const
+QVariant HistoryListModel::valueOf(qsizetype item, int role) const
 {
     const HistoryEntry &entry = m_history.entries().at(item);
     switch (role) {

@@ -58,7 +58,7 @@ protected:
     /// What rows show besides their title and place has changed.
     void updateRows();
 
-    virtual QVariant itemData(qsizetype item, int role) const = 0;
+    virtual QVariant valueOf(qsizetype item, int role) const = 0;
 
 private:
     QList<QUuid> m_ids;
@@ -93,7 +93,7 @@ public:
     void forgetFiles() { m_files.forget(); }
 
 protected:
-    QVariant itemData(qsizetype item, int role) const override;
+    QVariant valueOf(qsizetype item, int role) const override;
 
 private:
     void followStore();
@@ -117,7 +117,7 @@ public:
     const HistoryEntry *entry(const QModelIndex &index) const;
 
 protected:
-    QVariant itemData(qsizetype item, int role) const override;
+    QVariant valueOf(qsizetype item, int role) const override;
 
 private:
     void followStore();
