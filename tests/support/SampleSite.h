@@ -8,7 +8,7 @@ namespace clipwren::test {
 /// The sample video site, served on this machine while the object lives.
 ///
 /// Its films are made once and kept in the build folder; tests that run at the same time share
-/// them. The pages are listed in sample-site/pages.py.
+/// them. The pages are listed in tools/sample-site/pages.py.
 class SampleSite {
 public:
     /// Returns once the site answers. Throws std::runtime_error when it cannot be brought up.
