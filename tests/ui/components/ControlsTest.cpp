@@ -1,8 +1,6 @@
 #include "support/Printing.h"
 #include "support/Widgets.h"
-#include "ui/components/Banner.h"
 #include "ui/components/Button.h"
-#include "ui/components/FieldBox.h"
 #include "ui/components/Picker.h"
 #include "ui/components/Progress.h"
 #include "ui/components/SegmentedControl.h"
@@ -19,7 +17,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
-#include <memory>
 
 namespace clipwren::test {
 namespace {
@@ -71,34 +68,6 @@ TEST(ControlsTest, assistiveToolsHearNameAndRole)
         EXPECT_EQ(nameOf(*widget), name);
         EXPECT_EQ(QAccessible::queryAccessibleInterface(widget)->role(), role);
     }
-}
-
-TEST(ControlsTest, lookTheSameWhicheverSchemeTheyStartedIn)
-{
-    // Not on screen, so that neither pointer nor cursor changes the picture.
-    const auto makeControls = [](Theme::Scheme scheme) {
-        Theme::current().forceScheme(scheme);
-        auto *banner = new Banner;
-        banner->setMessage(u"Process failed"_s);
-        auto window = std::make_unique<QWidget>();
-        auto *column = new QVBoxLayout(window.get());
-        for (QWidget *control : std::initializer_list<QWidget *>{
-                 makeButton(u"Cancel"_s), new SegmentedControl({u"Recent"_s, u"History"_s}),
-                 new Switch(u"Trim"_s), new LinearProgress, makePicker(), banner,
-                 new FieldBox(u"link", u"Address"_s)})
-            column->addWidget(control);
-        window->setAttribute(Qt::WA_DontShowOnScreen);
-        window->show();
-        return window;
-    };
-    const auto switched = makeControls(Theme::Scheme::Light);
-    const QImage light = switched->grab().toImage();
-    const auto fresh = makeControls(Theme::Scheme::Dark);
-    QCoreApplication::processEvents(); // brings the palette
-    const QImage dark = switched->grab().toImage();
-    EXPECT_NE(dark, light);
-    EXPECT_EQ(dark, fresh->grab().toImage());
-    Theme::current().forceScheme(std::nullopt);
 }
 
 TEST(ControlsTest, keysWorkThem)

@@ -72,37 +72,6 @@ TEST_F(ElidedLabelTest, keepsTheBlanksOfANameAndItsBreaksForCopies)
     EXPECT_EQ(copied(label, 2, 6), u"  talk"_s);
 }
 
-TEST_F(ElidedLabelTest, givesOtherScriptsTheirSideAndTheirHeight)
-{
-    const auto hebrew = u"\u05E9\u05E2\u05D5\u05DF"_s;
-    const auto arabic = u"\u0633\u0627\u0639\u0629 \u062C\u064A"_s;
-    label.setText(hebrew);
-    // On the side where its picture stands.
-    EXPECT_EQ(label.alignment(), Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignVCenter);
-
-    // Their letters come from another font and reach below its line.
-    label.setText(arabic);
-    const QFontMetricsF metrics(label.font());
-    const QRectF ink = metrics.tightBoundingRect(arabic);
-    EXPECT_GE(label.sizeHint().height() / 2.0,
-              ink.bottom() + metrics.height() / 2 - metrics.descent());
-}
-
-TEST(WrappedLabelTest, breaksLongWordsAndEndsInAnEllipsis)
-{
-    Label label(Label::Mode::Wrapped, Theme::TextStyle::Caption, Theme::Color::Text,
-                QString(300, u'w'));
-    label.setMaximumLines(2);
-    EXPECT_LE(label.minimumSizeHint().width(), 40);
-    EXPECT_EQ(label.heightForWidth(200), 2 * label.fontMetrics().height());
-    label.resize(200, 50);
-    label.show();
-    EXPECT_FALSE(label.toolTip().isEmpty());
-    label.resize(10'000, 50);
-    EXPECT_TRUE(label.toolTip().isEmpty());
-    EXPECT_EQ(label.heightForWidth(10'000), label.fontMetrics().height());
-}
-
 TEST(LabelTest, breaksLongWordsButCopiesThemWhole)
 {
     const QString word = u"No /"_s + QString(300, u'w') + u"\nmore"_s;
@@ -141,17 +110,6 @@ TEST(LabelTest, markdownShowsEmphasisAndNoMarkup)
     Label label(Theme::TextStyle::Callout);
     label.setMarkdown(u"open in **VLC** or *IINA* <b>now</b>"_s);
     EXPECT_EQ(label.text(), u"open in <b>VLC</b> or <i>IINA</i> &lt;b&gt;now&lt;/b&gt;");
-}
-
-TEST(LabelTest, aRunningNumberMovesNothingBesideIt)
-{
-    const auto lastDigitOf = [](const QString &time) {
-        Label label(Theme::TextStyle::Time, Theme::Color::Text, time);
-        label.adjustSize();
-        const int room = label.width() / 4;
-        return label.grab(QRect(label.width() - room, 0, room, label.height())).toImage();
-    };
-    EXPECT_EQ(lastDigitOf(u"1:17"_s), lastDigitOf(u"8:07"_s));
 }
 
 } // namespace

@@ -212,17 +212,6 @@ TEST_F(TrimSectionTest, whatTheUserOpensIsBroughtIntoView)
     }
 }
 
-TEST_F(TrimSectionTest, nothingElseScrollsToTheChoice)
-{
-    getReady();
-    for (const bool on : {true, false, true})
-        m_view.setTrimEnabled(on);
-    m_view.setTrimRange(1, 2);
-    const auto *bar = m_screen.findChild<QScrollArea *>()->verticalScrollBar();
-    EXPECT_TRUE(waitFor([&] { return bar->maximum() > 0; }));
-    EXPECT_EQ(bar->value(), 0);
-}
-
 TEST_F(TrimSectionTest, keysWorkWhereverNobodyTypes)
 {
     openTrim();

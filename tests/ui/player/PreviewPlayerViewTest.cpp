@@ -32,17 +32,6 @@ struct PreviewPlayerViewTest : PlayerTest {
     }
 };
 
-TEST_F(PreviewPlayerViewTest, showsTheControllersPlayer)
-{
-    for (const int stream : {1, 2}) {
-        controller.load(numberedVideo(stream));
-        EXPECT_NE(shown(), nullptr);
-        EXPECT_EQ(shown(), controller.player());
-    }
-    player().fail({});
-    EXPECT_EQ(shown(), nullptr);
-}
-
 TEST_F(PreviewPlayerViewTest, pausesAndDetachesWhenItIsHiddenOrDestroyed)
 {
     play();
