@@ -70,6 +70,8 @@ TEST_F(PreviewPlayerViewTest, outlivesTheControllersPlayers)
     EXPECT_TRUE(first.isNull());
     EXPECT_TRUE(controller.isPlaying());
     EXPECT_EQ(next->findChild<PlayerPane *>()->player(), controller.player());
+    player().fail({});
+    EXPECT_EQ(next->findChild<PlayerPane *>()->player(), nullptr);
 }
 
 TEST_F(PreviewPlayerViewTest, aJumpEndsARangeThatIsAboutToPlay)
