@@ -27,6 +27,8 @@ constexpr int unbrokenLetters = 24;
 /// Of a wrapped text: wide enough to read a few words in a row.
 constexpr int comfortableWidth = 320;
 constexpr int leastWidth = 40;
+/// A layout asks for a few, again and again; a window that is resized goes through hundreds.
+constexpr int widthsOfOneLayout = 8;
 
 /// Lets a line end behind each letter, as people see letters, of a run that has gone on for long
 /// without a place where it could end.
@@ -129,7 +131,7 @@ void Label::applyText()
         if (m_mode == Mode::Line)
             return;
         m_overshoot = overshoot(m_fullText, font());
-        m_lines.reset();
+        m_lines.clear();
     }
     fitToWidth();
     updateGeometry();
@@ -155,7 +157,7 @@ void Label::setElideMode(Qt::TextElideMode mode)
 void Label::setMaximumLines(int lines)
 {
     m_maximumLines = lines;
-    m_lines.reset();
+    m_lines.clear();
     fitToWidth();
     updateGeometry();
 }
@@ -234,15 +236,23 @@ int Label::heightForWidth(int width) const
 
 const Label::Lines &Label::linesAt(int width) const
 {
-    if (!m_lines || m_lines->width != width)
-        m_lines = laidOut(width);
-    return *m_lines;
+    auto lines = m_lines.find(width);
+    if (lines == m_lines.end()) {
+        if (m_lines.size() >= widthsOfOneLayout)
+            m_lines.clear();
+        lines = m_lines.insert(width, laidOut(width));
+    }
+    return *lines;
 }
 
 Label::Lines Label::laidOut(int width) const
 {
     Lines lines;
-    lines.width = width;
+    // Laying out would load a font for a label that is not in use yet.
+    if (m_fullText.isEmpty()) {
+        lines.texts << QString();
+        return lines;
+    }
     const bool isLimited = m_maximumLines > 0;
     for (const QString &paragraph :
          isLimited ? QStringList(m_fullText.simplified()) : m_fullText.split(u'\n')) {

@@ -2,9 +2,8 @@
 
 #include "ui/components/Theme.h"
 
+#include <QHash>
 #include <QLabel>
-
-#include <optional>
 
 namespace clipwren {
 
@@ -63,7 +62,6 @@ protected:
 
 private:
     struct Lines {
-        int width = 0; // they were laid out for
         QStringList texts;
         bool areCut = false;
     };
@@ -88,7 +86,7 @@ private:
     Qt::TextElideMode m_elideMode = Qt::ElideRight;
     int m_maximumLines = 0; // 0 sets no limit
     int m_overshoot = 0; // of an elided or wrapped text
-    mutable std::optional<Lines> m_lines; // of a wrapped text, as last asked for
+    mutable QHash<int, Lines> m_lines; // of a wrapped text, by width
 };
 
 } // namespace clipwren
