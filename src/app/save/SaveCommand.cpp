@@ -171,12 +171,10 @@ void SaveCommand::finish(ExitStatus status)
 std::optional<QString> missingTools(const ToolEnvironment &tools)
 {
     QStringList missing;
-    if (!tools.ytDlpPath())
-        missing.append(u"yt-dlp"_s);
-    if (!tools.ffmpegPath())
-        missing.append(u"ffmpeg"_s);
-    if (!tools.ffprobePath())
-        missing.append(u"ffprobe"_s);
+    for (const ToolEnvironment::Tool &tool : tools.tools()) {
+        if (!tool.path)
+            missing.append(tool.name);
+    }
     if (missing.isEmpty())
         return std::nullopt;
     return u"Not installed: %1. Install with “apt install yt-dlp ffmpeg” or “brew install yt-dlp "

@@ -14,14 +14,15 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QString versionText(const std::optional<QString> &path, const std::optional<QString> &version,
-                    const std::optional<QString> &age = {})
+QString versionText(const ToolEnvironment::Tool &tool, const QDate &today)
 {
-    if (!path)
+    if (!tool.path)
         return AboutDialog::tr("Not installed");
-    if (!version || version->isEmpty())
-        return *path;
-    return age ? u"%1 (%2)"_s.arg(*version, *age) : *version;
+    if (!tool.version || tool.version->isEmpty())
+        return *tool.path;
+    // Of a version that is a date, as yt-dlp's.
+    const std::optional<QString> age = ageText(*tool.version, today);
+    return age ? u"%1 (%2)"_s.arg(*tool.version, *age) : *tool.version;
 }
 
 } // namespace
@@ -43,16 +44,12 @@ AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent, const QD
     auto *form = new QFormLayout;
     form->setHorizontalSpacing(24);
     form->setVerticalSpacing(6);
-    const auto addTool = [&](const QString &name, const QString &text) {
-        auto *value = new Label(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary, text);
+    for (const ToolEnvironment::Tool &tool : tools.tools()) {
+        auto *value = new Label(Theme::TextStyle::MonospacedCaption, Theme::Color::Secondary,
+                                versionText(tool, today));
         value->setSelectable(true);
-        form->addRow(new Label(Theme::TextStyle::Label, Theme::Color::Text, name), value);
-    };
-    addTool(u"yt-dlp"_s,
-            versionText(tools.ytDlpPath(), tools.ytDlpVersion(),
-                        ageText(tools.ytDlpVersion().value_or(QString()), today)));
-    addTool(u"ffmpeg"_s, versionText(tools.ffmpegPath(), tools.ffmpegVersion()));
-    addTool(u"ffprobe"_s, versionText(tools.ffprobePath(), std::nullopt));
+        form->addRow(new Label(Theme::TextStyle::Label, Theme::Color::Text, tool.name), value);
+    }
     column->addLayout(form);
     column->addSpacing(16);
 

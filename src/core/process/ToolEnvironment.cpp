@@ -40,14 +40,16 @@ QStringList ToolEnvironment::defaultSearchDirectories()
 ToolEnvironment::ToolEnvironment(const QStringList &searchDirectories, Versions versions)
     : m_searchDirectories(searchDirectories), m_versions(versions)
 {
+    m_tools[YtDlp].name = u"yt-dlp"_s;
+    m_tools[Ffmpeg].name = u"ffmpeg"_s;
+    m_tools[Ffprobe].name = u"ffprobe"_s;
     refresh();
 }
 
 void ToolEnvironment::refresh()
 {
-    m_ytDlpPath = findTool(u"yt-dlp"_s, m_searchDirectories);
-    m_ffmpegPath = findTool(u"ffmpeg"_s, m_searchDirectories);
-    m_ffprobePath = findTool(u"ffprobe"_s, m_searchDirectories);
+    for (Tool &tool : m_tools)
+        tool.path = findTool(tool.name, m_searchDirectories);
     Q_EMIT changed();
     if (m_versions == Versions::Read)
         readVersions();
@@ -56,16 +58,21 @@ void ToolEnvironment::refresh()
 void ToolEnvironment::readVersions()
 {
     m_versions = Versions::Read;
-    if (m_ytDlpPath) {
-        readVersion(*m_ytDlpPath, u"--version"_s, [this](auto output) {
-            m_ytDlpVersion = output ? std::optional(output->trimmed()) : std::nullopt;
+    if (ytDlpPath()) {
+        readVersion(*ytDlpPath(), u"--version"_s, [this](auto output) {
+            m_tools[YtDlp].version = output ? std::optional(output->trimmed()) : std::nullopt;
         });
     }
-    if (m_ffmpegPath) {
-        readVersion(*m_ffmpegPath, u"-version"_s, [this](auto output) {
-            m_ffmpegVersion = ffmpegVersionIn(output.value_or(QString()));
+    if (ffmpegPath()) {
+        readVersion(*ffmpegPath(), u"-version"_s, [this](auto output) {
+            m_tools[Ffmpeg].version = ffmpegVersionIn(output.value_or(QString()));
         });
     }
+}
+
+bool ToolEnvironment::allFound() const
+{
+    return std::ranges::all_of(m_tools, [](const Tool &tool) { return tool.path.has_value(); });
 }
 
 bool ToolEnvironment::isReadingVersions() const

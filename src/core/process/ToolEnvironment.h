@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -33,33 +34,39 @@ public:
     /// Reads the versions in the background, from now on after each search, too.
     void readVersions();
 
-    /// Absolute paths; absent while the tool is not found.
-    std::optional<QString> ytDlpPath() const { return m_ytDlpPath; }
-    std::optional<QString> ffmpegPath() const { return m_ffmpegPath; }
-    std::optional<QString> ffprobePath() const { return m_ffprobePath; }
-    /// Absent until read, and for yt-dlp when reading failed; ffmpeg's is empty then.
-    std::optional<QString> ytDlpVersion() const { return m_ytDlpVersion; }
-    std::optional<QString> ffmpegVersion() const { return m_ffmpegVersion; }
+    struct Tool {
+        QString name; ///< of the program
+        std::optional<QString> path; ///< absolute; absent while the tool is not found
+        /// Absent until read, and for yt-dlp when reading failed; ffmpeg's is empty then.
+        std::optional<QString> version;
+    };
+    using Tools = std::array<Tool, 3>;
+    /// All, as they are listed to the user.
+    const Tools &tools() const { return m_tools; }
+
+    std::optional<QString> ytDlpPath() const { return m_tools[YtDlp].path; }
+    std::optional<QString> ffmpegPath() const { return m_tools[Ffmpeg].path; }
+    std::optional<QString> ffprobePath() const { return m_tools[Ffprobe].path; }
+    std::optional<QString> ytDlpVersion() const { return m_tools[YtDlp].version; }
+    std::optional<QString> ffmpegVersion() const { return m_tools[Ffmpeg].version; }
 
     /// While a version may still come.
     bool isReadingVersions() const;
 
-    bool allFound() const { return m_ytDlpPath && m_ffmpegPath && m_ffprobePath; }
+    bool allFound() const;
 
 Q_SIGNALS:
     void changed();
 
 private:
+    enum Index : std::uint8_t { YtDlp, Ffmpeg, Ffprobe };
+
     void readVersion(const QString &path, const QString &argument,
                      const std::function<void(std::optional<QString> output)> &apply);
 
     QStringList m_searchDirectories;
     Versions m_versions;
-    std::optional<QString> m_ytDlpPath;
-    std::optional<QString> m_ffmpegPath;
-    std::optional<QString> m_ffprobePath;
-    std::optional<QString> m_ytDlpVersion;
-    std::optional<QString> m_ffmpegVersion;
+    Tools m_tools;
     std::vector<BackgroundTask> m_versionQueries;
 };
 

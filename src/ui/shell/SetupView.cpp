@@ -40,8 +40,7 @@ class SetupView::StatusRow : public QWidget {
 public:
     explicit StatusRow(const QString &name);
 
-    /// `found` is the tool's path.
-    void display(const std::optional<QString> &found, const std::optional<QString> &version);
+    void display(const ToolEnvironment::Tool &tool);
 
 private:
     IconView *m_icon;
@@ -70,19 +69,17 @@ SetupView::StatusRow::StatusRow(const QString &name)
     row->addWidget(m_version);
 }
 
-void SetupView::StatusRow::display(const std::optional<QString> &found,
-                                   const std::optional<QString> &version)
+void SetupView::StatusRow::display(const ToolEnvironment::Tool &tool)
 {
-    m_icon->setIcon(found ? Icon(u"checkmark.circle.fill") : Icon(u"circle.dashed"));
-    m_icon->setColor(found ? Theme::Color::Green : Theme::Color::Secondary);
-    m_path->setText(found.value_or(SetupView::tr("Not installed")));
-    m_version->setText(version.value_or(QString()));
-    m_version->setVisible(version.has_value());
+    m_icon->setIcon(tool.path ? Icon(u"checkmark.circle.fill") : Icon(u"circle.dashed"));
+    m_icon->setColor(tool.path ? Theme::Color::Green : Theme::Color::Secondary);
+    m_path->setText(tool.path.value_or(SetupView::tr("Not installed")));
+    m_version->setText(tool.version.value_or(QString()));
+    m_version->setVisible(tool.version.has_value());
 }
 
 SetupView::SetupView(ToolEnvironment &tools, Desktop &desktop, QWidget *parent)
-    : DetailScreen(parent), m_tools(tools), m_desktop(desktop), m_ytDlp(new StatusRow(u"yt-dlp"_s)),
-      m_ffmpeg(new StatusRow(u"ffmpeg"_s)), m_ffprobe(new StatusRow(u"ffprobe"_s))
+    : DetailScreen(parent), m_tools(tools), m_desktop(desktop)
 {
     auto *all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
@@ -148,11 +145,12 @@ QWidget *SetupView::makeStatusBox()
     auto *rows = new QVBoxLayout(box);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
-    rows->addWidget(m_ytDlp);
-    rows->addWidget(new Divider(dividerInset));
-    rows->addWidget(m_ffmpeg);
-    rows->addWidget(new Divider(dividerInset));
-    rows->addWidget(m_ffprobe);
+    for (const ToolEnvironment::Tool &tool : m_tools.tools()) {
+        if (!m_rows.isEmpty())
+            rows->addWidget(new Divider(dividerInset));
+        m_rows.append(new StatusRow(tool.name));
+        rows->addWidget(m_rows.last());
+    }
     return box;
 }
 
@@ -192,9 +190,8 @@ Button *SetupView::makeRecheckButton()
 
 void SetupView::render()
 {
-    m_ytDlp->display(m_tools.ytDlpPath(), m_tools.ytDlpVersion());
-    m_ffmpeg->display(m_tools.ffmpegPath(), m_tools.ffmpegVersion());
-    m_ffprobe->display(m_tools.ffprobePath(), std::nullopt);
+    for (qsizetype index = 0; index < m_rows.size(); ++index)
+        m_rows[index]->display(m_tools.tools()[static_cast<std::size_t>(index)]);
 }
 
 } // namespace clipwren

@@ -34,9 +34,7 @@ private:
 
     ToolEnvironment &m_tools;
     Desktop &m_desktop;
-    StatusRow *m_ytDlp;
-    StatusRow *m_ffmpeg;
-    StatusRow *m_ffprobe;
+    QList<StatusRow *> m_rows; // as the tools are listed
     QVBoxLayout *m_stack = nullptr;
 };
 
