@@ -139,7 +139,7 @@ QString FfmpegService::transcode(const QString &input, const EncodeProfile &prof
     if (stop.stop_requested())
         throw CancellationError();
 
-    const QString output = outputPath(input, profile.ext, suffix);
+    QString output = outputPath(input, profile.ext, suffix);
     OutputFile file(output);
     try {
         ProcessRunner::runStreaming(

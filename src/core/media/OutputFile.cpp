@@ -1,5 +1,7 @@
 #include "core/media/OutputFile.h"
 
+#include "core/Logging.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -52,7 +54,8 @@ bool rename(const QString &from, const QString &to)
 
 void removeFolder(const QString &path)
 {
-    ::rmdir(QFile::encodeName(path).constData());
+    if (::rmdir(QFile::encodeName(path).constData()) != 0)
+        qCInfo(libraryLog) << "Cannot remove the folder" << path << qt_error_string();
 }
 
 // A folder, because a prefixed file name could be longer than the file system allows.
@@ -113,6 +116,8 @@ void putBack(const QString &from, const QString &to)
     // rename() does nothing when both names are of one file.
     if (rename(from, to))
         ::unlink(QFile::encodeName(from).constData());
+    else
+        qCWarning(libraryLog) << "Cannot move" << from << "back to" << to << qt_error_string();
 }
 
 } // namespace
@@ -138,7 +143,7 @@ OutputFile::~OutputFile()
         if (const QFileInfo file(m_path); file.isFile() || file.isSymLink())
             QFile::remove(m_path);
     } else {
-        rename(m_earlierFolder + nameOf(m_path), m_path);
+        putBack(m_earlierFolder + nameOf(m_path), m_path);
         removeFolder(m_earlierFolder);
     }
 }
@@ -198,7 +203,7 @@ QString nextFreePath(const QString &path)
     const qsizetype dot = path.lastIndexOf(u'.');
     const qsizetype stemEnd = dot > path.lastIndexOf(u'/') + 1 ? dot : path.size();
     for (int number = 2;; ++number) {
-        const QString candidate =
+        QString candidate =
             path.first(stemEnd) + u' ' + QString::number(number) + path.sliced(stemEnd);
         if (!isTaken(candidate))
             return candidate;

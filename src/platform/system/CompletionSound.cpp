@@ -1,5 +1,7 @@
 #include "platform/system/CompletionSound.h"
 
+#include "core/Logging.h"
+
 #include <QFile>
 #include <QLibrary>
 #include <QTemporaryFile>
@@ -49,12 +51,16 @@ CompletionSound::~CompletionSound() = default;
 
 void CompletionSound::play()
 {
-    if (!canberra().isLoaded())
+    if (!canberra().isLoaded()) {
+        qCInfo(desktopLog) << "No sound: libcanberra is not installed";
         return;
+    }
     if (!m_context) {
         ca_context *context = nullptr;
-        if (canberra().create(&context) != CA_SUCCESS)
+        if (canberra().create(&context) != CA_SUCCESS) {
+            qCInfo(desktopLog) << "No sound: libcanberra cannot start";
             return;
+        }
         m_context.reset(context, canberra().destroy);
         canberra().changeProps(context, CA_PROP_APPLICATION_NAME, "Clipwren",
                                CA_PROP_APPLICATION_ID, "clipwren", nullptr);

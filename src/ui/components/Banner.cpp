@@ -1,7 +1,7 @@
 #include "ui/components/Banner.h"
 
 #include "ui/components/Button.h"
-#include "ui/components/IconView.h"
+#include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 
 #include <QHBoxLayout>

@@ -28,7 +28,6 @@ public:
 
     void setSize(Size size);
     void setSymbol(Icon icon);
-    Icon symbol() const { return m_symbol; }
     /// Text and symbol in red: what it does cannot be taken back.
     void setDestructive(bool destructive);
     /// Of borderless buttons; the accent colour, or for lone symbols the secondary colour.

@@ -1,5 +1,7 @@
 #include "ui/components/DesktopAppearance.h"
 
+#include "core/Logging.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -41,11 +43,15 @@ DesktopAppearance::DesktopAppearance(const QString &busAddress, QObject *parent)
         m_connectionName = u"clipwren-appearance"_s;
     // Connecting waits for the bus to answer, so it happens beside the start of the window.
     m_connecting = BackgroundTask::start(
-        [busAddress, name = m_connectionName](std::stop_token, const BackgroundTask::Post &) {
+        [busAddress, name = m_connectionName](const std::stop_token &,
+                                              const BackgroundTask::Post &) {
             return busAddress.isEmpty() ? QDBusConnection::sessionBus()
                                         : QDBusConnection::connectToBus(busAddress, name);
         },
-        [this](QDBusConnection bus) { ask(bus); }, [](const std::exception_ptr &) {});
+        [this](QDBusConnection bus) { ask(bus); },
+        [](const std::exception_ptr &) {
+            qCInfo(desktopLog) << "Cannot connect to the session bus";
+        });
 }
 
 DesktopAppearance::~DesktopAppearance()
@@ -56,8 +62,10 @@ DesktopAppearance::~DesktopAppearance()
 
 void DesktopAppearance::ask(QDBusConnection &bus)
 {
-    if (!bus.isConnected())
+    if (!bus.isConnected()) {
+        qCInfo(desktopLog) << "No session bus:" << bus.lastError().message();
         return;
+    }
     // From whatever sender: to find out who owns the portal's name would be to wait for the bus.
     bus.connect(QString(), path, interface, u"SettingChanged"_s, this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
@@ -67,8 +75,11 @@ void DesktopAppearance::ask(QDBusConnection &bus)
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<Settings> reply = *watcher;
         watcher->deleteLater();
-        if (reply.isError())
+        if (reply.isError()) {
+            qCInfo(desktopLog) << "The desktop does not tell its appearance:"
+                               << reply.error().message();
             return;
+        }
         const Settings settings = reply.value();
         for (auto group = settings.begin(); group != settings.end(); ++group) {
             for (auto entry = group->begin(); entry != group->end(); ++entry)

@@ -35,7 +35,7 @@ Q_SIGNALS:
 private Q_SLOTS:
     void settingChanged(const QString &group, const QString &key, const QDBusVariant &value);
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): no slots
     void ask(QDBusConnection &bus);
     void take(const QString &group, const QString &key, const QVariant &value);
 

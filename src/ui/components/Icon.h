@@ -1,9 +1,12 @@
 #pragma once
 
+#include "ui/components/Theme.h"
+
 #include <QColor>
 #include <QIcon>
 #include <QPixmap>
 #include <QRectF>
+#include <QWidget>
 
 #include <array>
 #include <stdexcept>
@@ -105,6 +108,27 @@ private:
     }
 
     int m_index = -1;
+};
+
+/// A symbol as a picture beside a text. Says nothing to assistive tools: the text does.
+class IconView : public QWidget {
+    Q_OBJECT
+public:
+    /// `size` in logical pixels.
+    IconView(Icon icon, int size, Theme::Color color, QWidget *parent = nullptr);
+
+    void setIcon(Icon icon);
+    void setColor(Theme::Color color);
+
+    QSize sizeHint() const override { return {m_size, m_size}; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    Icon m_icon;
+    int m_size;
+    Theme::Color m_color;
 };
 
 } // namespace clipwren

@@ -97,7 +97,6 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
     case PM_FocusFrameVMargin:
         return 4;
     case PM_ScrollBarExtent:
-        return scrollBarWidth;
     // Over the content's margin, so that nothing moves or wraps anew when the bar comes.
     case PM_ScrollView_ScrollBarOverlap:
         return scrollBarWidth;

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ui/components/Animation.h"
 #include "ui/components/Icon.h"
-#include "ui/components/SpringAnimation.h"
 
 #include <QAbstractButton>
 

@@ -26,7 +26,7 @@ constexpr qreal cornerRadius = 8;
 constexpr QSize largestPicture(1280, 1280);
 constexpr int redirectsAllowed = 5;
 // What is not yet read from the network waits there.
-constexpr qint64 bufferBytes = 256 * 1024;
+constexpr qint64 bufferBytes = qint64(256) * 1024;
 
 std::optional<QUrl> webAddress(const std::optional<QString> &text)
 {
@@ -165,7 +165,7 @@ void ThumbnailView::decode()
     const QByteArray bytes = m_received;
     stopLoading();
     m_decoding = BackgroundTask::start(
-        [bytes, pixels = m_limits.pixels](std::stop_token, const BackgroundTask::Post &) {
+        [bytes, pixels = m_limits.pixels](const std::stop_token &, const BackgroundTask::Post &) {
             return decodePicture(bytes, pixels);
         },
         [this](const QImage &image) {

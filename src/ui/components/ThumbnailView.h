@@ -26,7 +26,7 @@ class ThumbnailView : public QWidget {
     Q_OBJECT
 public:
     struct Limits {
-        qint64 bytes = 20 * 1024 * 1024; ///< of the file
+        qint64 bytes = qint64(20) * 1024 * 1024; ///< of the file
         qint64 pixels = 50'000'000; ///< of the picture before it is scaled down
         std::chrono::milliseconds time = std::chrono::seconds(30); ///< for the whole transfer
     };

@@ -1,9 +1,9 @@
 #include "ui/downloader/AddressField.h"
 
-#include "ui/components/AnimatedHeight.h"
+#include "ui/components/Animation.h"
 #include "ui/components/Button.h"
-#include "ui/components/FieldBox.h"
-#include "ui/components/IconView.h"
+#include "ui/components/Card.h"
+#include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "workflow/download/DownloaderView.h"
 

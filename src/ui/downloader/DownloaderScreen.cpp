@@ -1,7 +1,7 @@
 #include "ui/downloader/DownloaderScreen.h"
 
 #include "platform/desktop/Desktop.h"
-#include "ui/components/AnimatedHeight.h"
+#include "ui/components/Animation.h"
 #include "ui/components/Banner.h"
 #include "ui/components/Button.h"
 #include "ui/components/Label.h"

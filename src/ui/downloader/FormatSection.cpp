@@ -1,8 +1,8 @@
 #include "ui/downloader/FormatSection.h"
 
-#include "ui/components/AnimatedHeight.h"
+#include "ui/components/Animation.h"
 #include "ui/components/Banner.h"
-#include "ui/components/IconView.h"
+#include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/Picker.h"
 #include "workflow/download/DownloaderView.h"

@@ -2,7 +2,6 @@
 
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
-#include "ui/components/Divider.h"
 #include "ui/components/Label.h"
 
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #include "ui/downloader/PreviewPane.h"
 
-#include "ui/components/IconView.h"
+#include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/Painting.h"
 #include "ui/components/Progress.h"

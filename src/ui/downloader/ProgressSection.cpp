@@ -2,7 +2,7 @@
 
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
-#include "ui/components/IconView.h"
+#include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/Progress.h"
 #include "workflow/download/DownloaderView.h"

@@ -1,8 +1,8 @@
 #include "ui/downloader/TitleField.h"
 
 #include "ui/components/Button.h"
-#include "ui/components/FieldBox.h"
-#include "ui/components/IconView.h"
+#include "ui/components/Card.h"
+#include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "workflow/download/DownloaderView.h"
 

@@ -1,6 +1,6 @@
 #include "ui/downloader/TrimSection.h"
 
-#include "ui/components/AnimatedHeight.h"
+#include "ui/components/Animation.h"
 #include "ui/components/Button.h"
 #include "ui/components/Switch.h"
 #include "ui/downloader/FilmStrip.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/media/TrimRange.h"
-#include "ui/components/SpringAnimation.h"
+#include "ui/components/Animation.h"
 
 #include <QWidget>
 

@@ -1,10 +1,10 @@
 #include "ui/downloader/VideoCards.h"
 
 #include "core/text/Duration.h"
-#include "ui/components/AnimatedHeight.h"
+#include "ui/components/Animation.h"
 #include "ui/components/Button.h"
-#include "ui/components/Divider.h"
-#include "ui/components/IconView.h"
+#include "ui/components/Card.h"
+#include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/Progress.h"
 #include "ui/components/ThumbnailView.h"

@@ -2,7 +2,7 @@
 
 #include "platform/media/VideoOutput.h"
 #include "ui/components/FocusRing.h"
-#include "ui/components/IconView.h"
+#include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/Painting.h"
 

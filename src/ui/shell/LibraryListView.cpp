@@ -1,7 +1,7 @@
 #include "ui/shell/LibraryListView.h"
 
 #include "ui/components/Button.h"
-#include "ui/components/Divider.h"
+#include "ui/components/Card.h"
 #include "ui/components/FocusRing.h"
 #include "ui/components/Label.h"
 #include "ui/components/Menu.h"

@@ -3,7 +3,7 @@
 #include "core/library/DownloadStore.h"
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
-#include "ui/components/Divider.h"
+#include "ui/components/Card.h"
 #include "ui/components/FocusRing.h"
 #include "ui/components/Label.h"
 #include "ui/components/Menu.h"

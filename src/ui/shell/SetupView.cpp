@@ -4,8 +4,7 @@
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
-#include "ui/components/Divider.h"
-#include "ui/components/IconView.h"
+#include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/ScrollPane.h"
 

@@ -40,7 +40,7 @@ void checkReported(const QString &path, const QString &folder)
 QString sentenceFor(const std::exception &failure, const QString &folder)
 {
     constexpr qint64 almostNothing = 1'000'000;
-    const QString summary = errorSummary(failure);
+    QString summary = errorSummary(failure);
     const qint64 bytesFree = QStorageInfo(folder).bytesAvailable();
     if (summary.endsWith("Conversion failed!"_L1) && bytesFree >= 0 && bytesFree < almostNothing)
         return summary + u" No space is left on the disk."_s;

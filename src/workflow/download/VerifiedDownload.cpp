@@ -123,7 +123,7 @@ VerifiedDownload::Result VerifiedDownload::run(const YtDlpService::ProgressHandl
         return file && isComplete(path, *file) && matchesFormat(format, *file, info);
     };
 
-    const Result first = downloadAs(customTitle, onProgress, stop);
+    Result first = downloadAs(customTitle, onProgress, stop);
     if (!first.existedBefore)
         return first;
     const auto file = inspected(first.filePath);
@@ -138,7 +138,7 @@ VerifiedDownload::Result VerifiedDownload::run(const YtDlpService::ProgressHandl
         const QString title = numbered(firstTitle, number);
         const QString path = pathWithTitle(first.filePath, title);
         if (!QFileInfo::exists(path)) {
-            const Result again = downloadAs(title, onProgress, stop);
+            Result again = downloadAs(title, onProgress, stop);
             if (again.existedBefore)
                 throw Error(u"Another file is in the way: %1"_s.arg(again.filePath));
             return again;

@@ -43,7 +43,7 @@ std::shared_ptr<VideoLock> VideoLock::acquire(const QString &folder, const QStri
     QDir().mkpath(folder);
     const QByteArray hash = QCryptographicHash::hash(video.toUtf8(), QCryptographicHash::Sha256);
     const QString name = nameTemplate.arg(QString::fromLatin1(hash.toHex().first(hashDigits)));
-    const std::shared_ptr<VideoLock> lock(new VideoLock(folder + u'/' + name));
+    std::shared_ptr<VideoLock> lock(new VideoLock(folder + u'/' + name));
     const StopSignal stopSignal(stop);
     bool waits = false;
     while (!lock->tryAcquire()) {

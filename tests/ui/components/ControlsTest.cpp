@@ -3,7 +3,6 @@
 #include "ui/components/Button.h"
 #include "ui/components/Picker.h"
 #include "ui/components/Progress.h"
-#include "ui/components/SegmentedControl.h"
 #include "ui/components/Switch.h"
 
 #include <QAccessible>

@@ -1,8 +1,8 @@
 #include "ui/shell/DownloadDetailView.h"
 
 #include "support/ScriptedPlayer.h"
-#include "ui/components/Pill.h"
 #include "ui/player/SafeVideoPlayer.h"
+#include "ui/shell/InformationBox.h"
 #include "ui/shell/ShellFixture.h"
 
 #include <QFile>

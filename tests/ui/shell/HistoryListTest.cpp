@@ -1,4 +1,4 @@
-#include "ui/components/SegmentedControl.h"
+#include "ui/components/Picker.h"
 #include "ui/shell/SidebarFixture.h"
 
 namespace clipwren::test {

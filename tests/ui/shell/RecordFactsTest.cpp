@@ -1,8 +1,7 @@
-#include "ui/shell/RecordFacts.h"
-
 #include "platform/text/DateTimeText.h"
 #include "support/LibraryFixture.h"
 #include "support/Printing.h"
+#include "ui/shell/InformationBox.h"
 
 #include <limits>
 

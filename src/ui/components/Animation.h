@@ -1,8 +1,7 @@
 #pragma once
 
-#include "ui/components/SpringAnimation.h"
-
 #include <QPixmap>
+#include <QVariantAnimation>
 #include <QWidget>
 
 #include <functional>
@@ -10,6 +9,32 @@
 #include <optional>
 
 namespace clipwren {
+
+/// Moves a number to its target like a critically damped spring, so without overshoot; at once
+/// under reduced motion.
+///
+/// User-interface thread only. Runs no timer while at rest.
+class SpringAnimation : public QVariantAnimation {
+    Q_OBJECT
+public:
+    /// `responseSeconds` is one period of the spring without damping. `moved` is called with every
+    /// new position.
+    SpringAnimation(double responseSeconds, double position, std::function<void(double)> moved,
+                    QObject *parent = nullptr);
+
+    double position() const { return m_position; }
+    /// Starts from the current position.
+    void moveTo(double target);
+    void jumpTo(double target);
+
+protected:
+    void updateCurrentValue(const QVariant &value) override;
+
+private:
+    double m_position;
+    double m_target;
+    std::function<void(double)> m_moved;
+};
 
 /// Holds content whose height may change, and animates each change: the height moves on a spring
 /// while a picture of the old content fades away over the new.
