@@ -47,16 +47,11 @@ void Divider::paintEvent(QPaintEvent *)
         faded(Theme::current().color(Theme::Color::Separator), m_opacity));
 }
 
-namespace {
-
-constexpr qreal fieldRadius = 10;
-
-}
-
 FieldBox::FieldBox(Icon icon, const QString &name, QWidget *parent)
     : Card(parent), m_lineEdit(new QLineEdit), m_row(new QHBoxLayout(this))
 {
-    setRadius(fieldRadius);
+    constexpr qreal radius = 10;
+    setRadius(radius);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFixedHeight(40);
     setCursor(Qt::IBeamCursor);
@@ -71,7 +66,7 @@ FieldBox::FieldBox(Icon icon, const QString &name, QWidget *parent)
     // The box is the field's ground.
     m_lineEdit->setAutoFillBackground(false);
     m_lineEdit->setBackgroundRole(QPalette::NoRole);
-    FocusRing::install(m_lineEdit, fieldRadius, FocusRing::When::Always, this);
+    FocusRing::install(m_lineEdit, radius, FocusRing::When::Always, this);
 }
 
 void FieldBox::addTrailing(QWidget *widget)

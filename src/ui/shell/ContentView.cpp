@@ -24,18 +24,12 @@ namespace clipwren {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int barHeight = 52;
-
-} // namespace
-
 TopBar::TopBar(QMenu &menu, QWidget *parent)
     : QWidget(parent), m_sidebar(Button::iconOnly(u"sidebar.left", tr("Show or Hide Sidebar"))),
       m_title(new Label(Label::Mode::Elided, Theme::TextStyle::BarTitle)),
       m_buttons(new QHBoxLayout)
 {
-    setFixedHeight(barHeight);
+    setFixedHeight(52);
     connect(m_sidebar, &Button::clicked, this, &TopBar::sidebarToggled);
     auto *more = Button::iconOnly(u"ellipsis.circle", tr("Menu"));
     connect(more, &Button::clicked, this, [&menu, more] {

@@ -15,11 +15,11 @@ using namespace Qt::StringLiterals;
 
 const auto longText = u"/home/somebody/Movies/Clipwren/Building a tide clock.mp4"_s;
 
-struct ElidedLabelTest : testing::Test {
+struct ElidedTextTest : testing::Test {
     QWidget window;
     Label label{Label::Mode::Elided, Theme::TextStyle::Body, Theme::Color::Text, longText, &window};
 
-    ElidedLabelTest()
+    ElidedTextTest()
     {
         label.resize(120, 20);
         window.show();
@@ -35,7 +35,7 @@ QString copied(Label &label, int from, qsizetype length)
     return QGuiApplication::clipboard()->text();
 }
 
-TEST_F(ElidedLabelTest, cutsOnlyWhatDoesNotFitAndKeepsTheWholeForToolTipNameAndCopies)
+TEST_F(ElidedTextTest, cutsOnlyWhatDoesNotFitAndKeepsTheWholeForToolTipNameAndCopies)
 {
     EXPECT_TRUE(label.text().endsWith(QChar(0x2026)));
     EXPECT_TRUE(label.toolTip().contains(longText));
@@ -51,7 +51,7 @@ TEST_F(ElidedLabelTest, cutsOnlyWhatDoesNotFitAndKeepsTheWholeForToolTipNameAndC
     EXPECT_EQ(copied(label, 1, 4), u"home");
 }
 
-TEST_F(ElidedLabelTest, takesNothingForMarkupAndLineBreaksForSpaces)
+TEST_F(ElidedTextTest, takesNothingForMarkupAndLineBreaksForSpaces)
 {
     label.setText(u"<img src='file:///etc/passwd'>\nsecond line"_s);
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
@@ -60,7 +60,7 @@ TEST_F(ElidedLabelTest, takesNothingForMarkupAndLineBreaksForSpaces)
     EXPECT_EQ(label.text(), u"<img src='file:///etc/passwd'> second line");
 }
 
-TEST_F(ElidedLabelTest, keepsTheBlanksOfANameAndItsBreaksForCopies)
+TEST_F(ElidedTextTest, keepsTheBlanksOfANameAndItsBreaksForCopies)
 {
     const auto name = u" A  talk\t(part   1)\r\nend\u2028.mp4 "_s;
     label.setText(name);
@@ -103,6 +103,34 @@ TEST(LabelTest, breaksNoLetterAndNothingThatBreaksByItself)
           u"\u1019\u103C\u1014\u103A\u1019\u102C\u1005\u102C"_s.repeated(10),
           u"https://example.org/watch/"_s.repeated(6), start + u' ' + start + u' '})
         EXPECT_EQ(broken(whole), whole);
+}
+
+TEST(LabelTest, wrappedTextFitsItsLinesAtEveryWidthAndEndsInAnEllipsis)
+{
+    Label label(Label::Mode::Wrapped, Theme::TextStyle::Caption);
+    const int lineHeight = label.fontMetrics().height();
+    EXPECT_EQ(label.heightForWidth(200), lineHeight) << "while empty";
+    label.setText(QString(300, u'w'));
+    EXPECT_LE(label.minimumSizeHint().width(), 40);
+    // More widths than a layout asks for, and back to the first.
+    int height = label.heightForWidth(100);
+    const int atFirst = height;
+    for (int width = 200; width <= 1200; width += 100) {
+        EXPECT_LE(label.heightForWidth(width), height);
+        height = label.heightForWidth(width);
+    }
+    EXPECT_LT(height, atFirst);
+    EXPECT_EQ(label.heightForWidth(100), atFirst);
+    label.setMaximumLines(2);
+    EXPECT_EQ(label.heightForWidth(200), 2 * lineHeight);
+    label.resize(200, 50);
+    label.show();
+    EXPECT_FALSE(label.toolTip().isEmpty());
+    label.resize(10'000, 50);
+    EXPECT_TRUE(label.toolTip().isEmpty());
+    EXPECT_EQ(label.heightForWidth(10'000), lineHeight);
+    label.setText(u"w"_s);
+    EXPECT_EQ(label.heightForWidth(200), lineHeight) << "of the text before";
 }
 
 TEST(LabelTest, markdownShowsEmphasisAndNoMarkup)

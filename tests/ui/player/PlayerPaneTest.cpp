@@ -7,6 +7,7 @@
 #include "ui/player/ThinSlider.h"
 
 #include <QAccessible>
+#include <QLayout>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -202,6 +203,24 @@ TEST_F(PlayerPaneTest, forgetsAPlayerThatGoesWhileItIsDragged)
     pane->setPlayer(&other);
     EXPECT_FALSE(other.isPlaying());
     pane->setPlayer(nullptr);
+}
+
+TEST_F(PlayerPaneTest, narrowPanesLeavePartsOut)
+{
+    const struct {
+        int width;
+        bool volume, end, mute;
+    } cases[] = {{704, true, true, true}, {300, false, true, true}, {200, false, false, false}};
+    for (const auto &[width, volume, end, mute] : cases) {
+        SCOPED_TRACE(width);
+        pane->resize(width, 220);
+        EXPECT_EQ(part<ThinSlider>("Volume").isVisible(), volume);
+        EXPECT_EQ(endTime().isVisible(), end);
+        EXPECT_EQ(part<Button>("Mute").isVisible(), mute);
+        EXPECT_TRUE(part<Button>("Play").isVisible());
+        EXPECT_TRUE(part<Button>("Full Screen").isVisible());
+        EXPECT_LE(controls().layout()->minimumSize().width(), controls().width());
+    }
 }
 
 TEST_F(PlayerPaneTest, tellsTheTimeAlsoToAssistiveTools)

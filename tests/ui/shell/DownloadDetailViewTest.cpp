@@ -7,6 +7,8 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 
 namespace clipwren::test {
@@ -145,9 +147,14 @@ TEST_F(DownloadDetailViewTest, followsAReencodedRecord)
 {
     onProbe(u"Film — QT"_s, u"h264"_s);
     onProbe(u"Film"_s, u"vp9"_s);
+    const DownloadRecord other = addRecord(u"Other"_s, false);
     DownloadRecord record = addRecord(u"Film"_s);
     auto &view = show(record);
     ASSERT_TRUE(showsCodec(view, u"VP9"_s));
+    view.resize(500, 300);
+    auto *bar = view.findChild<QScrollArea *>()->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() > 50; }));
+    bar->setValue(50);
     EXPECT_EQ(verdict(view), u"Needs VLC or IINA"_s);
 
     record.filePath = path(u"Film — QT.mp4"_s);
@@ -156,6 +163,9 @@ TEST_F(DownloadDetailViewTest, followsAReencodedRecord)
     EXPECT_FALSE(shows(view, u"VP9"_s));
     EXPECT_EQ(loaded().constLast(), loadOf(record));
     EXPECT_TRUE(showsCodec(view, u"H.264"_s));
+    EXPECT_EQ(bar->value(), 50);
+    view.setRecord(other);
+    EXPECT_EQ(bar->value(), 0) << "another record shows from its top";
 }
 
 TEST_F(DownloadDetailViewTest, inspectsOnceWhileTheFileStaysOnScreen)

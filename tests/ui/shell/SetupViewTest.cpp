@@ -51,17 +51,24 @@ TEST_F(SetupViewTest, checksAgainByKeyWhereverTheFocusIs)
     view.setParent(nullptr);
 }
 
-TEST_F(SetupViewTest, showsWhatIsMissing)
+TEST_F(SetupViewTest, showsWhatIsMissingInTheSmallestPane)
 {
+    view.resize(460, 468);
     view.show();
     Button *recheck = buttonIn(view, u"Re-check"_s);
+    EXPECT_GE(recheck->mapTo(&view, QPoint()).x(), 0);
+    const QPoint end = recheck->mapTo(&view, QPoint(recheck->width(), recheck->height()));
+    EXPECT_LE(end.x(), 460);
+    EXPECT_LE(end.y(), 468) << "below the fold";
     EXPECT_TRUE(shows(view, u"Not installed"_s));
     EXPECT_TRUE(shows(view, tools.path(u"ffmpeg"_s)));
     tools.add(u"yt-dlp"_s, {});
     recheck->click();
     EXPECT_TRUE(shows(view, tools.path(u"yt-dlp"_s)));
     EXPECT_FALSE(shows(view, u"Not installed"_s));
-    buttonIn(view, u"Copy command"_s)->click();
+    Button *copy = buttonIn(view, u"Copy command"_s);
+    EXPECT_GE(copy->visibleRegion().boundingRect().width(), 22);
+    copy->click();
     EXPECT_EQ(desktop.clipboard, u"brew install yt-dlp ffmpeg");
 }
 

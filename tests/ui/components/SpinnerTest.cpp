@@ -7,12 +7,12 @@ namespace clipwren {
 namespace {
 
 /// Animations run, unless a test asks for reduced motion.
-struct MotionTest : testing::Test {
-    MotionTest() { Theme::current().forceReducedMotion(false); }
-    ~MotionTest() override { Theme::current().forceReducedMotion(true); }
+struct SpinnerTest : testing::Test {
+    SpinnerTest() { Theme::current().forceReducedMotion(false); }
+    ~SpinnerTest() override { Theme::current().forceReducedMotion(true); }
 };
 
-TEST_F(MotionTest, aSpinnerTurnsOnlyWhileSeenAndWithMotionAllowed)
+TEST_F(SpinnerTest, aSpinnerTurnsOnlyWhileSeenAndWithMotionAllowed)
 {
     Spinner spinner;
     EXPECT_FALSE(spinner.isTurning());

@@ -1,7 +1,8 @@
+#include "ui/shell/InformationBox.h"
+
 #include "platform/text/DateTimeText.h"
 #include "support/LibraryFixture.h"
 #include "support/Printing.h"
-#include "ui/shell/InformationBox.h"
 
 #include <limits>
 
