@@ -30,12 +30,13 @@ using namespace Qt::StringLiterals;
 QString usage()
 {
     return u"Usage: clipwren [ADDRESS]\n"
+           "       clipwren --new-download\n"
            "       clipwren save [OPTION]… ADDRESS\n"
            "       clipwren --help | --version\n"
            "\n"
-           "Opens the window, and looks the address up there. With “save”, saves the video "
-           "without\n"
-           "a window and prints the file's path:\n"
+           "Opens the window, and looks the address up there. With “--new-download”, shows\n"
+           "where an address is typed. With “save”, saves the video without a window and\n"
+           "prints the file's path:\n"
            "\n"_s
         + SaveArguments::usage();
 }
@@ -91,7 +92,8 @@ int run(int &argc, char *argv[])
     // What the desktop gave to our window alone; Qt looks for the first in our own environment.
     ProcessRunner::fixEnvironment({"XDG_ACTIVATION_TOKEN"_ba, "DESKTOP_STARTUP_ID"_ba});
     const bool isSave = first == "save"_L1;
-    if (!isSave && (first.startsWith(u'-') || argc > 2))
+    const bool isNewDownload = first == "--new-download"_L1;
+    if (!isSave && ((first.startsWith(u'-') && !isNewDownload) || argc > 2))
         return print(stderr, usage(), SaveCommand::WrongUse);
 
     const std::unique_ptr<QCoreApplication> application = isSave
@@ -107,8 +109,12 @@ int run(int &argc, char *argv[])
             qCWarning(libraryLog) << "Left as it was after a kill:" << errorDescription(error);
         }
     });
+    const InstanceMessage::Show request{.address = isNewDownload ? QString() : first,
+                                        .newDownload = isNewDownload,
+                                        .activationToken =
+                                            qEnvironmentVariable("XDG_ACTIVATION_TOKEN")};
     const int status = isSave ? runSave(QCoreApplication::arguments().mid(2), downloads)
-                              : runWindow(first, downloads);
+                              : runWindow(request, downloads);
     endWork();
     return status;
 }

@@ -45,6 +45,7 @@ QByteArray InstanceMessage::toJson() const
     if (show) {
         json.insert("show"_L1,
                     QJsonObject{{u"address"_s, show->address},
+                                {u"newDownload"_s, show->newDownload},
                                 {u"activationToken"_s, show->activationToken}});
     }
     if (saved) {
@@ -60,8 +61,9 @@ InstanceMessage InstanceMessage::fromJson(const QByteArray &utf8)
     const JsonObjectReader json = JsonObjectReader::fromDocument(utf8);
     InstanceMessage message;
     if (const auto show = json.object("show"_L1)) {
-        message.show =
-            Show{show->requiredText("address"_L1), show->requiredText("activationToken"_L1)};
+        message.show = Show{.address = show->requiredText("address"_L1),
+                            .newDownload = show->boolean("newDownload"_L1).value_or(false),
+                            .activationToken = show->requiredText("activationToken"_L1)};
     }
     if (const auto saved = json.object("saved"_L1)) {
         const auto record = saved->object("record"_L1);

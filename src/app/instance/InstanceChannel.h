@@ -19,8 +19,9 @@ namespace clipwren {
 struct InstanceMessage {
     /// Bring the window to the front, and look this address up unless it is empty.
     struct Show {
-        QString address;
-        QString activationToken; ///< of the desktop's focus rules; may be empty
+        QString address = {};
+        bool newDownload = false; ///< without an address: leave the selected record
+        QString activationToken = {}; ///< of the desktop's focus rules; may be empty
     };
     /// A file was saved from the command line.
     struct Saved {

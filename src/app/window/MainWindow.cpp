@@ -77,19 +77,21 @@ void MainWindow::showAbout()
     about->open();
 }
 
-void MainWindow::comeToFront(const QString &address, const QString &activationToken)
+void MainWindow::comeToFront(const InstanceMessage::Show &request)
 {
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     // Where focus must not be taken unasked, this says that the user did ask. Qt takes it from here
     // only; no tool inherits it, whatever thread starts one now.
-    if (!activationToken.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    if (!request.activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", request.activationToken.toUtf8());
     activateWindow();
     qunsetenv("XDG_ACTIVATION_TOKEN");
-    if (!address.isEmpty())
-        m_content->lookUp(address);
+    if (!request.address.isEmpty())
+        m_content->lookUp(request.address);
+    else if (request.newDownload)
+        m_content->showDownloader();
 }
 
 } // namespace clipwren

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/instance/InstanceChannel.h"
 #include "ui/shell/ContentView.h"
 
 #include <QWidget>
@@ -17,9 +18,9 @@ public:
     MainWindow(const ApplicationContext &context, PlayerModule &players);
 
     ContentView &content() { return *m_content; }
-    /// Shows and activates the window and looks the address up unless it is empty. The token is
-    /// what the desktop gave to the program that asks for this; it may be empty.
-    void comeToFront(const QString &address, const QString &activationToken);
+    /// Shows and activates the window for a later start of the application, and does there what it
+    /// asks for.
+    void comeToFront(const InstanceMessage::Show &request);
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -32,10 +32,10 @@ constexpr std::chrono::milliseconds afterFirstFrame = 400ms;
 
 constexpr std::chrono::milliseconds patienceWithOthers = 10s;
 
-LibraryClaim claimLibraryFor(const QString &address)
+LibraryClaim claimLibraryFor(const InstanceMessage::Show &request)
 {
     InstanceMessage message;
-    message.show = InstanceMessage::Show{address, qEnvironmentVariable("XDG_ACTIVATION_TOKEN")};
+    message.show = request;
     return claimLibrary(defaultLibraryFolder(), message, patienceWithOthers);
 }
 
@@ -49,12 +49,12 @@ void tellThatNobodyAnswers()
 
 } // namespace
 
-int runWindow(const QString &address, const QString &downloadDirectory)
+int runWindow(const InstanceMessage::Show &request, const QString &downloadDirectory)
 {
     using Outcome = LibraryClaim::Outcome;
     // Ties the window to its entry among the desktop's applications, and so to its symbol.
-    QGuiApplication::setDesktopFileName(u"clipwren"_s);
-    const LibraryClaim claim = claimLibraryFor(address);
+    QGuiApplication::setDesktopFileName(u"org.clipwren.Clipwren"_s);
+    const LibraryClaim claim = claimLibraryFor(request);
     if (claim.outcome == Outcome::Delivered || claim.outcome == Outcome::Refused)
         return 0;
     if (claim.outcome == Outcome::Silent) {
@@ -94,7 +94,7 @@ int runWindow(const QString &address, const QString &downloadDirectory)
     if (claim.outcome == Outcome::Held) {
         server.emplace(defaultLibraryFolder(), [&](const InstanceMessage &message) {
             if (message.show)
-                window.comeToFront(message.show->address, message.show->activationToken);
+                window.comeToFront(*message.show);
             // Somebody may have met with no answer before.
             takeUpPending(defaultLibraryFolder(), store, history);
             return !message.saved || !applySaved(*message.saved, store, history);
@@ -107,8 +107,8 @@ int runWindow(const QString &address, const QString &downloadDirectory)
     // Where no entry of the desktop brings a symbol. Drawing it takes time, too.
     QTimer::singleShot(afterFirstFrame, &window,
                        [] { QApplication::setWindowIcon(QIcon(u":/desktop/clipwren.svg"_s)); });
-    if (!address.isEmpty())
-        window.content().lookUp(address);
+    if (!request.address.isEmpty())
+        window.content().lookUp(request.address);
     const int status = QApplication::exec();
     store.saveAgain();
     history.saveAgain();

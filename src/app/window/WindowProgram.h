@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QString>
+#include "app/instance/InstanceChannel.h"
 
 namespace clipwren {
 
-/// Shows the window and, unless it is empty, looks the address up there; downloads go into the
-/// folder. Where the user's application runs already, hands the address to it instead. Needs a
-/// QApplication; returns the exit status.
-int runWindow(const QString &address, const QString &downloadDirectory);
+/// Shows the window and does there what is asked for; downloads go into the folder. Where the
+/// user's application runs already, asks it instead. Needs a QApplication; returns the exit status.
+int runWindow(const InstanceMessage::Show &request, const QString &downloadDirectory);
 
 } // namespace clipwren

@@ -57,6 +57,16 @@ std::optional<QString> JsonObjectReader::text(QLatin1StringView key) const
     return value->toString();
 }
 
+std::optional<bool> JsonObjectReader::boolean(QLatin1StringView key) const
+{
+    const auto value = present(key);
+    if (!value)
+        return std::nullopt;
+    if (!value->isBool())
+        fail(key, u"true or false"_s);
+    return value->toBool();
+}
+
 std::optional<double> JsonObjectReader::number(QLatin1StringView key) const
 {
     const auto value = present(key);

@@ -28,6 +28,7 @@ public:
     static JsonObjectReader fromDocument(const QByteArray &utf8);
 
     std::optional<QString> text(QLatin1StringView key) const;
+    std::optional<bool> boolean(QLatin1StringView key) const;
     std::optional<double> number(QLatin1StringView key) const;
     /// Whole numbers of 64 bits, exactly; 1080.0 is one, 1080.5 and 1e30 are not.
     std::optional<qint64> integer(QLatin1StringView key) const;

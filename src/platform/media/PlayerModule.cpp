@@ -37,7 +37,7 @@ PlayerModule::~PlayerModule()
 QStringList PlayerModule::defaultFolders()
 {
     const QString here = QCoreApplication::applicationDirPath();
-    return {here, here + u"/../lib/clipwren"_s};
+    return {here, here + u"/" CLIPWREN_MODULE_FROM_PROGRAM ""_s};
 }
 
 QString PlayerModule::path() const

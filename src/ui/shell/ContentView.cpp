@@ -213,6 +213,11 @@ void ContentView::lookUp(const QString &address)
               [this, address] { redownload(address); });
 }
 
+void ContentView::showDownloader()
+{
+    m_selection.select(std::nullopt);
+}
+
 void ContentView::askToStop(const QString &confirm, const QString &message,
                             std::function<void()> action)
 {

@@ -60,6 +60,8 @@ public:
     /// Leaves the selected record for the downloader and looks an address up there. Asks first
     /// while a download runs, which that would stop.
     void lookUp(const QString &address);
+    /// Leaves the selected record for the downloader; a download that runs there goes on.
+    void showDownloader();
     void toggleSidebar();
     bool isSidebarHidden() const;
     /// In logical pixels; also while it is hidden.

@@ -42,7 +42,7 @@ protected:
     static InstanceMessage show(const QString &address)
     {
         InstanceMessage message;
-        message.show = InstanceMessage::Show{address, u"token"_s};
+        message.show = InstanceMessage::Show{.address = address, .activationToken = u"token"_s};
         return message;
     }
 

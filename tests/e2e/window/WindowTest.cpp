@@ -361,10 +361,17 @@ TEST_F(WindowTest, aboutTellsTheAgeOfTheDownloader)
     EXPECT_TRUE(texts.contains(u"2023.03.04 (over three years old)"_s));
 }
 
-TEST_F(WindowTest, keepsNoActivationTokenOnceItIsInFront)
+TEST_F(WindowTest, comesToFrontForALaterStart)
 {
+    const DownloadRecord record = addRecord(u"Saved"_s);
     open();
-    window().comeToFront({}, u"asked-by-the-user"_s);
+    window().content().selection().select(record.id);
+    window().comeToFront({});
+    EXPECT_EQ(window().windowTitle(), u"Saved"_s);
+    window().comeToFront({.newDownload = true});
+    EXPECT_EQ(window().windowTitle(), u"New Download"_s);
+    EXPECT_EQ(window().focusWidget(), await(u"Video address"_s));
+    window().comeToFront({.activationToken = u"asked-by-the-user"_s});
     EXPECT_TRUE(window().isActiveWindow());
     EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
 }
