@@ -3,6 +3,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Preferences.h"
 
+#include <QFileInfo>
 #include <QMap>
 #include <QStringList>
 
@@ -26,6 +27,37 @@ public:
         log << u"copy "_s + text;
     }
     void playCompletionSound() override { log << u"sound"_s; }
+
+    /// "SUMMARY | BODY | FILE NAME" each.
+    QStringList notifications;
+    int activities = 0; ///< that run
+    double progress = -1; ///< as told last
+
+    std::unique_ptr<Activity> beginActivity() override
+    {
+        return std::make_unique<NotedActivity>(*this);
+    }
+    void notify(const Notification &each) override
+    {
+        notifications << QStringList{each.summary, each.body, QFileInfo(each.filePath).fileName()}
+                             .join(u" | "_s);
+    }
+
+private:
+    class NotedActivity : public Activity {
+    public:
+        explicit NotedActivity(RecordingDesktop &desktop) : m_desktop(desktop)
+        {
+            ++m_desktop.activities;
+        }
+        NotedActivity(const NotedActivity &) = delete;
+        NotedActivity &operator=(const NotedActivity &) = delete;
+        ~NotedActivity() override { --m_desktop.activities; }
+        void setProgress(double fraction) override { m_desktop.progress = fraction; }
+
+    private:
+        RecordingDesktop &m_desktop;
+    };
 };
 
 /// Preferences that are gone with the test.

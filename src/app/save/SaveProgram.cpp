@@ -9,11 +9,13 @@
 #include "core/process/ToolEnvironment.h"
 #include "platform/desktop/SettingsPreferences.h"
 #include "platform/desktop/SilentDesktop.h"
+#include "platform/system/SleepInhibitor.h"
 
 #include <QCoreApplication>
 
 #include <chrono>
 #include <cstdio>
+#include <memory>
 #include <stop_token>
 #include <thread>
 #include <unistd.h>
@@ -24,6 +26,17 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr std::chrono::seconds patienceWithOthers(30);
+
+/// There is no window, but the machine stays awake.
+class SaveDesktop : public SilentDesktop {
+public:
+    std::unique_ptr<Activity> beginActivity() override { return std::make_unique<KeptAwake>(); }
+
+private:
+    struct KeptAwake : Activity {
+        SleepInhibitor inhibitor;
+    };
+};
 
 void print(std::FILE *output, const QString &text)
 {
@@ -99,7 +112,7 @@ int runSave(const QStringList &arguments, const QString &downloadDirectory)
     ToolEnvironment tools(ToolEnvironment::defaultSearchDirectories(),
                           ToolEnvironment::Versions::Skip);
     PendingFetchBox noRequests;
-    SilentDesktop desktop;
+    SaveDesktop desktop;
     SettingsPreferences preferences;
     SaveCommand command(parsed,
                         {.store = store,

@@ -8,6 +8,7 @@
 #include "core/library/HistoryStore.h"
 #include "core/library/LibraryFolder.h"
 #include "core/process/ToolEnvironment.h"
+#include "platform/desktop/ApplicationId.h"
 #include "platform/desktop/SettingsPreferences.h"
 #include "platform/media/PlayerModule.h"
 #include "platform/system/SystemDesktop.h"
@@ -53,7 +54,7 @@ int runWindow(const InstanceMessage::Show &request, const QString &downloadDirec
 {
     using Outcome = LibraryClaim::Outcome;
     // Ties the window to its entry among the desktop's applications, and so to its symbol.
-    QGuiApplication::setDesktopFileName(u"org.clipwren.Clipwren"_s);
+    QGuiApplication::setDesktopFileName(applicationId);
     const LibraryClaim claim = claimLibraryFor(request);
     if (claim.outcome == Outcome::Delivered || claim.outcome == Outcome::Refused)
         return 0;
@@ -100,6 +101,9 @@ int runWindow(const InstanceMessage::Show &request, const QString &downloadDirec
             return !message.saved || !applySaved(*message.saved, store, history);
         });
     }
+    QObject::connect(
+        &desktop.notifier(), &Notifier::activated, &window,
+        [&window](const QString &token) { window.comeToFront({.activationToken = token}); });
     QObject::connect(&interrupt, &InterruptSignal::interrupted, &window, &MainWindow::close);
     window.show();
     // The tools take longer to start than the window, and would do so at its expense.

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QUrl>
 
+#include <memory>
+
 namespace clipwren {
 
 /// What the desktop does for us. Used on the user-interface thread; nothing here waits for the
@@ -24,6 +26,25 @@ public:
 
     /// A short sound that says that a download is complete.
     virtual void playCompletionSound() = 0;
+
+    /// A download or conversion that runs. Until this is destroyed, the machine does not go to
+    /// sleep by itself.
+    class Activity {
+    public:
+        virtual ~Activity() = default;
+        /// From 0 to 1; shown with the program's icon.
+        virtual void setProgress(double) { }
+    };
+    /// The desktop must outlive the activity.
+    virtual std::unique_ptr<Activity> beginActivity() = 0;
+
+    struct Notification {
+        QString summary;
+        QString body;
+        QString filePath = {}; ///< of a new file, which the notification offers to show and open
+    };
+    /// Tells of something that has ended, unless the user looks at the window.
+    virtual void notify(const Notification &notification) = 0;
 };
 
 } // namespace clipwren

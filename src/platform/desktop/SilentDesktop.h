@@ -13,6 +13,8 @@ public:
     QString clipboardText() const override { return {}; }
     void setClipboardText(const QString &) override { }
     void playCompletionSound() override { }
+    std::unique_ptr<Activity> beginActivity() override { return std::make_unique<Activity>(); }
+    void notify(const Notification &) override { }
 };
 
 } // namespace clipwren

@@ -8,6 +8,14 @@
 
 namespace clipwren {
 
+SystemDesktop::SystemDesktop()
+{
+    QObject::connect(&m_notifier, &Notifier::revealRequested,
+                     [this](const QString &path) { reveal(path); });
+    QObject::connect(&m_notifier, &Notifier::openRequested,
+                     [this](const QString &path) { openFile(path); });
+}
+
 void SystemDesktop::reveal(const QString &path)
 {
     revealInFileManager(path);
@@ -36,6 +44,17 @@ void SystemDesktop::setClipboardText(const QString &text)
 void SystemDesktop::playCompletionSound()
 {
     m_sound.play();
+}
+
+std::unique_ptr<Desktop::Activity> SystemDesktop::beginActivity()
+{
+    return m_activities.begin();
+}
+
+void SystemDesktop::notify(const Notification &notification)
+{
+    if (QGuiApplication::applicationState() != Qt::ApplicationActive)
+        m_notifier.notify(notification);
 }
 
 } // namespace clipwren

@@ -1,13 +1,13 @@
 #include "ui/components/DesktopAppearance.h"
 
 #include "core/Logging.h"
+#include "platform/desktop/SessionBus.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QFile>
 
 using Settings = QMap<QString, QVariantMap>;
 
@@ -22,13 +22,6 @@ const auto path = u"/org/freedesktop/portal/desktop"_s;
 const auto interface = u"org.freedesktop.portal.Settings"_s;
 const auto appearanceGroup = u"org.freedesktop.appearance"_s;
 const auto gnomeGroup = u"org.gnome.desktop.interface"_s;
-
-/// False where connecting would make the D-Bus library start a bus of its own.
-bool hasSessionBus()
-{
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")
-        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/bus"_s);
-}
 
 } // namespace
 

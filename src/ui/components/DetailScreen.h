@@ -16,12 +16,13 @@ public:
 
     /// Empty where the bar stays without a title.
     virtual QString barTitle() const = 0;
+    virtual QString windowTitleText() const { return barTitle(); }
     /// Shown at the end of the bar while the screen is shown. The bar takes them as children, and
     /// they go with the screen.
     virtual QList<Button *> barButtons() const = 0;
 
 Q_SIGNALS:
-    void barTitleChanged();
+    void titleChanged(); ///< of the bar or the window
 };
 
 } // namespace clipwren

@@ -241,6 +241,14 @@ void DownloaderScreen::render()
         shortcut->setEnabled(phase == Phase::ready);
     renderError();
     renderLogs();
+    if (const QString title = windowTitleText(); std::exchange(m_windowTitle, title) != title)
+        Q_EMIT titleChanged();
+}
+
+QString DownloaderScreen::windowTitleText() const
+{
+    const bool isRunning = m_phase == Phase::downloading || m_phase == Phase::processing;
+    return isRunning ? tr("%1 – %2").arg(m_progress->percentage(), barTitle()) : barTitle();
 }
 
 void DownloaderScreen::renderCards()

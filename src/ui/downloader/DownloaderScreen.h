@@ -43,6 +43,8 @@ public:
     DownloaderScreen &operator=(const DownloaderScreen &) = delete;
 
     QString barTitle() const override { return tr("New Download"); }
+    /// With how far a download is.
+    QString windowTitleText() const override;
     QList<Button *> barButtons() const override;
 
 protected:
@@ -76,6 +78,7 @@ private:
     QPointer<Button> m_folderButton;
     QTimer m_renderTimer; ///< joins the changes of one turn of the event loop
     Phase m_phase = Phase::input; // as last rendered
+    QString m_windowTitle; // likewise
     bool m_acceptsRequests = false;
 
     QScrollArea *m_scroll;

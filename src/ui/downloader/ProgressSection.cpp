@@ -18,11 +18,6 @@ namespace clipwren {
 
 namespace {
 
-QString percentage(double fraction)
-{
-    return QString::number(static_cast<int>(std::clamp(fraction, 0.0, 1.0) * 100)) + u'%';
-}
-
 /// The path with the home folder as a tilde.
 QString shortPath(const QString &path)
 {
@@ -62,11 +57,17 @@ ProgressSection::ProgressSection(DownloaderView &view, QWidget *parent)
     column->addLayout(bottom);
 }
 
+QString ProgressSection::percentage() const
+{
+    return QString::number(static_cast<int>(std::clamp(m_view.downloadProgress(), 0.0, 1.0) * 100))
+        + u'%';
+}
+
 void ProgressSection::render()
 {
     m_heading->setText(m_view.phaseLabel());
     const DownloadProgress &progress = m_view.progress();
-    m_percentage->setText(percentage(progress.fraction));
+    m_percentage->setText(percentage());
     m_bar->setFraction(progress.fraction);
     m_status->setText(progress.status);
 }

@@ -17,6 +17,8 @@ public:
     explicit ProgressSection(DownloaderView &view, QWidget *parent = nullptr);
 
     void render();
+    /// As in "42%".
+    QString percentage() const;
 
 private:
     DownloaderView &m_view;

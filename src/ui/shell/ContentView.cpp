@@ -67,7 +67,7 @@ void TopBar::setScreen(DetailScreen *screen)
         return;
     }
     const auto showTitle = [this] { m_title->setText(m_screen->barTitle()); };
-    connect(screen, &DetailScreen::barTitleChanged, this, showTitle);
+    connect(screen, &DetailScreen::titleChanged, this, showTitle);
     showTitle();
     QWidget *before = m_sidebar;
     for (Button *button : screen->barButtons()) {
@@ -189,8 +189,8 @@ void ContentView::showScreen()
         m_question->reject();
     DetailScreen *screen = m_detail->screen();
     m_bar->setScreen(screen);
-    const auto showTitle = [this, screen] { setWindowTitle(screen->barTitle()); };
-    connect(screen, &DetailScreen::barTitleChanged, this, showTitle);
+    const auto showTitle = [this, screen] { setWindowTitle(screen->windowTitleText()); };
+    connect(screen, &DetailScreen::titleChanged, this, showTitle);
     showTitle();
 }
 

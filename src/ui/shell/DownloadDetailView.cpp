@@ -89,7 +89,7 @@ void DownloadDetailView::setRecord(const DownloadRecord &record)
         runInspection();
     render();
     if (isOtherTitle)
-        Q_EMIT barTitleChanged();
+        Q_EMIT titleChanged();
 }
 
 QWidget *DownloadDetailView::makeColumn()

@@ -27,7 +27,7 @@ using namespace Qt::StringLiterals;
 RecentList::RecentList(DownloadStore &store, const ToolEnvironment &tools, Desktop &desktop,
                        const Selection &selection, QWidget *parent)
     : QWidget(parent), m_store(store), m_desktop(desktop), m_selection(selection), m_model(store),
-      m_reencoder(new Reencoder(store, tools, this)), m_undoLine(new UndoLine)
+      m_reencoder(new Reencoder(store, tools, desktop, this)), m_undoLine(new UndoLine)
 {
     m_view = new LibraryListView(m_model,
                                  {.title = tr("Recent"),

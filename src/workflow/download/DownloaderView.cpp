@@ -1,13 +1,14 @@
 #include "workflow/download/DownloaderView.h"
 
 #include "core/Logging.h"
+#include "core/library/DownloadStore.h"
 #include "core/process/ToolEnvironment.h"
 #include "core/text/BoundedText.h"
 #include "core/text/SingleLine.h"
 #include "core/ytdlp/DownloaderAge.h"
-#include "platform/desktop/Desktop.h"
 #include "workflow/download/FetchErrorText.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace clipwren {
@@ -32,17 +33,17 @@ DownloaderView::DownloaderView(const ApplicationContext &context,
 {
     // A version that arrives later may add the hint on an outdated yt-dlp.
     connect(&context.tools, &ToolEnvironment::changed, this, &DownloaderView::changed);
-    connect(&m_pipeline, &DownloadPipeline::progressed, this, &DownloaderView::changed);
+    connect(&m_pipeline, &DownloadPipeline::progressed, this, [this] {
+        if (m_activity)
+            m_activity->setProgress(downloadProgress());
+        Q_EMIT changed();
+    });
     connect(&m_pipeline, &DownloadPipeline::processing, this, [this] {
         m_phase = Phase::processing;
         Q_EMIT changed();
     });
     connect(&m_pipeline, &DownloadPipeline::recorded, this, &DownloaderView::downloadRecorded);
-    connect(&m_pipeline, &DownloadPipeline::failed, this, [this] {
-        m_phase = Phase::ready;
-        reloadPreview();
-        Q_EMIT changed();
-    });
+    connect(&m_pipeline, &DownloadPipeline::failed, this, &DownloaderView::downloadFailed);
 }
 
 // Requests from outside
@@ -59,7 +60,7 @@ void DownloaderView::leave()
     m_context.pendingFetch.disconnect(this);
     m_lookup = BackgroundTask();
     m_previewLookup = BackgroundTask();
-    m_pipeline.drop();
+    dropDownload();
     m_preview.unload();
 }
 
@@ -112,14 +113,14 @@ void DownloaderView::returnToInput()
 {
     // Silences the cancelled look-up.
     m_lookup = BackgroundTask();
-    m_pipeline.drop();
+    dropDownload();
     m_phase = Phase::input;
     Q_EMIT changed();
 }
 
 void DownloaderView::startLookup(const QString &address)
 {
-    m_pipeline.drop();
+    dropDownload();
     // The previous video must not stay on screen when this one has no preview.
     m_previewLookup = BackgroundTask();
     m_preview.unload();
@@ -340,6 +341,7 @@ void DownloaderView::start()
     m_preview.unload();
     const DownloadPipeline::Job job = downloadJob();
     m_attempts.add(m_context.downloadDirectory);
+    m_activity = m_context.desktop.beginActivity();
     m_pipeline.start(job);
     Q_EMIT changed();
 }
@@ -376,10 +378,32 @@ std::optional<TrimRange> DownloaderView::trimToApply(OutputFormat format) const
 void DownloaderView::downloadRecorded(const QUuid &recordId)
 {
     m_phase = Phase::done;
+    m_activity.reset();
     Q_EMIT changed();
     m_context.desktop.playCompletionSound();
+    const QList<DownloadRecord> &records = m_context.store.records();
+    const auto record = std::ranges::find(records, recordId, &DownloadRecord::id);
+    if (record != records.end())
+        m_context.desktop.notify({tr("Download complete"), record->title, record->filePath});
     if (m_onCompleted)
         m_onCompleted(recordId);
+}
+
+void DownloaderView::downloadFailed()
+{
+    m_phase = Phase::ready;
+    m_activity.reset();
+    reloadPreview();
+    Q_EMIT changed();
+    // A cancellation is no failure.
+    if (errorLog())
+        m_context.desktop.notify({tr("Download failed"), errorMessage().value_or(QString())});
+}
+
+void DownloaderView::dropDownload()
+{
+    m_pipeline.drop();
+    m_activity.reset();
 }
 
 void DownloaderView::showErrorLog()

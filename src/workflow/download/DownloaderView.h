@@ -3,6 +3,7 @@
 #include "core/formats/FormatOption.h"
 #include "core/tasks/BackgroundTask.h"
 #include "core/ytdlp/VideoInfo.h"
+#include "platform/desktop/Desktop.h"
 #include "workflow/ApplicationContext.h"
 #include "workflow/download/DownloadPipeline.h"
 #include "workflow/download/FileTitle.h"
@@ -20,11 +21,11 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace clipwren {
 
-class Desktop;
 class DownloadStore;
 class HistoryStore;
 class Preferences;
@@ -149,6 +150,8 @@ private:
     DownloadPipeline::Job downloadJob() const;
     std::optional<TrimRange> trimToApply(OutputFormat format) const;
     void downloadRecorded(const QUuid &recordId);
+    void downloadFailed();
+    void dropDownload();
 
     ApplicationContext m_context;
     std::function<void(QUuid)> m_onCompleted;
@@ -173,6 +176,8 @@ private:
     double m_trimStart = 0;
     double m_trimEnd = 0;
     bool m_rangeIsOfThisVideo = false; ///< not of the previously looked-up one
+
+    std::unique_ptr<Desktop::Activity> m_activity; ///< while a download runs
 
     // Declared last, so that background work is destroyed before the members it reports to.
     BackgroundTask m_lookup;

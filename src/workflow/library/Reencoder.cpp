@@ -27,19 +27,11 @@ bool haveSameOutput(const QString &path, const QString &other)
         && file.completeBaseName() == otherFile.completeBaseName();
 }
 
-void logFailure(const std::exception_ptr &failure)
-{
-    try {
-        std::rethrow_exception(failure);
-    } catch (const std::exception &error) {
-        qCWarning(plainLog).noquote().nospace() << "Re-encode failed: " << errorDescription(error);
-    }
-}
-
 } // namespace
 
-Reencoder::Reencoder(DownloadStore &store, const ToolEnvironment &tools, QObject *parent)
-    : QObject(parent), m_store(store), m_tools(tools)
+Reencoder::Reencoder(DownloadStore &store, const ToolEnvironment &tools, Desktop &desktop,
+                     QObject *parent)
+    : QObject(parent), m_store(store), m_tools(tools), m_desktop(desktop)
 {
 }
 
@@ -88,18 +80,16 @@ void Reencoder::start(const Job &job)
 {
     const FfmpegService service{m_tools.ffmpegPath().value_or(QString()),
                                 m_tools.ffprobePath().value_or(QString())};
-    m_running[job.id] = {job.input,
-                         BackgroundTask::start(
-                             [service, input = job.input, suffix = suffixFor(job.input)](
-                                 const std::stop_token &stop, const BackgroundTask::Post &) {
-                                 return service.transcode(input, EncodeProfile::h264Mp4(),
-                                                          std::nullopt, suffix, {}, {}, stop);
-                             },
-                             [this, id = job.id](const QString &output) { succeed(id, output); },
-                             [this, id = job.id](const std::exception_ptr &failure) {
-                                 logFailure(failure);
-                                 finish(id);
-                             })};
+    m_running[job.id] = {
+        job.input, m_desktop.beginActivity(),
+        BackgroundTask::start(
+            [service, input = job.input, suffix = suffixFor(job.input)](
+                const std::stop_token &stop, const BackgroundTask::Post &) {
+                return service.transcode(input, EncodeProfile::h264Mp4(), std::nullopt, suffix, {},
+                                         {}, stop);
+            },
+            [this, id = job.id](const QString &output) { succeed(id, output); },
+            [this, id = job.id](const std::exception_ptr &failure) { fail(id, failure); })};
 }
 
 void Reencoder::succeed(const QUuid &id, const QString &output)
@@ -112,6 +102,19 @@ void Reencoder::succeed(const QUuid &id, const QString &output)
         DownloadRecord record = *place;
         record.filePath = output;
         m_store.update(record);
+    }
+    m_desktop.notify({tr("Re-encode complete"), QFileInfo(output).fileName(), output});
+    finish(id);
+}
+
+void Reencoder::fail(const QUuid &id, const std::exception_ptr &failure)
+{
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::exception &error) {
+        const QString reason = errorDescription(error);
+        qCWarning(plainLog).noquote().nospace() << "Re-encode failed: " << reason;
+        m_desktop.notify({tr("Re-encode failed"), reason});
     }
     finish(id);
 }

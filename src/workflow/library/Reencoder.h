@@ -2,6 +2,7 @@
 
 #include "core/library/DownloadRecord.h"
 #include "core/tasks/BackgroundTask.h"
+#include "platform/desktop/Desktop.h"
 
 #include <QHash>
 #include <QObject>
@@ -9,6 +10,7 @@
 
 #include <deque>
 #include <map>
+#include <memory>
 
 namespace clipwren {
 
@@ -23,15 +25,16 @@ class Reencoder : public QObject {
     Q_OBJECT
 
 public:
-    /// Both must outlive this.
-    Reencoder(DownloadStore &store, const ToolEnvironment &tools, QObject *parent = nullptr);
+    /// What is given must outlive this.
+    Reencoder(DownloadStore &store, const ToolEnvironment &tools, Desktop &desktop,
+              QObject *parent = nullptr);
     ~Reencoder() override;
     Reencoder(const Reencoder &) = delete;
     Reencoder &operator=(const Reencoder &) = delete;
 
     /// Starts unless that record is already being re-encoded or a tool is missing. Files whose
     /// names differ only in the extension are re-encoded one after the other. A failure is logged
-    /// as "Re-encode failed: " and the reason.
+    /// as "Re-encode failed: " and the reason, and the user is notified of either end.
     void convertToH264(const DownloadRecord &record);
 
     /// Ids of the records whose re-encode runs or waits.
@@ -50,14 +53,17 @@ private:
     QString suffixFor(const QString &input) const;
     void start(const Job &job);
     void succeed(const QUuid &id, const QString &output);
+    void fail(const QUuid &id, const std::exception_ptr &failure);
     void finish(const QUuid &id);
 
     DownloadStore &m_store;
     const ToolEnvironment &m_tools;
+    Desktop &m_desktop;
     QSet<QUuid> m_reencodingIDs;
     std::deque<Job> m_waiting;
     struct Running {
         QString input;
+        std::unique_ptr<Desktop::Activity> activity;
         BackgroundTask task;
     };
     std::map<QUuid, Running> m_running;

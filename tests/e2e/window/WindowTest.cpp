@@ -236,8 +236,9 @@ TEST_F(WindowTest, aDownloadIsStoppedOnlyWhenThatIsWanted)
     addRecord(u"Older"_s);
     const DownloadRecord record = addRecord(u"Talk"_s);
     history.recordDownload(record.sourceURL, record.title, {}, {});
-    startDownload(u"exec sleep 60"_s);
+    startDownload(u"echo '42%||NA||NA'; exec sleep 60"_s);
     await(u"Downloading"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window().windowTitle() == u"42% – New Download"; }));
     ContentView &content = window().content();
 
     const auto clickRecord = [&] {

@@ -173,7 +173,7 @@ TEST_F(DownloadDetailViewTest, inspectsOnceWhileTheFileStaysOnScreen)
     DownloadRecord record = addRecord(u"Talk"_s);
     auto &view = show(record);
     ASSERT_TRUE(showsCodec(view, u"H.264"_s));
-    const QSignalSpy titles(&view, &DetailScreen::barTitleChanged);
+    const QSignalSpy titles(&view, &DetailScreen::titleChanged);
     record.title = u"New title"_s;
     view.setRecord(record);
     EXPECT_TRUE(shows(view, u"H.264"_s));

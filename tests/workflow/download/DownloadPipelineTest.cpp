@@ -77,8 +77,11 @@ TEST_F(DownloadPipelineTest, cancelsADownloadAndStartsItAgain)
     fake.onDownload(u"echo part > \"$file.part\"; echo '10%||NA||NA'; exec sleep 60"_s);
     makeReady();
     ASSERT_TRUE(startAndProgress());
+    EXPECT_EQ(fake.desktop.activities, 1);
     EXPECT_EQ(cancel(), u"Cancelled"_s);
     EXPECT_FALSE(view->errorLog());
+    EXPECT_EQ(fake.desktop.activities, 0);
+    EXPECT_EQ(fake.desktop.notifications, QStringList());
     EXPECT_EQ(files(), QStringList{u"Talk [id1].mp4.part"_s});
     EXPECT_TRUE(fake.store.records().isEmpty());
 
@@ -98,6 +101,7 @@ TEST_F(DownloadPipelineTest, aLookupSilencesTheDownload)
     settle();
     EXPECT_EQ(view->phase(), Phase::confirming);
     EXPECT_FALSE(view->errorMessage());
+    EXPECT_EQ(fake.desktop.activities, 0);
 }
 
 TEST_F(DownloadPipelineTest, cancelsBetweenTheDownloadAndItsProcessing)
@@ -241,6 +245,8 @@ TEST_F(DownloadPipelineTest, keepsALogOfEveryFailure)
         makeReady();
         view->setTrimEnabled(true);
         EXPECT_TRUE(failure().startsWith(message));
+        EXPECT_EQ(fake.desktop.notifications.last(),
+                  u"Download failed | %1 | "_s.arg(*view->errorMessage()));
         view->showErrorLog();
         EXPECT_EQ(view->shownLog().tool, tool);
         EXPECT_EQ(view->shownLog().text, log);

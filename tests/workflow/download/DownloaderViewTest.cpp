@@ -45,6 +45,10 @@ TEST_F(DownloaderViewTest, goesTheWholeWayFromAddressToRecord)
     EXPECT_EQ(stages, expectedStages);
     EXPECT_EQ(view->downloadProgress(), 1.0);
     EXPECT_EQ(fake.desktop.log, QStringList{u"sound"_s});
+    EXPECT_EQ(fake.desktop.notifications,
+              QStringList{u"Download complete | Talk | Talk [id1] — trimmed.mp4"_s});
+    EXPECT_EQ(fake.desktop.progress, 1);
+    EXPECT_EQ(fake.desktop.activities, 0);
 
     EXPECT_EQ(DownloadStore(fake.libraryFolder()).records(), QList{record});
     EXPECT_EQ(completed, std::vector{record.id});

@@ -6,6 +6,7 @@
 #include "support/LeakCheck.h"
 #include "support/LibraryFixture.h"
 #include "support/Printing.h"
+#include "support/RecordingDesktop.h"
 
 #include <QTest>
 
@@ -54,8 +55,9 @@ protected:
 
     FakeTools tools;
     DownloadStore store{folder()};
+    RecordingDesktop desktop;
     ToolEnvironment environment{{tools.directory()}, ToolEnvironment::Versions::Skip};
-    std::optional<Reencoder> reencoder{std::in_place, store, environment};
+    std::optional<Reencoder> reencoder{std::in_place, store, environment, desktop};
 };
 
 TEST_F(ReencoderTest, pointsTheRecordAtTheNewFile)
@@ -63,7 +65,11 @@ TEST_F(ReencoderTest, pointsTheRecordAtTheNewFile)
     DownloadRecord expected = record();
     reencoder->convertToH264(record());
     EXPECT_TRUE(reencoder->reencodingIDs().contains(record().id));
+    EXPECT_EQ(desktop.activities, 1);
     ASSERT_TRUE(ends());
+    EXPECT_EQ(desktop.activities, 0);
+    EXPECT_EQ(desktop.notifications,
+              QStringList{u"Re-encode complete | Talk — QT.mp4 | Talk — QT.mp4"_s});
     expected.filePath = path(u"Talk — QT.mp4"_s);
     EXPECT_EQ(record(), expected);
     EXPECT_EQ(readFile(u"Talk — QT.mp4"_s), "new\n");
@@ -133,7 +139,7 @@ TEST_F(ReencoderTest, replacesNoCopyOfAnotherFilm)
     // Nor one that no record names any more.
     store.clear();
     store.add(recordOf(u"Again"_s));
-    reencoder.emplace(store, environment);
+    reencoder.emplace(store, environment, desktop);
     reencoder->convertToH264(record());
     ASSERT_TRUE(ends());
     EXPECT_EQ(record().filePath, path(u"Talk — QT 3.mp4"_s));
@@ -150,6 +156,7 @@ TEST_F(ReencoderTest, logsAFailureAndLeavesTheRecord)
     EXPECT_TRUE(ends());
     qInstallMessageHandler(previous);
     EXPECT_EQ(logged.filter(u"Re-encode failed: Process failed"_s).size(), 1);
+    EXPECT_TRUE(desktop.notifications.value(0).startsWith(u"Re-encode failed | Process failed"));
     EXPECT_EQ(record(), before);
 }
 
