@@ -1,6 +1,7 @@
 #include "app/window/MainWindow.h"
 
 #include "app/window/AboutDialog.h"
+#include "app/window/ShortcutsDialog.h"
 #include "app/window/WindowPlacement.h"
 #include "platform/media/PlayerModule.h"
 #include "ui/components/TextLine.h"
@@ -63,18 +64,24 @@ void MainWindow::fillMenu()
 {
     QMenu &menu = m_content->menu();
     menu.addSeparator();
-    menu.addAction(tr("About Clipwren"), this, &MainWindow::showAbout);
+    QAction *shortcuts = menu.addAction(tr("Keyboard Shortcuts"));
+    shortcuts->setShortcuts(
+        {Qt::Key_F1, Qt::CTRL | Qt::Key_Question, Qt::CTRL | Qt::SHIFT | Qt::Key_Question});
+    connect(shortcuts, &QAction::triggered, this,
+            [this] { openDialog(new ShortcutsDialog(this)); });
+    addAction(shortcuts);
+    menu.addAction(tr("About Clipwren"), this,
+                   [this] { openDialog(new AboutDialog(m_tools, this)); });
     menu.addSeparator();
     QAction *quit =
         menu.addAction(tr("Quit"), QKeySequence(QKeySequence::Quit), this, &QWidget::close);
     addAction(quit);
 }
 
-void MainWindow::showAbout()
+void MainWindow::openDialog(QDialog *dialog)
 {
-    auto *about = new AboutDialog(m_tools, this);
-    about->setAttribute(Qt::WA_DeleteOnClose);
-    about->open();
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
 }
 
 void MainWindow::comeToFront(const InstanceMessage::Show &request)

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+class QDialog;
+
 namespace clipwren {
 
 class PlayerModule;
@@ -29,7 +31,7 @@ protected:
 private:
     void fillMenu();
     void showTitle();
-    void showAbout();
+    static void openDialog(QDialog *dialog);
 
     const ToolEnvironment &m_tools;
     Preferences &m_preferences;

@@ -43,6 +43,7 @@ public:
         u"folder",
         u"info.circle",
         u"link",
+        u"magnifyingglass",
         u"music.note",
         u"pause.fill",
         u"person.circle",

@@ -6,6 +6,7 @@
 #include "ui/components/Label.h"
 #include "ui/components/Painting.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -162,14 +163,20 @@ void PlayerPane::keyPressEvent(QKeyEvent *event)
     wakeControls();
 }
 
-void PlayerPane::mouseMoveEvent(QMouseEvent *)
+void PlayerPane::mouseMoveEvent(QMouseEvent *event)
 {
     wakeControls();
+    if (!event->buttons().testFlag(Qt::LeftButton) || !m_pressed
+        || (event->pos() - *m_pressed).manhattanLength() < QApplication::startDragDistance())
+        return;
+    m_pressed.reset();
+    Q_EMIT dragged();
 }
 
 void PlayerPane::mousePressEvent(QMouseEvent *event)
 {
     event->accept();
+    m_pressed = event->pos();
     wakeControls();
 }
 

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <chrono>
+#include <optional>
 
 namespace clipwren {
 
@@ -39,6 +40,8 @@ public:
     MediaPlayer *player() const { return m_player; }
 
 Q_SIGNALS:
+    /// The user pulls the picture somewhere else.
+    void dragged();
     /// The user wants to change to full screen, or back; also when a pane that is a window of its
     /// own is closed.
     void fullScreenToggled();
@@ -69,6 +72,7 @@ private:
     QPointer<VideoOutput> m_output;
     Label *m_failureText;
     QWidget *m_failure;
+    std::optional<QPoint> m_pressed; ///< where, until the picture is dragged away
     PlayerControls *m_controls;
     QTimer m_rest;
 };

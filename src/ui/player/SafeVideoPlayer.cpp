@@ -2,7 +2,9 @@
 
 #include "ui/player/PlayerPane.h"
 
+#include <QDrag>
 #include <QFileInfo>
+#include <QMimeData>
 #include <QScreen>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -28,6 +30,7 @@ SafeVideoPlayer::SafeVideoPlayer(MediaPlayerFactory makePlayer, const Options &o
     column->addWidget(m_pane);
     setFocusProxy(m_pane);
     connect(m_pane, &PlayerPane::fullScreenToggled, this, &SafeVideoPlayer::enterFullScreen);
+    connect(m_pane, &PlayerPane::dragged, this, &SafeVideoPlayer::dragFile);
 }
 
 SafeVideoPlayer::~SafeVideoPlayer()
@@ -50,6 +53,17 @@ void SafeVideoPlayer::setUrl(const QUrl &url)
             m_pane->setPlayer(m_player.get());
     }
     m_player->load(url);
+}
+
+void SafeVideoPlayer::dragFile()
+{
+    if (!m_player)
+        return;
+    auto *file = new QMimeData;
+    file->setUrls({m_player->url()});
+    auto *drag = new QDrag(this);
+    drag->setMimeData(file);
+    drag->exec(Qt::CopyAction);
 }
 
 void SafeVideoPlayer::enterFullScreen()

@@ -15,7 +15,8 @@ class PlayerPane;
 
 /// Plays one file, in its place or in full screen.
 ///
-/// Shows the first frame until somebody plays it. Hidden, it pauses, leaves full screen and keeps
+/// Shows the first frame until somebody plays it. The picture can be dragged into other programs,
+/// which get the file. Hidden, it pauses, leaves full screen and keeps
 /// its position. Hidden behind another window or minimised, it plays on.
 class SafeVideoPlayer : public QWidget {
     Q_OBJECT
@@ -41,6 +42,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    void dragFile();
     void enterFullScreen();
     void leaveFullScreen();
 

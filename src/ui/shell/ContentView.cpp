@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
+#include <QShortcut>
 #include <QSplitter>
 #include <QSplitterHandle>
 #include <QVBoxLayout>
@@ -25,19 +26,16 @@ namespace clipwren {
 using namespace Qt::StringLiterals;
 
 TopBar::TopBar(QMenu &menu, QWidget *parent)
-    : QWidget(parent), m_sidebar(Button::iconOnly(u"sidebar.left", tr("Show or Hide Sidebar"))),
+    : QWidget(parent), m_menu(menu),
+      m_sidebar(Button::iconOnly(u"sidebar.left", tr("Show or Hide Sidebar"))),
       m_title(new Label(Label::Mode::Elided, Theme::TextStyle::BarTitle)),
-      m_buttons(new QHBoxLayout)
+      m_buttons(new QHBoxLayout), m_more(Button::iconOnly(u"ellipsis.circle", tr("Menu")))
 {
     setFixedHeight(52);
     connect(m_sidebar, &Button::clicked, this, &TopBar::sidebarToggled);
-    auto *more = Button::iconOnly(u"ellipsis.circle", tr("Menu"));
-    connect(more, &Button::clicked, this, [&menu, more] {
-        menu.popup(
-            more->mapToGlobal(QPoint(more->width() - menu.sizeHint().width(), more->height() + 4)));
-    });
+    connect(m_more, &Button::clicked, this, &TopBar::openMenu);
 
-    for (Button *button : {m_sidebar, more})
+    for (Button *button : {m_sidebar, m_more})
         button->setSize(Button::Size::Large);
 
     auto *row = new QHBoxLayout(this);
@@ -47,7 +45,13 @@ TopBar::TopBar(QMenu &menu, QWidget *parent)
     row->addWidget(m_title, 1);
     m_buttons->setSpacing(0);
     row->addLayout(m_buttons);
-    row->addWidget(more);
+    row->addWidget(m_more);
+}
+
+void TopBar::openMenu()
+{
+    m_menu.popup(m_more->mapToGlobal(
+        QPoint(m_more->width() - m_menu.sizeHint().width(), m_more->height() + 4)));
 }
 
 void TopBar::setScreen(DetailScreen *screen)
@@ -150,8 +154,14 @@ ContentView::ContentView(const ApplicationContext &context, QWidget *parent)
     QAction *sidebarItem = m_menu->addAction(tr("Show or Hide Sidebar"), QKeySequence(tr("F9")),
                                              this, &ContentView::toggleSidebar);
     sidebarItem->setAutoRepeat(false);
+    QAction *filterItem =
+        m_menu->addAction(tr("Filter List"), QKeySequence::Find, this, &ContentView::filterList);
     // Shortcuts of a menu that is not in a menu bar work only through the window.
-    addAction(sidebarItem);
+    addActions({sidebarItem, filterItem});
+    new QShortcut(Qt::Key_F10, this, [this] {
+        m_bar->openMenu();
+        m_menu->setActiveAction(m_menu->actions().constFirst());
+    });
 
     auto *pane = new QWidget;
     auto *column = new QVBoxLayout(pane);
@@ -232,6 +242,12 @@ void ContentView::askToStop(const QString &confirm, const QString &message,
     m_question->setMessage(message);
     connect(m_question, &ConfirmationDialog::accepted, this, std::move(action));
     m_question->open();
+}
+
+void ContentView::filterList()
+{
+    m_sidebar->show();
+    m_sidebar->startFiltering();
 }
 
 void ContentView::toggleSidebar()

@@ -31,6 +31,7 @@ public:
 
     /// Shows title and buttons of a screen in place of the ones of the screen before.
     void setScreen(DetailScreen *screen);
+    void openMenu();
 
 Q_SIGNALS:
     void sidebarToggled();
@@ -39,10 +40,12 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    QMenu &m_menu;
     QPointer<DetailScreen> m_screen;
     Button *m_sidebar;
     Label *m_title;
     QHBoxLayout *m_buttons;
+    Button *m_more;
 };
 
 class ConfirmationDialog;
@@ -62,6 +65,8 @@ public:
     void lookUp(const QString &address);
     /// Leaves the selected record for the downloader; a download that runs there goes on.
     void showDownloader();
+    /// Shows the sidebar with the field that filters its list.
+    void filterList();
     void toggleSidebar();
     bool isSidebarHidden() const;
     /// In logical pixels; also while it is hidden.

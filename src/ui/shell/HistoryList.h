@@ -19,6 +19,8 @@ public:
     /// Both must outlive this.
     HistoryList(HistoryStore &history, Desktop &desktop, QWidget *parent = nullptr);
 
+    void setFilter(const QString &text) { m_model.setFilter(text); }
+
     LibraryListView &view() const { return *m_view; }
 
 Q_SIGNALS:

@@ -5,25 +5,13 @@
 #include "ui/components/Icon.h"
 
 #include <QFileInfo>
+#include <QMimeData>
 
 #include <algorithm>
 
 namespace clipwren {
 
-namespace {
-
 using namespace Qt::StringLiterals;
-
-template <typename Item> QList<QUuid> idsOf(const QList<Item> &items)
-{
-    QList<QUuid> ids;
-    ids.reserve(items.size());
-    for (const Item &item : items)
-        ids << item.id;
-    return ids;
-}
-
-} // namespace
 
 int LibraryListModel::rowCount(const QModelIndex &parent) const
 {
@@ -33,7 +21,8 @@ int LibraryListModel::rowCount(const QModelIndex &parent) const
 std::optional<qsizetype> LibraryListModel::itemAt(const QModelIndex &index) const
 {
     const qsizetype item = index.row() - firstItem;
-    return index.isValid() && item >= 0 && item < m_ids.size() ? std::optional(item) : std::nullopt;
+    return index.isValid() && item >= 0 && item < m_places.size() ? std::optional(m_places.at(item))
+                                                                  : std::nullopt;
 }
 
 QModelIndex LibraryListModel::indexOf(const QUuid &id) const
@@ -52,10 +41,39 @@ QVariant LibraryListModel::data(const QModelIndex &index, int role) const
 Qt::ItemFlags LibraryListModel::flags(const QModelIndex &index) const
 {
     return itemAt(index) ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren
+            | Qt::ItemIsDragEnabled
                          : Qt::NoItemFlags;
 }
 
-void LibraryListModel::setIds(const QList<QUuid> &ids)
+QStringList LibraryListModel::mimeTypes() const
+{
+    return {u"text/uri-list"_s};
+}
+
+QMimeData *LibraryListModel::mimeData(const QModelIndexList &indexes) const
+{
+    QList<QUrl> urls;
+    for (const QModelIndex &index : indexes) {
+        const auto item = itemAt(index);
+        if (const QUrl url = item ? urlOf(*item) : QUrl(); !url.isEmpty())
+            urls << url;
+    }
+    if (urls.isEmpty())
+        return nullptr;
+    auto *data = new QMimeData;
+    data->setUrls(urls);
+    return data;
+}
+
+void LibraryListModel::setFilter(const QString &text)
+{
+    if (text == m_filter)
+        return;
+    m_filter = text;
+    followStore();
+}
+
+void LibraryListModel::setIds(const QList<QUuid> &ids, const QList<qsizetype> &places)
 {
     const qsizetype shorter = std::min(m_ids.size(), ids.size());
     qsizetype same = 0; // at the beginning
@@ -75,13 +93,16 @@ void LibraryListModel::setIds(const QList<QUuid> &ids)
     if (removed > replaced) {
         beginRemoveRows({}, first + replaced, first + removed - 1);
         m_ids = ids;
+        m_places = places;
         endRemoveRows();
     } else if (inserted > replaced) {
         beginInsertRows({}, first + replaced, first + inserted - 1);
         m_ids = ids;
+        m_places = places;
         endInsertRows();
     }
     m_ids = ids;
+    m_places = places;
     m_changing = false;
     updateRows();
     Q_EMIT itemsChanged();
@@ -105,14 +126,14 @@ RecentListModel::RecentListModel(const DownloadStore &store, QObject *parent)
     : LibraryListModel(parent), m_store(store)
 {
     connect(&store, &DownloadStore::changed, this, &RecentListModel::followStore);
-    followStore();
+    RecentListModel::followStore();
 }
 
 void RecentListModel::followStore()
 {
     // A download may have brought a missing file back.
     m_files.forget();
-    setIds(idsOf(m_store.records()));
+    setItems(m_store.records());
 }
 
 const DownloadRecord *RecentListModel::record(const QModelIndex &index) const
@@ -155,6 +176,12 @@ QVariant RecentListModel::valueOf(qsizetype item, int role) const
     }
 }
 
+QUrl RecentListModel::urlOf(qsizetype item) const
+{
+    const DownloadRecord &record = m_store.records().at(item);
+    return m_files.exists(record.filePath) ? QUrl::fromLocalFile(record.filePath) : QUrl();
+}
+
 QString RecentListModel::accessibleText(const DownloadRecord &record) const
 {
     QStringList parts{record.title, m_dates.text(record.createdAt)};
@@ -169,12 +196,12 @@ HistoryListModel::HistoryListModel(const HistoryStore &history, QObject *parent)
     : LibraryListModel(parent), m_history(history)
 {
     connect(&history, &HistoryStore::changed, this, &HistoryListModel::followStore);
-    followStore();
+    HistoryListModel::followStore();
 }
 
 void HistoryListModel::followStore()
 {
-    setIds(idsOf(m_history.entries()));
+    setItems(m_history.entries());
 }
 
 const HistoryEntry *HistoryListModel::entry(const QModelIndex &index) const
@@ -200,6 +227,11 @@ QVariant HistoryListModel::valueOf(qsizetype item, int role) const
     default:
         return {};
     }
+}
+
+QUrl HistoryListModel::urlOf(qsizetype item) const
+{
+    return QUrl(m_history.entries().at(item).url, QUrl::StrictMode);
 }
 
 QString HistoryListModel::accessibleText(const HistoryEntry &entry) const

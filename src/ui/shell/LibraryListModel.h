@@ -7,6 +7,7 @@
 #include <QAbstractListModel>
 #include <QHash>
 #include <QSet>
+#include <QUrl>
 
 #include <optional>
 
@@ -16,7 +17,7 @@ class DownloadStore;
 class HistoryStore;
 
 /// The rows of a list of the library. The first row stands for the list's header; items follow from
-/// `firstItem` on, in the order of the store.
+/// `firstItem` on, in the order of the store, those alone whose titles match the filter.
 ///
 /// A change of the store moves only the rows that it concerns, so that a view keeps its place.
 class LibraryListModel : public QAbstractListModel {
@@ -39,9 +40,19 @@ public:
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
+    /// What other programs get when a row is dragged there: the address of what it stands for.
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    QStringList mimeTypes() const override;
+    Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
 
+    /// Leaves only the items whose titles contain the text, in whatever case; all of them when it
+    /// is empty.
+    void setFilter(const QString &text);
+    bool isFiltered() const { return !m_filter.isEmpty(); }
+
+    /// Of those that match the filter.
     qsizetype itemCount() const { return m_ids.size(); }
-    /// The item's place in its list; none for the header.
+    /// The item's place in its store; none for the header.
     std::optional<qsizetype> itemAt(const QModelIndex &index) const;
     /// True while rows come and go: what a view then selects is not the user's choice.
     bool isChanging() const { return m_changing; }
@@ -53,15 +64,34 @@ Q_SIGNALS:
     void itemsChanged();
 
 protected:
-    /// Makes the rows those of the items, which have these ids.
-    void setIds(const QList<QUuid> &ids);
+    /// Makes the rows those of the store's items that match the filter.
+    template <typename Item> void setItems(const QList<Item> &items)
+    {
+        QList<QUuid> ids;
+        QList<qsizetype> places;
+        for (qsizetype place = 0; place < items.size(); ++place) {
+            const Item &item = items.at(place);
+            if (m_filter.isEmpty() || item.title.contains(m_filter, Qt::CaseInsensitive)) {
+                ids << item.id;
+                places << place;
+            }
+        }
+        setIds(ids, places);
+    }
+    virtual void followStore() = 0;
     /// What rows show besides their title and place has changed.
     void updateRows();
 
     virtual QVariant valueOf(qsizetype item, int role) const = 0;
+    /// Of the file or page that the item stands for; empty where there is none any more.
+    virtual QUrl urlOf(qsizetype item) const = 0;
 
 private:
+    void setIds(const QList<QUuid> &ids, const QList<qsizetype> &places);
+
+    QString m_filter;
     QList<QUuid> m_ids;
+    QList<qsizetype> m_places; ///< in the store
     bool m_changing = false;
 };
 
@@ -93,10 +123,11 @@ public:
     void forgetFiles() { m_files.forget(); }
 
 protected:
+    void followStore() override;
     QVariant valueOf(qsizetype item, int role) const override;
+    QUrl urlOf(qsizetype item) const override;
 
 private:
-    void followStore();
     QString accessibleText(const DownloadRecord &record) const;
 
     const DownloadStore &m_store;
@@ -117,10 +148,11 @@ public:
     const HistoryEntry *entry(const QModelIndex &index) const;
 
 protected:
+    void followStore() override;
     QVariant valueOf(qsizetype item, int role) const override;
+    QUrl urlOf(qsizetype item) const override;
 
 private:
-    void followStore();
     QString accessibleText(const HistoryEntry &entry) const;
 
     const HistoryStore &m_history;

@@ -9,8 +9,10 @@
 #include "ui/shell/LibraryListModel.h"
 
 #include <QContextMenuEvent>
+#include <QDrag>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -22,7 +24,8 @@ class ListHeader : public QWidget {
 public:
     ListHeader(const QString &newDownload, const LibraryListView::Policy &policy)
         : m_newDownload(new Button(Button::Style::Borderless, newDownload, u"plus.circle.fill")),
-          m_empty(new Label(Theme::TextStyle::Callout, Theme::Color::Secondary, policy.emptyText))
+          m_empty(new Label(Theme::TextStyle::Callout, Theme::Color::Secondary)),
+          m_emptyText(policy.emptyText)
     {
         m_newDownload->setSize(Button::Size::Large);
         m_newDownload->setTextStyle(Theme::TextStyle::Label);
@@ -40,8 +43,9 @@ public:
     }
 
     Button *newDownload() const { return m_newDownload; }
-    void setEmpty(bool empty)
+    void setEmpty(bool empty, bool filtered)
     {
+        m_empty->setText(filtered ? LibraryListView::tr("No title matches") : m_emptyText);
         m_empty->setVisible(empty);
         updateGeometry();
     }
@@ -49,6 +53,7 @@ public:
 private:
     Button *m_newDownload;
     Label *m_empty;
+    QString m_emptyText;
 };
 
 LibraryListView::LibraryListView(LibraryListModel &model, const Policy &policy, QWidget *parent)
@@ -61,6 +66,7 @@ LibraryListView::LibraryListView(LibraryListModel &model, const Policy &policy, 
     setVerticalScrollMode(ScrollPerPixel);
     setSelectionMode(policy.selectable ? SingleSelection : NoSelection);
     setEditTriggers(NoEditTriggers);
+    setDragDropMode(DragOnly);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_Hover);
     viewport()->setMouseTracking(true);
@@ -84,7 +90,7 @@ LibraryListView::LibraryListView(LibraryListModel &model, const Policy &policy, 
 void LibraryListView::updateHeader()
 {
     const bool isEmpty = m_items.itemCount() == 0;
-    m_header->setEmpty(isEmpty);
+    m_header->setEmpty(isEmpty, m_items.isFiltered());
     setFocusPolicy(isEmpty ? Qt::NoFocus : Qt::StrongFocus);
     scheduleDelayedItemsLayout();
 }
@@ -177,6 +183,17 @@ void LibraryListView::contextMenuEvent(QContextMenuEvent *event)
         openMenuByKey(currentIndex());
     else
         openMenu(indexAt(event->pos()), event->globalPos());
+}
+
+void LibraryListView::startDrag(Qt::DropActions actions)
+{
+    // Not of the selection: one of the lists has none.
+    QMimeData *address = m_items.mimeData({currentIndex()});
+    if (!address)
+        return;
+    auto *drag = new QDrag(this);
+    drag->setMimeData(address);
+    drag->exec(actions);
 }
 
 QModelIndex LibraryListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)

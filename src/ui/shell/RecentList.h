@@ -58,6 +58,8 @@ public:
     /// Asks the disk and the clock again.
     void refresh() { m_model.refresh(); }
 
+    void setFilter(const QString &text) { m_model.setFilter(text); }
+
     LibraryListView &view() const { return *m_view; }
 
 Q_SIGNALS:

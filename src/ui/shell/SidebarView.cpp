@@ -16,8 +16,10 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QShortcut>
 
 namespace clipwren {
 
@@ -34,7 +36,7 @@ SidebarView::SidebarView(DownloadStore &store, HistoryStore &history, const Tool
                          Desktop &desktop, const Selection &selection,
                          const QString &downloadDirectory, QWidget *parent)
     : QWidget(parent), m_store(store), m_history(history), m_selection(selection),
-      m_tabs(new SegmentedControl({tr("Recent"), tr("History")})),
+      m_tabs(new SegmentedControl({tr("Recent"), tr("History")})), m_filterPlace(new QVBoxLayout),
       m_recentList(new RecentList(store, tools, desktop, selection)),
       m_historyList(new HistoryList(history, desktop)), m_unsaved(new Banner)
 {
@@ -48,6 +50,7 @@ SidebarView::SidebarView(DownloadStore &store, HistoryStore &history, const Tool
     column->addLayout(makeHeader(desktop, downloadDirectory));
     column->addLayout(tabs);
     column->addWidget(new Divider(0, dividerOpacity));
+    column->addLayout(m_filterPlace);
     column->addWidget(m_recentList, 1);
     column->addWidget(m_historyList, 1);
     m_unsavedBar = makeUnsavedBar();
@@ -102,9 +105,54 @@ QWidget *SidebarView::makeUnsavedBar()
     return bar;
 }
 
+void SidebarView::makeFilter()
+{
+    m_filter = new FieldBox(u"magnifyingglass", tr("Filter by title"));
+    QLineEdit *field = m_filter->lineEdit();
+    field->setPlaceholderText(tr("Filter by title"));
+    connect(field, &QLineEdit::textChanged, this, &SidebarView::filter);
+    m_filterRow = new QWidget;
+    auto *row = new QHBoxLayout(m_filterRow);
+    row->setContentsMargins(10, 8, 10, 4);
+    row->addWidget(m_filter);
+    new QShortcut(Qt::Key_Escape, m_filterRow, this, &SidebarView::endFiltering,
+                  Qt::WidgetWithChildrenShortcut);
+    new QShortcut(
+        Qt::Key_Down, m_filterRow, this, [this] { shownList().setFocus(Qt::TabFocusReason); },
+        Qt::WidgetWithChildrenShortcut);
+    m_filterPlace->addWidget(m_filterRow);
+}
+
+void SidebarView::startFiltering()
+{
+    if (!m_filter)
+        makeFilter();
+    m_filterRow->show();
+    m_filter->lineEdit()->selectAll();
+    m_filter->lineEdit()->setFocus(Qt::ShortcutFocusReason);
+}
+
+void SidebarView::filter(const QString &text)
+{
+    // The other list follows when it is shown.
+    if (m_tab == Tab::recent)
+        m_recentList->setFilter(text);
+    else
+        m_historyList->setFilter(text);
+}
+
+void SidebarView::endFiltering()
+{
+    m_filter->lineEdit()->clear();
+    passFocus(*m_filterRow, shownList());
+    m_filterRow->hide();
+}
+
 void SidebarView::setTab(Tab tab)
 {
     m_tab = tab;
+    if (m_filter)
+        filter(m_filter->lineEdit()->text());
     m_tabs->setCurrentIndex(static_cast<int>(tab));
     const bool isRecent = tab == Tab::recent;
     QWidget *const left = isRecent ? static_cast<QWidget *>(m_historyList) : m_recentList;

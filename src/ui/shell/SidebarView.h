@@ -7,11 +7,14 @@
 #include <cstdint>
 #include <optional>
 
+class QVBoxLayout;
+
 namespace clipwren {
 
 class Banner;
 class Desktop;
 class DownloadStore;
+class FieldBox;
 class HistoryList;
 class HistoryStore;
 class LibraryListView;
@@ -38,6 +41,9 @@ public:
     Tab tab() const { return m_tab; }
     void setTab(Tab tab);
 
+    /// Shows the field that filters the lists by title, and puts the keyboard into it.
+    void startFiltering();
+
     /// Ids of the records whose re-encode runs.
     QSet<QUuid> reencodingIDs() const;
     /// Asks the disk for the files of the rows again. Happens by itself when the window becomes
@@ -61,6 +67,9 @@ private:
     QLayout *makeHeader(Desktop &desktop, const QString &downloadDirectory);
     LibraryListView &shownList() const;
     QWidget *makeUnsavedBar();
+    void makeFilter();
+    void filter(const QString &text);
+    void endFiltering();
     void requestNoSelection();
     void saveAgain();
     void renderSaveError();
@@ -70,6 +79,9 @@ private:
     const Selection &m_selection;
     Tab m_tab = Tab::recent;
     SegmentedControl *m_tabs;
+    QVBoxLayout *m_filterPlace;
+    FieldBox *m_filter = nullptr; // made when it is first asked for
+    QWidget *m_filterRow = nullptr; // around it; hidden while nothing is filtered
     RecentList *m_recentList;
     HistoryList *m_historyList;
     QWidget *m_unsavedBar; // hidden while all is saved

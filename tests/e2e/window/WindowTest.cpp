@@ -1,4 +1,5 @@
 #include "app/window/AboutDialog.h"
+#include "app/window/ShortcutsDialog.h"
 #include "app/window/WindowPlacement.h"
 #include "core/media/FfmpegService.h"
 #include "e2e/window/WindowFixture.h"
@@ -19,6 +20,7 @@
 #include <QFocusFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QSplitter>
@@ -360,6 +362,33 @@ TEST_F(WindowTest, aboutTellsTheAgeOfTheDownloader)
     for (const auto *label : about.findChildren<QLabel *>())
         texts.append(label->text());
     EXPECT_TRUE(texts.contains(u"2023.03.04 (over three years old)"_s));
+}
+
+TEST_F(WindowTest, itsMenuShortcutsAndFilterAreReachedByTheKeyboard)
+{
+    addRecord(u"Talk"_s);
+    addRecord(u"Walk"_s);
+    open();
+    QTest::keyClick(&window(), Qt::Key_F10);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->activeAction()->text(), u"Show or Hide Sidebar"_s);
+    menu->close();
+    for (const auto &[key, modifiers] : {std::pair(Qt::Key_F1, Qt::NoModifier),
+                                         std::pair(Qt::Key_Question, Qt::ControlModifier)}) {
+        QTest::keyClick(&window(), key, modifiers);
+        auto *shortcuts = window().findChild<ShortcutsDialog *>();
+        ASSERT_NE(shortcuts, nullptr);
+        EXPECT_TRUE(shownTexts(*shortcuts).contains(u"Filter the list by title"_s));
+        QTest::keyClick(shortcuts, Qt::Key_Escape);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !window().findChild<ShortcutsDialog *>(); }));
+    }
+    QTest::keyClick(&window(), Qt::Key_F9);
+    QTest::keyClick(&window(), Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(window().focusWidget(), u"wa"_s);
+    EXPECT_EQ(recents()->model()->rowCount(), 2);
+    QTest::keyClick(window().focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(window().focusWidget(), recents());
 }
 
 TEST_F(WindowTest, comesToFrontForALaterStart)

@@ -8,7 +8,11 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLineEdit>
+#include <QMimeData>
 #include <QScrollBar>
+
+#include <memory>
 
 namespace clipwren::test {
 namespace {
@@ -68,6 +72,63 @@ TEST_F(RecentListTest, followsTheWindowsSelectionSilently)
     EXPECT_EQ(selection.selectedID(), older)
         << "the window decides what an id without record means";
     EXPECT_TRUE(selections.isEmpty());
+}
+
+TEST_F(RecentListTest, filtersBothListsByTitle)
+{
+    const QUuid first = addRecord(u"Tide clock"_s).id;
+    addRecord(u"Harbour"_s);
+    addRecord(u"The TIDE"_s);
+    history.recordDownload(u"https://site.example/1"_s, u"Tide"_s, {}, {});
+    history.recordDownload(u"https://site.example/2"_s, u"Harbour"_s, {}, {});
+    selection.select(first);
+    showWindow(sidebar);
+    sidebar.startFiltering();
+    auto *field = shown<QLineEdit>(sidebar, u"Filter by title"_s);
+    ASSERT_NE(field, nullptr);
+    const auto titles = [&] {
+        QStringList texts;
+        for (int row = 1; row < list().model()->rowCount(); ++row)
+            texts << list().model()->index(row, 0).data().toString();
+        return texts;
+    };
+    QTest::keyClicks(field, u"tide"_s);
+    EXPECT_EQ(titles(), (QStringList{u"The TIDE"_s, u"Tide clock"_s}));
+    EXPECT_TRUE(list().selectionModel()->isSelected(row(1)));
+    // Rows lead to their own records.
+    choose(0, u"Remove from List"_s);
+    EXPECT_EQ(titles(), QStringList{u"Tide clock"_s});
+    EXPECT_EQ(store.records().first().title, u"Harbour"_s);
+    QTest::keyClicks(field, u"x"_s);
+    EXPECT_EQ(titles(), QStringList());
+    EXPECT_TRUE(shownTexts(sidebar).contains(u"No title matches"_s));
+    EXPECT_EQ(selection.selectedID(), first);
+    QTest::keyClick(field, Qt::Key_Backspace);
+    EXPECT_TRUE(list().selectionModel()->isSelected(row(0)));
+
+    sidebar.setTab(SidebarView::Tab::history);
+    EXPECT_EQ(titles(), QStringList{u"Tide"_s});
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_EQ(titles(), (QStringList{u"Harbour"_s, u"Tide"_s}));
+    EXPECT_FALSE(field->isVisible());
+    EXPECT_TRUE(list().hasFocus());
+    sidebar.setTab(SidebarView::Tab::recent);
+    EXPECT_EQ(titles(), (QStringList{u"Harbour"_s, u"Tide clock"_s}));
+}
+
+TEST_F(RecentListTest, givesTheFileToWhereARowIsDragged)
+{
+    const DownloadRecord record = addRecord(u"There"_s);
+    DownloadRecord gone = addRecord(u"Gone"_s);
+    gone.filePath = path(u"gone.mp4"_s);
+    store.update(gone);
+    const QAbstractItemModel &model = *list().model();
+    const std::unique_ptr<QMimeData> data(model.mimeData({row(1)}));
+    ASSERT_NE(data, nullptr);
+    EXPECT_EQ(data->urls(), QList{QUrl::fromLocalFile(record.filePath)});
+    EXPECT_EQ(model.mimeData({row(0)}), nullptr);
+    EXPECT_TRUE(row(1).flags().testFlag(Qt::ItemIsDragEnabled));
 }
 
 TEST_F(RecentListTest, offersWhatCanBeDoneWithARecord)
