@@ -6,6 +6,7 @@
 #include "platform/media/PlayerModule.h"
 #include "ui/components/TextLine.h"
 
+#include <QAccessibleWidget>
 #include <QMenu>
 #include <QPaintEvent>
 #include <QPainter>
@@ -15,10 +16,22 @@ namespace clipwren {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Screen readers look for windows; Qt takes only a QMainWindow for one.
+QAccessibleInterface *makeAccessible(const QString &, QObject *object)
+{
+    auto *const window = qobject_cast<MainWindow *>(object);
+    return window ? new QAccessibleWidget(window, QAccessible::Window) : nullptr;
+}
+
+} // namespace
+
 MainWindow::MainWindow(const ApplicationContext &context, PlayerModule &players)
     : m_tools(context.tools), m_preferences(context.preferences),
       m_content(new ContentView(context))
 {
+    QAccessible::installFactory(makeAccessible);
     setAttribute(Qt::WA_OpaquePaintEvent);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -8,6 +8,7 @@
 #include "workflow/download/DownloaderView.h"
 
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace clipwren {
@@ -46,7 +47,8 @@ FieldBox *AddressField::makeBox()
     field->setInputMethodHints(Qt::ImhUrlCharactersOnly);
     // The window looks up a dropped link; the field would insert it as text.
     field->setAcceptDrops(false);
-    connect(field, &QLineEdit::textEdited, &m_view, &DownloaderView::setUrlText);
+    // Not only what is typed: assistive tools set the text.
+    connect(field, &QLineEdit::textChanged, &m_view, &DownloaderView::setUrlText);
     connect(field, &QLineEdit::returnPressed, &m_view, [this] { m_view.fetchInfo(false); });
 
     m_clear = Button::iconOnly(u"xmark.circle.fill", tr("Clear"));
@@ -96,8 +98,10 @@ void AddressField::render()
     const Phase phase = m_view.phase();
     QLineEdit *field = m_box->lineEdit();
     // Setting the same text again would move the cursor.
-    if (field->text() != m_view.urlText())
+    if (field->text() != m_view.urlText()) {
+        const QSignalBlocker blocker(field);
         field->setText(m_view.urlText());
+    }
     field->setEnabled(!isBusy(phase));
     m_paste->setEnabled(!isBusy(phase));
     const bool canClear =

@@ -7,6 +7,7 @@
 #include "workflow/download/DownloaderView.h"
 
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -20,7 +21,8 @@ TitleField::TitleField(DownloaderView &view, QWidget *parent)
       m_fileName(new Label(Label::Mode::Elided, Theme::TextStyle::Caption, Theme::Color::Secondary))
 {
     m_box->lineEdit()->setPlaceholderText(tr("Filename"));
-    connect(m_box->lineEdit(), &QLineEdit::textEdited, &m_view, &DownloaderView::setCustomTitle);
+    // Not only what is typed: assistive tools set the text.
+    connect(m_box->lineEdit(), &QLineEdit::textChanged, &m_view, &DownloaderView::setCustomTitle);
     m_reset->setSize(Button::Size::Small);
     connect(m_reset, &Button::clicked, &m_view, &DownloaderView::resetCustomTitle);
     m_box->addTrailing(m_reset);
@@ -49,6 +51,7 @@ void TitleField::render()
     if (field->text() != title) {
         // Pasted lines are joined, so keep the distance of the cursor from the end.
         const qsizetype behind = field->text().size() - field->cursorPosition();
+        const QSignalBlocker blocker(field);
         field->setText(title);
         field->setCursorPosition(
             field->hasFocus() ? static_cast<int>(std::max(title.size() - behind, qsizetype(0)))

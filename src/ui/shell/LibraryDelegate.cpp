@@ -36,6 +36,11 @@ bool isItem(const QModelIndex &index)
     return index.row() >= LibraryListModel::firstItem;
 }
 
+bool isMissing(const QModelIndex &index)
+{
+    return index.data(LibraryListModel::MissingRole).toBool();
+}
+
 bool isSelected(const QStyleOptionViewItem &option)
 {
     return option.state.testFlag(QStyle::State_Selected);
@@ -107,8 +112,9 @@ void LibraryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
         return;
     painter->save();
     paintBackground(*painter, option, index);
-    painter->setOpacity(index.data(LibraryListModel::MissingRole).toBool() ? missingOpacity : 1);
+    painter->setOpacity(isMissing(index) ? missingOpacity : 1);
     paintIconBox(*painter, option, index);
+    painter->setOpacity(1);
     paintTexts(*painter, option, index);
     painter->restore();
     paintButton(*painter, option);
@@ -157,13 +163,18 @@ void LibraryDelegate::paintTexts(QPainter &painter, const QStyleOptionViewItem &
     const int detailHeight = QFontMetrics(detailFont).height();
     const QRect place = QStyle::visualRect(option.direction, option.rect, textPlace(option));
     const int top = place.top() + (place.height() - titleHeight - lineGap - detailHeight) / 2;
+    // Dimmed by colours of their own: faded as the symbol is, they could not be read.
+    const QColor dimmed = ink(option, Theme::Color::Tertiary, Theme::Color::OnAccentSecondary);
     painter.setFont(titleFont);
-    painter.setPen(ink(option, Theme::Color::Text, Theme::Color::OnAccent));
+    painter.setPen(isMissing(index) ? dimmed
+                                    : ink(option, Theme::Color::Text, Theme::Color::OnAccent));
     drawLine(painter, {place.left(), top, place.width(), titleHeight}, option.direction,
              inOneLine(index.data().toString()));
 
     painter.setFont(detailFont);
-    painter.setPen(ink(option, Theme::Color::Secondary, Theme::Color::OnAccentSecondary));
+    painter.setPen(isMissing(index)
+                       ? dimmed
+                       : ink(option, Theme::Color::Secondary, Theme::Color::OnAccentSecondary));
     const QRect line(place.left(), top + titleHeight + lineGap, place.width(), detailHeight);
     const QString tail = index.data(LibraryListModel::DetailTailRole).toString();
     const int tailRoom =

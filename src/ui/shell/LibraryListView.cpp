@@ -6,6 +6,7 @@
 #include "ui/components/Label.h"
 #include "ui/components/Menu.h"
 #include "ui/components/Painting.h"
+#include "ui/shell/AccessibleList.h"
 #include "ui/shell/LibraryListModel.h"
 
 #include <QContextMenuEvent>
@@ -60,6 +61,7 @@ LibraryListView::LibraryListView(LibraryListModel &model, const Policy &policy, 
     : QListView(parent), m_items(model), m_makeMenu(policy.makeMenu),
       m_header(new ListHeader(tr("New Download"), policy))
 {
+    installAccessibleList();
     setAccessibleName(policy.accessibleName);
     setFrameShape(NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

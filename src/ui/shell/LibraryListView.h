@@ -45,8 +45,12 @@ public:
     int spinnerDegrees() const { return m_spinnerDegrees; }
     bool isSpinnerTurning() const { return m_spinnerTimer.isActive(); }
 
+    /// Makes an item's menu, which is not shown.
+    Menu *makeMenu(const QModelIndex &index) const { return m_makeMenu(index); }
     /// Opens an item's menu, at a place on the screen.
     void openMenu(const QModelIndex &index, const QPoint &place);
+    /// As the menu key does: in the middle of the item, which is scrolled into view.
+    void openMenuByKey(const QModelIndex &index);
 
 Q_SIGNALS:
     void newDownloadRequested();
@@ -68,7 +72,6 @@ protected:
 
 private:
     void updateHeader();
-    void openMenuByKey(const QModelIndex &index);
     QList<QModelIndex> spinnerRowsOnScreen() const;
     void startOrStopSpinner();
     void turnSpinner();
