@@ -77,6 +77,21 @@ protected:
         QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, to);
     }
 
+    /// Goes to where the keyboard is at something of that name.
+    void tabTo(const QString &name)
+    {
+        await(name);
+        for (int stop = 0; stop < 40 && nameOf(*window().focusWidget()) != name; ++stop)
+            press(Qt::Key_Tab);
+        ASSERT_EQ(nameOf(*window().focusWidget()), name);
+    }
+    /// Presses the key where the keyboard is.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QWidget *const menu = QApplication::activePopupWidget();
+        QTest::keyClick(menu ? menu : window().focusWidget(), key, modifiers);
+    }
+
     FakeDownloader fake;
 };
 
@@ -159,6 +174,36 @@ TEST_F(WindowTest, takesAVideoFromTheAddressToTheLibraryAndBack)
     chooseForLastRow(recents(), u"Remove from List"_s);
     EXPECT_TRUE(store.records().isEmpty());
     EXPECT_TRUE(awaitText(u"No downloads yet"_s));
+    EXPECT_TRUE(QFile::exists(record.filePath));
+}
+
+TEST_F(WindowTest, theWholeWayCanBeGoneByTheKeyboardAlone)
+{
+    open();
+    tabTo(u"Video address"_s);
+    QTest::keyClicks(window().focusWidget(), site.address(u"/watch?v=tide-clock-01"_s));
+    press(Qt::Key_Return);
+    tabTo(u"Continue"_s);
+    press(Qt::Key_Return);
+    tabTo(u"Trim before saving"_s);
+    press(Qt::Key_Space);
+    tabTo(u"End"_s);
+    press(Qt::Key_PageDown);
+    press(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return store.records().size() == 1; }, 120'000));
+    const DownloadRecord record = store.records().first();
+    EXPECT_LT(record.trimEnd.value_or(0), 12);
+    EXPECT_GT(record.trimEnd.value_or(0), 0);
+
+    tabTo(u"Recent downloads"_s);
+    press(Qt::Key_F10, Qt::ShiftModifier);
+    for (int entry = 0; entry < 3; ++entry)
+        press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return store.records().first().filePath.contains(u"— QT.mp4"_s); }, 60'000));
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(store.records().isEmpty());
     EXPECT_TRUE(QFile::exists(record.filePath));
 }
 
