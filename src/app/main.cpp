@@ -1,4 +1,5 @@
 #include "app/GuardedApplication.h"
+#include "app/Translations.h"
 #include "app/save/SaveArguments.h"
 #include "app/save/SaveCommand.h"
 #include "app/save/SaveProgram.h"
@@ -29,22 +30,31 @@ using namespace Qt::StringLiterals;
 
 QString usage()
 {
-    return u"Usage: clipwren [ADDRESS]\n"
-           "       clipwren --new-download\n"
-           "       clipwren save [OPTION]… ADDRESS\n"
-           "       clipwren --help | --version\n"
-           "\n"
-           "Opens the window, and looks the address up there. With “--new-download”, shows\n"
-           "where an address is typed. With “save”, saves the video without a window and\n"
-           "prints the file's path:\n"
-           "\n"_s
-        + SaveArguments::usage();
+    return QCoreApplication::translate(
+               "main",
+               "Usage: clipwren [ADDRESS]\n"
+               "       clipwren --new-download\n"
+               "       clipwren save [OPTION]… ADDRESS\n"
+               "       clipwren --help | --version\n"
+               "\n"
+               "Opens the window, and looks the address up there. With “--new-download”, shows\n"
+               "where an address is typed. With “save”, saves the video without a window and\n"
+               "prints the file's path:\n")
+        + u'\n' + SaveArguments::usage();
 }
 
 int print(std::FILE *output, const QString &text, int status)
 {
     std::fputs(text.toUtf8().constData(), output);
     return status;
+}
+
+/// Tells how the program is called, in the user's language.
+int printUsage(int &argc, char *argv[], std::FILE *output, int status)
+{
+    const QCoreApplication application(argc, argv);
+    installTranslations();
+    return print(output, usage(), status);
 }
 
 /// The tools inherit our input. ffmpeg takes what is typed for commands ("q" ends it as if all were
@@ -79,7 +89,7 @@ int run(int &argc, char *argv[])
 {
     const QString first = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
     if (first == "--help"_L1)
-        return print(stdout, usage(), 0);
+        return printUsage(argc, argv, stdout, 0);
     if (first == "--version"_L1)
         return print(stdout, u"clipwren " CLIPWREN_VERSION "\n"_s, 0);
     settleStandardDescriptors();
@@ -94,12 +104,13 @@ int run(int &argc, char *argv[])
     const bool isSave = first == "save"_L1;
     const bool isNewDownload = first == "--new-download"_L1;
     if (!isSave && ((first.startsWith(u'-') && !isNewDownload) || argc > 2))
-        return print(stderr, usage(), SaveCommand::WrongUse);
+        return printUsage(argc, argv, stderr, SaveCommand::WrongUse);
 
     const std::unique_ptr<QCoreApplication> application = isSave
         ? std::make_unique<GuardedApplication<QCoreApplication>>(argc, argv)
         : makeWindowApplication(argc, argv);
     QCoreApplication::setApplicationName(u"Clipwren"_s);
+    installTranslations();
     const QString downloads = DownloadStore::defaultDownloadDirectory();
     const std::jthread tidying([downloads] {
         try {

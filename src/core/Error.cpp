@@ -1,5 +1,7 @@
 #include "core/Error.h"
 
+#include <QCoreApplication>
+
 #include <system_error>
 
 namespace clipwren {
@@ -26,7 +28,7 @@ QString ClipwrenError::domain()
     return u"Clipwren"_s;
 }
 
-CancellationError::CancellationError() : Error(u"Cancelled"_s)
+CancellationError::CancellationError() : Error(QCoreApplication::translate("Error", "Cancelled"))
 {
 }
 

@@ -3,6 +3,7 @@
 #include "core/Error.h"
 #include "player/LowPriority.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QPointer>
 #include <QThreadPool>
@@ -86,8 +87,8 @@ QThreadPool &endingCores()
 
 Error startFailure(int mpvError)
 {
-    return Error(u"The player could not be started: %1."_s.arg(
-        QString::fromUtf8(mpv_error_string(mpvError))));
+    return Error(QCoreApplication::translate("MpvPlayer", "The player could not be started: %1.")
+                     .arg(QString::fromUtf8(mpv_error_string(mpvError))));
 }
 
 } // namespace
@@ -126,7 +127,7 @@ void MpvInstance::start(const PlayerOptions &options)
 {
     m_handle = mpv_create();
     if (!m_handle)
-        throw Error(u"The player could not be started."_s);
+        throw Error(QCoreApplication::translate("MpvPlayer", "The player could not be started."));
     // Options that this version lacks are of no use to it either.
     for (const auto &[name, value] : generalOptions)
         mpv_set_option_string(m_handle, name, value);

@@ -4,6 +4,7 @@
 #include "player/MpvValues.h"
 #include "player/PlaybackFailure.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 
 #include <algorithm>
@@ -59,7 +60,8 @@ void MpvPlayer::load(const QUrl &url)
     const auto address = mpvAddress(url);
     if (!address) {
         m_url = url;
-        fail(u"Videos cannot be played from this kind of address."_s);
+        fail(QCoreApplication::translate("MpvPlayer",
+                                         "Videos cannot be played from this kind of address."));
         return;
     }
     forgetStream();

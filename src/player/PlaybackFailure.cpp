@@ -1,5 +1,7 @@
 #include "player/PlaybackFailure.h"
 
+#include <QCoreApplication>
+
 #include <cerrno>
 #include <cstring>
 #include <mpv/client.h>
@@ -9,50 +11,76 @@ namespace {
 
 struct LogRule {
     const char16_t *words;
-    const char16_t *sentence;
+    const char *sentence;
     int systemError = 0; ///< errno, whose text the system translates
 };
 
 // The error code of nearly every failure to open is the same; the log tells them apart.
 constexpr LogRule logRules[] = {
-    {u"HTTP error 404", u"The server has no video at this address (404)."},
-    {u"HTTP error 410", u"The video is no longer at this address (410)."},
-    {u"HTTP error 401", u"The server does not allow access to this video (401)."},
-    {u"HTTP error 403", u"The server does not allow access to this video (403)."},
-    {u"HTTP error 429", u"The server refuses for now, as it was asked too often (429)."},
-    {u"HTTP error 4", u"The server refused to send the video."},
-    {u"HTTP error 5", u"The server has a fault and cannot send the video."},
+    {u"HTTP error 404",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "The server has no video at this address (404).")},
+    {u"HTTP error 410",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "The video is no longer at this address (410).")},
+    {u"HTTP error 401",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "The server does not allow access to this video (401).")},
+    {u"HTTP error 403",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "The server does not allow access to this video (403).")},
+    {u"HTTP error 429",
+     QT_TRANSLATE_NOOP("PlaybackFailure",
+                       "The server refuses for now, as it was asked too often (429).")},
+    {u"HTTP error 4",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "The server refused to send the video.")},
+    {u"HTTP error 5",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "The server has a fault and cannot send the video.")},
     {u"Failed to resolve hostname",
-     u"The video's server was not found. Is this computer connected to the internet?"},
-    {u"Connection refused", u"Cannot connect to the video's server.", ECONNREFUSED},
-    {u"Network is unreachable", u"Cannot connect to the video's server.", ENETUNREACH},
-    {u"No route to host", u"Cannot connect to the video's server.", EHOSTUNREACH},
-    {u"Connection reset", u"The video's server broke the connection.", ECONNRESET},
-    {u"timed out", u"The video's server took too long to answer.", ETIMEDOUT},
-    {u"certificate", u"The identity of the video's server could not be verified."},
-    {u"tls:", u"No secure connection to the video's server could be made."},
-    {u"No such file", u"The file does not exist.", ENOENT},
-    {u"Permission denied", u"The file may not be read.", EACCES},
-    {u"moov atom not found", u"The video is incomplete or damaged."},
-    {u"Failed to initialize a decoder", u"This kind of video cannot be played here."},
-    {u"No protocol handler", u"Videos cannot be played from this kind of address."},
+     QT_TRANSLATE_NOOP(
+         "PlaybackFailure",
+         "The video's server was not found. Is this computer connected to the internet?")},
+    {u"Connection refused",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "Cannot connect to the video's server."), ECONNREFUSED},
+    {u"Network is unreachable",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "Cannot connect to the video's server."), ENETUNREACH},
+    {u"No route to host",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "Cannot connect to the video's server."), EHOSTUNREACH},
+    {u"Connection reset",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "The video's server broke the connection."), ECONNRESET},
+    {u"timed out",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "The video's server took too long to answer."),
+     ETIMEDOUT},
+    {u"certificate",
+     QT_TRANSLATE_NOOP("PlaybackFailure",
+                       "The identity of the video's server could not be verified.")},
+    {u"tls:",
+     QT_TRANSLATE_NOOP("PlaybackFailure",
+                       "No secure connection to the video's server could be made.")},
+    {u"No such file", QT_TRANSLATE_NOOP("PlaybackFailure", "The file does not exist."), ENOENT},
+    {u"Permission denied", QT_TRANSLATE_NOOP("PlaybackFailure", "The file may not be read."),
+     EACCES},
+    {u"moov atom not found",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "The video is incomplete or damaged.")},
+    {u"Failed to initialize a decoder",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "This kind of video cannot be played here.")},
+    {u"No protocol handler",
+     QT_TRANSLATE_NOOP("PlaybackFailure", "Videos cannot be played from this kind of address.")},
 };
 
-const char16_t *sentenceOfCode(int mpvError)
+const char *sentenceOfCode(int mpvError)
 {
     switch (mpvError) {
     case MPV_ERROR_UNKNOWN_FORMAT:
-        return u"This is not a video.";
+        return QT_TRANSLATE_NOOP("PlaybackFailure", "This is not a video.");
     case MPV_ERROR_NOTHING_TO_PLAY:
-        return u"There is neither a picture nor sound in it.";
+        return QT_TRANSLATE_NOOP("PlaybackFailure", "There is neither a picture nor sound in it.");
     case MPV_ERROR_UNSUPPORTED:
-        return u"This kind of video cannot be played here.";
+        return QT_TRANSLATE_NOOP("PlaybackFailure", "This kind of video cannot be played here.");
     case MPV_ERROR_AO_INIT_FAILED:
-        return u"The sound output of this computer cannot be used.";
+        return QT_TRANSLATE_NOOP("PlaybackFailure",
+                                 "The sound output of this computer cannot be used.");
     case MPV_ERROR_VO_INIT_FAILED:
-        return u"The picture cannot be shown on this computer.";
+        return QT_TRANSLATE_NOOP("PlaybackFailure",
+                                 "The picture cannot be shown on this computer.");
     default:
-        return u"The video cannot be opened.";
+        return QT_TRANSLATE_NOOP("PlaybackFailure", "The video cannot be opened.");
     }
 }
 
@@ -71,10 +99,10 @@ QString playbackFailure(int mpvError, const QStringList &log)
     for (const LogRule &rule : logRules) {
         for (const QString &line : log) {
             if (matches(rule, line))
-                return QString::fromUtf16(rule.sentence);
+                return QCoreApplication::translate("PlaybackFailure", rule.sentence);
         }
     }
-    return QString::fromUtf16(sentenceOfCode(mpvError));
+    return QCoreApplication::translate("PlaybackFailure", sentenceOfCode(mpvError));
 }
 
 } // namespace clipwren

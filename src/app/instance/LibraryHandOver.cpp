@@ -8,6 +8,7 @@
 #include "core/library/JsonFields.h"
 #include "core/library/ReplaceFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 
 #include <algorithm>
@@ -55,7 +56,7 @@ std::optional<QString> tell(const InstanceMessage::Saved &saved, const QString &
     case LibraryClaim::Outcome::Held:
         return applyToFiles(saved, folder);
     case LibraryClaim::Outcome::Refused:
-        return u"the open window could not save it"_s;
+        return QCoreApplication::translate("LibraryHandOver", "the open window could not save it");
     case LibraryClaim::Outcome::Unusable:
         return claim.lock.error();
     case LibraryClaim::Outcome::Delivered:
@@ -108,7 +109,7 @@ void takeUpPending(const QString &libraryFolder, DownloadStore &store, HistorySt
                 throw Error(file.errorString());
             const auto saved = InstanceMessage::fromJson(file.readAll()).saved;
             if (!saved)
-                throw Error(u"it holds no record"_s);
+                throw Error(QCoreApplication::translate("LibraryHandOver", "it holds no record"));
             // Kept, it is found in the list the next time.
             if (!applySaved(*saved, store, history) && !file.remove())
                 qCWarning(libraryLog).noquote() << "Not removed:" << file.fileName();

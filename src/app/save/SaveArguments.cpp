@@ -3,6 +3,7 @@
 #include "core/text/Duration.h"
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -18,7 +19,9 @@ OutputFormat parseFormat(const QString &name)
     QStringList names;
     for (const OutputFormat format : allOutputFormats)
         names.append(rawValue(format));
-    throw UsageError(u"“%1” is no format. Choose one of %2."_s.arg(name, names.join(u", "_s)));
+    throw UsageError(
+        QCoreApplication::translate("SaveArguments", "“%1” is no format. Choose one of %2.")
+            .arg(name, names.join(u", "_s)));
 }
 
 TrimRange parseRange(const QString &text)
@@ -28,14 +31,21 @@ TrimRange parseRange(const QString &text)
     const auto end = parseTime(QStringView(text).mid(dash + 1));
     if (dash < 0 || !start || !end) {
         throw UsageError(
-            u"“%1” is no time range. Write START-END, as in 12.5-42 or 1:05-1:02:30."_s.arg(text));
+            QCoreApplication::translate(
+                "SaveArguments",
+                "“%1” is no time range. Write START-END, as in 12.5-42 or 1:05-1:02:30.")
+                .arg(text));
     }
     if (*end <= *start)
-        throw UsageError(u"The time range “%1” ends before it starts."_s.arg(text));
+        throw UsageError(QCoreApplication::translate("SaveArguments",
+                                                     "The time range “%1” ends before it starts.")
+                             .arg(text));
     // The downloader leaves so short a range alone and saves the whole video.
     const TrimRange range{*start, *end};
     if (!range.isLongEnough())
-        throw UsageError(u"The time range “%1” is too short to cut."_s.arg(text));
+        throw UsageError(
+            QCoreApplication::translate("SaveArguments", "The time range “%1” is too short to cut.")
+                .arg(text));
     return range;
 }
 
@@ -47,12 +57,14 @@ QString SaveArguments::usage()
     for (const OutputFormat format : allOutputFormats)
         formats.append(rawValue(format));
     const QString last = formats.takeLast();
-    return u"Usage: clipwren save [--format FORMAT] [--trim START-END] [--title TEXT] ADDRESS\n"
-           "\n"
-           "  --format FORMAT   %1 or %2\n"
-           "  --trim START-END  keep this range only; times as 12.5 or [h:]mm:ss[.s]\n"
-           "  --title TEXT      the file's title instead of the video's\n"_s.arg(
-               formats.join(u", "), last);
+    return QCoreApplication::translate(
+               "SaveArguments",
+               "Usage: clipwren save [--format FORMAT] [--trim START-END] [--title TEXT] ADDRESS\n"
+               "\n"
+               "  --format FORMAT   %1 or %2\n"
+               "  --trim START-END  keep this range only; times as 12.5 or [h:]mm:ss[.s]\n"
+               "  --title TEXT      the file's title instead of the video's\n")
+        .arg(formats.join(u", "), last);
 }
 
 SaveArguments SaveArguments::parse(const QStringList &arguments)
@@ -68,13 +80,15 @@ SaveArguments SaveArguments::parse(const QStringList &arguments)
 
     const QStringList addresses = parser.positionalArguments();
     if (addresses.size() != 1)
-        throw UsageError(addresses.isEmpty() ? u"An address is missing."_s
-                                             : u"One address at a time, please."_s);
+        throw UsageError(
+            addresses.isEmpty()
+                ? QCoreApplication::translate("SaveArguments", "An address is missing.")
+                : QCoreApplication::translate("SaveArguments", "One address at a time, please."));
     SaveArguments result;
     result.address = addresses.first();
     // The look-up passes over a blank address without a word.
     if (result.address.trimmed().isEmpty())
-        throw UsageError(u"The address is empty."_s);
+        throw UsageError(QCoreApplication::translate("SaveArguments", "The address is empty."));
     if (parser.isSet(format))
         result.format = parseFormat(parser.value(format));
     if (parser.isSet(trim))

@@ -4,6 +4,7 @@
 #include "core/text/DecisiveLine.h"
 #include "core/text/Duration.h"
 
+#include <QCoreApplication>
 #include <QTimer>
 
 #include <algorithm>
@@ -36,7 +37,9 @@ void SaveCommand::start()
         return fail(*sentence);
     const OutputFormatTraits &format = traits(m_view.outputFormat());
     if (m_arguments.trim && format.isAudioOnly)
-        return fail(u"Audio is saved whole: --trim does not go with %1."_s.arg(format.rawValue),
+        return fail(QCoreApplication::translate("SaveCommand",
+                                                "Audio is saved whole: --trim does not go with %1.")
+                        .arg(format.rawValue),
                     WrongUse);
     m_view.setUrlText(m_arguments.address);
     m_view.fetchInfo(false);
@@ -87,14 +90,16 @@ void SaveCommand::chooseAndStart()
                                    duration ? formatDuration(*duration) : u"—"_s));
     const auto &trim = m_arguments.trim;
     if (trim && duration && trim->start >= *duration)
-        return fail(u"The video ends before the time range starts."_s);
+        return fail(QCoreApplication::translate("SaveCommand",
+                                                "The video ends before the time range starts."));
     // The window shows what it saves instead; here it would come unseen.
     const QList<VideoFormat> formats = m_view.info()->formats.value_or(QList<VideoFormat>());
     if (m_arguments.format == OutputFormat::macCompatible
         && m_view.outputFormat() != OutputFormat::macCompatible
         && m_view.selectedOption().compat != CompatLevel::macNative
         && std::any_of(formats.begin(), formats.end(), carriesVideo))
-        return fail(u"The site does not offer this video in H.264."_s);
+        return fail(QCoreApplication::translate("SaveCommand",
+                                                "The site does not offer this video in H.264."));
 
     const QSignalBlocker untilAllIsChosen(m_view);
     if (trim) {
@@ -119,10 +124,10 @@ void SaveCommand::interrupt()
 void SaveCommand::failLookup()
 {
     // A look-up that is cancelled says nothing, and a tool that a signal ends counts as cancelled.
-    QString sentence =
-        m_view.fetchError().value_or(u"yt-dlp was stopped before it had answered."_s);
+    QString sentence = m_view.fetchError().value_or(
+        QCoreApplication::translate("SaveCommand", "yt-dlp was stopped before it had answered."));
     // Here is nothing to tap: the log follows.
-    sentence.remove(u" Tap 'View logs' for details."_s);
+    sentence.remove(QCoreApplication::translate("SaveCommand", " Tap 'View logs' for details."));
     m_report.line(sentence);
     if (const QString line = decisiveLine(m_view.fetchLog()); !sentence.contains(line))
         m_report.line(line);
@@ -133,7 +138,9 @@ void SaveCommand::failDownload()
 {
     const QString sentence = m_view.errorMessage().value_or(QString());
     const bool wasCancelled = sentence == CancellationError().errorDescription();
-    m_report.line(wasCancelled ? u"The tool was stopped before it had finished."_s : sentence);
+    m_report.line(wasCancelled ? QCoreApplication::translate(
+                      "SaveCommand", "The tool was stopped before it had finished.")
+                               : sentence);
     readVersion();
 }
 
@@ -177,9 +184,11 @@ std::optional<QString> missingTools(const ToolEnvironment &tools)
     }
     if (missing.isEmpty())
         return std::nullopt;
-    return u"Not installed: %1. Install with “apt install yt-dlp ffmpeg” or “brew install yt-dlp "
-           "ffmpeg”, so that it lies in one of %2."_s.arg(
-               missing.join(u", "_s), ToolEnvironment::defaultSearchDirectories().join(u", "_s));
+    return QCoreApplication::translate(
+               "SaveCommand",
+               "Not installed: %1. Install with “apt install yt-dlp ffmpeg” or “brew install "
+               "yt-dlp ffmpeg”, so that it lies in one of %2.")
+        .arg(missing.join(u", "_s), ToolEnvironment::defaultSearchDirectories().join(u", "_s));
 }
 
 } // namespace clipwren

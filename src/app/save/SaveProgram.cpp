@@ -78,13 +78,20 @@ int recordInLibrary(const DownloadStore &store, const HistoryStore &history,
     ProgressReport report(stderr);
     const HandOver result = handOver(saved, interrupt);
     if (result.failure) {
-        report.line(u"The file is saved as “%1”, but it is not in the list of files: %2.%3"_s.arg(
-            record.filePath, *result.failure,
-            result.isPending ? u" The next start of Clipwren tries again."_s : u""_s));
+        const QString sentence = result.isPending
+            ? QCoreApplication::translate("SaveProgram",
+                                          "The file is saved as “%1”, but it is not in the list of "
+                                          "files: %2. The next start of Clipwren tries again.")
+            : QCoreApplication::translate(
+                "SaveProgram",
+                "The file is saved as “%1”, but it is not in the list of files: %2.");
+        report.line(sentence.arg(record.filePath, *result.failure));
         return SaveCommand::Failed;
     }
     if (result.isPending)
-        report.line(u"The list of files is in use. The next start of Clipwren adds this one."_s);
+        report.line(QCoreApplication::translate(
+            "SaveProgram",
+            "The list of files is in use. The next start of Clipwren adds this one."));
     printPath(record.filePath);
     return SaveCommand::Saved;
 }

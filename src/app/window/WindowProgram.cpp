@@ -16,6 +16,7 @@
 #include "ui/components/Theme.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QIcon>
 #include <QMessageBox>
 #include <QTimer>
@@ -43,7 +44,8 @@ LibraryClaim claimLibraryFor(const InstanceMessage::Show &request)
 /// Somebody who started from the desktop reads no standard error.
 void tellThatNobodyAnswers()
 {
-    const QString sentence = u"Clipwren is running already, but does not answer."_s;
+    const QString sentence = QCoreApplication::translate(
+        "WindowProgram", "Clipwren is running already, but does not answer.");
     std::fputs((sentence + u'\n').toUtf8().constData(), stderr);
     QMessageBox::critical(nullptr, u"Clipwren"_s, sentence);
 }

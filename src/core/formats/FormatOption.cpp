@@ -4,6 +4,7 @@
 #include "core/formats/ByteCountText.h"
 #include "core/ytdlp/VideoInfo.h"
 
+#include <QCoreApplication>
 #include <QtNumeric>
 
 #include <algorithm>
@@ -110,43 +111,56 @@ qint64 sum(qint64 first, qint64 second)
 FormatOption bestResolution(const std::optional<VideoFormat> &video, qint64 audioBytes)
 {
     const QString codec = video ? *video->vcodec : QString();
-    FormatOption option{OutputFormat::bestResolution, u"Best resolution"_s,
-                        u"Highest available stream."_s, compatLevel(codec),
-                        known(sum(sizeOf(video), audioBytes))};
+    FormatOption option{OutputFormat::bestResolution,
+                        QCoreApplication::translate("FormatOption", "Best resolution"),
+                        QCoreApplication::translate("FormatOption", "Highest available stream."),
+                        compatLevel(codec), known(sum(sizeOf(video), audioBytes))};
     const qint64 height = video ? heightOf(*video) : 0;
     if (height == 0)
         return option;
 
     const QString codecName = prettyCodecName(codec);
-    option.title = u"Best resolution — %1p %2"_s.arg(QString::number(height), codecName);
+    option.title = QCoreApplication::translate("FormatOption", "Best resolution — %1p %2")
+                       .arg(QString::number(height), codecName);
     if (option.compat == CompatLevel::macNative) {
-        option.subtitle = u"Plays in QuickTime, CapCut, Final Cut, iMovie."_s;
+        option.subtitle = QCoreApplication::translate(
+            "FormatOption", "Plays in QuickTime, CapCut, Final Cut, iMovie.");
     } else if (option.compat == CompatLevel::macModern) {
-        option.subtitle = u"Plays on modern macOS. May not play in older tools."_s;
+        option.subtitle = QCoreApplication::translate(
+            "FormatOption", "Plays on modern macOS. May not play in older tools.");
     } else {
         option.subtitle =
-            u"Will only play in VLC or IINA. QuickTime can't decode %1."_s.arg(codecName);
+            QCoreApplication::translate("FormatOption",
+                                        "Will only play in VLC or IINA. QuickTime can't decode %1.")
+                .arg(codecName);
     }
     return option;
 }
 
 FormatOption macCompatible(const VideoFormat &h264, qint64 audioBytes)
 {
-    return {OutputFormat::macCompatible, u"Mac Compatible — %1p H.264"_s.arg(heightOf(h264)),
-            u"Lower resolution than max, but plays everywhere on Mac."_s, CompatLevel::macNative,
-            known(sum(sizeOf(h264), audioBytes))};
+    return {OutputFormat::macCompatible,
+            QCoreApplication::translate("FormatOption", "Mac Compatible — %1p H.264")
+                .arg(heightOf(h264)),
+            QCoreApplication::translate("FormatOption",
+                                        "Lower resolution than max, but plays everywhere on Mac."),
+            CompatLevel::macNative, known(sum(sizeOf(h264), audioBytes))};
 }
 
 FormatOption proRes422(qint64 height, double duration)
 {
-    FormatOption option{OutputFormat::proRes422, u"Apple ProRes 422"_s,
-                        u"Editing format for Final Cut / Resolve. Files are very large."_s,
-                        CompatLevel::proRes, known(estimatedProResBytes(height, duration))};
+    FormatOption option{
+        OutputFormat::proRes422, QCoreApplication::translate("FormatOption", "Apple ProRes 422"),
+        QCoreApplication::translate(
+            "FormatOption", "Editing format for Final Cut / Resolve. Files are very large."),
+        CompatLevel::proRes, known(estimatedProResBytes(height, duration))};
     if (option.approximateBytes) {
         option.subtitle =
-            u"Editing format (Final Cut / Resolve). ~%1 at %2p — far larger "
-            "than MP4."_s.arg(byteCountText(*option.approximateBytes, {ByteUnit::MB, ByteUnit::GB}),
-                              QString::number(height));
+            QCoreApplication::translate(
+                "FormatOption",
+                "Editing format (Final Cut / Resolve). ~%1 at %2p — far larger than MP4.")
+                .arg(byteCountText(*option.approximateBytes, {ByteUnit::MB, ByteUnit::GB}),
+                     QString::number(height));
     }
     return option;
 }
@@ -176,9 +190,11 @@ QList<FormatOption> FormatOption::options(const std::optional<VideoInfo> &info)
             options.append(proRes422(height, info ? info->duration.value_or(0) : 0));
             break;
         case OutputFormat::audioMP3:
-            options.append({OutputFormat::audioMP3, u"Audio only (MP3)"_s,
-                            u"Strip video, best VBR audio."_s, CompatLevel::audioOnly,
-                            std::nullopt});
+            options.append(
+                {OutputFormat::audioMP3,
+                 QCoreApplication::translate("FormatOption", "Audio only (MP3)"),
+                 QCoreApplication::translate("FormatOption", "Strip video, best VBR audio."),
+                 CompatLevel::audioOnly, std::nullopt});
             break;
         }
     }

@@ -1,5 +1,7 @@
 #include "core/formats/OutputFormat.h"
 
+#include <QCoreApplication>
+
 namespace clipwren {
 
 using namespace Qt::StringLiterals;
@@ -27,7 +29,8 @@ const OutputFormatTraits &traits(OutputFormat format)
         .extension = u"mov"_s,
         .downloadArguments = QStringList{u"-f"_s, u"bv*+ba/b"_s} + mergedAsMp4,
         .conversion = EncodeProfile::proRes422(),
-        .conversionHeading = u"Encoding to Apple ProRes 422"_s,
+        .conversionHeading =
+            QT_TRANSLATE_NOOP("clipwren::DownloadPipeline", "Encoding to Apple ProRes 422"),
     };
     static const OutputFormatTraits audioMP3{
         .rawValue = u"audioMP3"_s,

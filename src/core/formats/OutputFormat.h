@@ -30,7 +30,7 @@ struct OutputFormatTraits {
     QStringList downloadArguments; ///< by which yt-dlp chooses and merges streams
     bool isAudioOnly = false;
     std::optional<EncodeProfile> conversion = std::nullopt; ///< of the download, cut or not
-    QString conversionHeading = {}; ///< what is shown meanwhile
+    const char *conversionHeading = ""; ///< what is shown meanwhile, to be translated
 };
 
 const OutputFormatTraits &traits(OutputFormat format);

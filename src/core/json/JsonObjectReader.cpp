@@ -1,5 +1,6 @@
 #include "core/json/JsonObjectReader.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonParseError>
 
@@ -16,8 +17,9 @@ QJsonDocument parse(const QByteArray &utf8)
     QJsonParseError error{};
     QJsonDocument document = QJsonDocument::fromJson(utf8, &error);
     if (error.error != QJsonParseError::NoError) {
-        throw DecodingError(
-            u"Malformed JSON at byte %1: %2"_s.arg(error.offset).arg(error.errorString()));
+        throw DecodingError(QCoreApplication::translate("Error", "Malformed JSON at byte %1: %2")
+                                .arg(error.offset)
+                                .arg(error.errorString()));
     }
     return document;
 }
@@ -29,7 +31,8 @@ QString elementPath(const QString &arrayPath, qsizetype index)
 
 [[noreturn]] void throwWrongType(const QString &path, const QString &expected)
 {
-    throw DecodingError(u"%1: expected %2"_s.arg(path, expected));
+    throw DecodingError(
+        QCoreApplication::translate("Error", "%1: expected %2").arg(path, expected));
 }
 
 } // namespace
@@ -43,7 +46,8 @@ JsonObjectReader JsonObjectReader::fromDocument(const QByteArray &utf8)
 {
     const QJsonDocument document = parse(utf8);
     if (!document.isObject())
-        throw DecodingError(u"The document is not a JSON object"_s);
+        throw DecodingError(
+            QCoreApplication::translate("Error", "The document is not a JSON object"));
     return {document.object(), QString()};
 }
 
@@ -53,7 +57,7 @@ std::optional<QString> JsonObjectReader::text(QLatin1StringView key) const
     if (!value)
         return std::nullopt;
     if (!value->isString())
-        fail(key, u"text"_s);
+        fail(key, QCoreApplication::translate("Error", "text"));
     return value->toString();
 }
 
@@ -63,7 +67,7 @@ std::optional<bool> JsonObjectReader::boolean(QLatin1StringView key) const
     if (!value)
         return std::nullopt;
     if (!value->isBool())
-        fail(key, u"true or false"_s);
+        fail(key, QCoreApplication::translate("Error", "true or false"));
     return value->toBool();
 }
 
@@ -73,7 +77,7 @@ std::optional<double> JsonObjectReader::number(QLatin1StringView key) const
     if (!value)
         return std::nullopt;
     if (!value->isDouble())
-        fail(key, u"a number"_s);
+        fail(key, QCoreApplication::translate("Error", "a number"));
     return value->toDouble();
 }
 
@@ -85,7 +89,7 @@ std::optional<qint64> JsonObjectReader::integer(QLatin1StringView key) const
     // toInteger() falls back to its argument when the number has no exact 64-bit form, so two
     // different fallbacks tell such a number from a real one.
     if (!value->isDouble() || value->toInteger(0) != value->toInteger(1))
-        fail(key, u"a whole number"_s);
+        fail(key, QCoreApplication::translate("Error", "a whole number"));
     return value->toInteger();
 }
 
@@ -95,7 +99,7 @@ std::optional<JsonObjectReader> JsonObjectReader::object(QLatin1StringView key) 
     if (!value)
         return std::nullopt;
     if (!value->isObject())
-        fail(key, u"an object"_s);
+        fail(key, QCoreApplication::translate("Error", "an object"));
     return JsonObjectReader(value->toObject(), pathOf(key));
 }
 
@@ -105,7 +109,7 @@ std::optional<std::vector<JsonObjectReader>> JsonObjectReader::objects(QLatin1St
     if (!value)
         return std::nullopt;
     if (!value->isArray())
-        fail(key, u"an array"_s);
+        fail(key, QCoreApplication::translate("Error", "an array"));
     return readersOf(value->toArray(), pathOf(key));
 }
 
@@ -113,7 +117,7 @@ QString JsonObjectReader::requiredText(QLatin1StringView key) const
 {
     auto value = text(key);
     if (!value)
-        fail(key, u"text"_s);
+        fail(key, QCoreApplication::translate("Error", "text"));
     return *std::move(value);
 }
 
@@ -121,7 +125,7 @@ qint64 JsonObjectReader::requiredInteger(QLatin1StringView key) const
 {
     const auto value = integer(key);
     if (!value)
-        fail(key, u"a whole number"_s);
+        fail(key, QCoreApplication::translate("Error", "a whole number"));
     return *value;
 }
 
@@ -138,7 +142,8 @@ std::vector<JsonObjectReader> JsonObjectReader::readersOf(const QJsonArray &arra
     for (qsizetype index = 0; index < array.size(); ++index) {
         const QJsonValue element = array.at(index);
         if (!element.isObject())
-            throwWrongType(elementPath(path, index), u"an object"_s);
+            throwWrongType(elementPath(path, index),
+                           QCoreApplication::translate("Error", "an object"));
         readers.push_back({element.toObject(), path, index});
     }
     return readers;

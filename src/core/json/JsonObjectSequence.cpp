@@ -1,5 +1,7 @@
 #include "core/json/JsonObjectSequence.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace clipwren {
@@ -16,15 +18,15 @@ std::optional<JsonObjectReader> JsonObjectSequence::next()
 {
     const bool isFirst = !std::exchange(m_isInside, true);
     if (isFirst && !accept('['))
-        fail(u"an array"_s);
+        fail(QCoreApplication::translate("Error", "an array"));
     if (accept(']')) {
         skipSpace();
         if (m_place < m_utf8.size())
-            fail(u"the end"_s);
+            fail(QCoreApplication::translate("Error", "the end"));
         return std::nullopt;
     }
     if (!isFirst && !accept(','))
-        fail(u"a comma"_s);
+        fail(QCoreApplication::translate("Error", "a comma"));
     skipSpace();
     const qsizetype start = m_place;
     skipObject();
@@ -66,13 +68,16 @@ void JsonObjectSequence::skipObject()
             break;
     }
     if (m_place >= m_utf8.size() || m_utf8.at(m_place) != '}')
-        fail(u"an object"_s);
+        fail(QCoreApplication::translate("Error", "an object"));
     ++m_place;
 }
 
 void JsonObjectSequence::fail(const QString &expected) const
 {
-    throw DecodingError(u"Malformed JSON at byte %1: expected %2"_s.arg(m_place).arg(expected));
+    throw DecodingError(
+        QCoreApplication::translate("Error", "Malformed JSON at byte %1: expected %2")
+            .arg(m_place)
+            .arg(expected));
 }
 
 } // namespace clipwren

@@ -4,6 +4,7 @@
 #include "core/library/LibraryFolder.h"
 #include "core/library/ReplaceFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -61,7 +62,7 @@ JsonObjectSequence JsonArrayFile::open() const
 {
     const auto bytes = readFile(m_path);
     if (!bytes)
-        throw Error(u"%1 cannot be read"_s.arg(m_path));
+        throw Error(QCoreApplication::translate("Error", "%1 cannot be read").arg(m_path));
     // Others could read what earlier versions wrote.
     constexpr auto owner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
     QFile::setPermissions(m_path, QFile::permissions(m_path) & owner);
@@ -135,7 +136,8 @@ bool JsonArrayFile::keepUnreadFile(const QString &target) const
             continue;
         const auto bytes = readFile(target);
         if (!bytes)
-            throw Error(u"%1 can neither be read nor kept"_s.arg(target));
+            throw Error(QCoreApplication::translate("Error", "%1 can neither be read nor kept")
+                            .arg(target));
         replaceFile(kept, *bytes);
         return true;
     }

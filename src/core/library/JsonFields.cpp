@@ -1,5 +1,7 @@
 #include "core/library/JsonFields.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -48,7 +50,7 @@ QUuid requiredId(const JsonObjectReader &reader, QLatin1StringView key)
     const QString text = reader.requiredText(key);
     // QUuid would also take braces, and ignore what follows the last digit.
     if (!hasForm(text, u"hhhhhhhh-hhhh-hhhh-hhhh-hhhhhhhhhhhh"))
-        reader.fail(key, u"a UUID"_s);
+        reader.fail(key, QCoreApplication::translate("Error", "a UUID"));
     return QUuid(text);
 }
 
@@ -61,7 +63,7 @@ QDateTime requiredTimestamp(const JsonObjectReader &reader, QLatin1StringView ke
 {
     const auto time = parseTimestamp(reader.requiredText(key));
     if (!time)
-        reader.fail(key, u"a time like 2026-03-01T14:05:09Z"_s);
+        reader.fail(key, QCoreApplication::translate("Error", "a time like 2026-03-01T14:05:09Z"));
     return *time;
 }
 

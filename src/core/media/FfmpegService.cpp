@@ -9,6 +9,7 @@
 #include "core/process/ProcessRunner.h"
 #include "core/text/Numbers.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
@@ -82,7 +83,8 @@ MediaInspection FfmpegService::inspect(const QString &path, const std::stop_toke
                                       u"-show_format"_s, u"-show_streams"_s, path}},
                                     std::nullopt, stop);
     if (report.isEmpty()) {
-        throw ClipwrenError(ClipwrenError::Code::EmptyProbeOutput, u"empty ffprobe output"_s);
+        throw ClipwrenError(ClipwrenError::Code::EmptyProbeOutput,
+                            QCoreApplication::translate("Error", "empty ffprobe output"));
     }
     return MediaInspection::fromReport(FfprobeReport::fromJson(report.toUtf8()));
 }

@@ -6,6 +6,7 @@
 #include "core/process/ToolOutput.h"
 #include "core/text/DecisiveLine.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QThreadPool>
@@ -232,9 +233,10 @@ ChunkHandler collector(BoundedLog &collected)
     return [&collected](QByteArrayView chunk) { collected.append(chunk); };
 }
 
-QString failed(int exitCode)
+QString failed(int exitCode, const QString &reason)
 {
-    return u"Process failed (exit %1): "_s.arg(exitCode);
+    return QCoreApplication::translate("Error", "Process failed (exit %1): %2")
+        .arg(QString::number(exitCode), reason);
 }
 
 [[noreturn]] void throwError(const Command &command, const ChildProcess::Exit &exit,
@@ -257,19 +259,22 @@ void throwUnlessSucceeded(const Command &command, const ChildProcess::Exit &exit
 } // namespace
 
 ProcessError::ProcessError(int exitCode, const QString &standardError, const QString &program)
-    : Error(failed(exitCode) + standardError.trimmed(),
-            failed(exitCode) + decisiveLine(standardError), {program, standardError}),
+    : Error(failed(exitCode, standardError.trimmed()),
+            failed(exitCode, decisiveLine(standardError)), {program, standardError}),
       m_exitCode(exitCode)
 {
 }
 
-TimeoutError::TimeoutError() : Error(u"Operation timed out"_s)
+TimeoutError::TimeoutError() : Error(QCoreApplication::translate("Error", "Operation timed out"))
 {
 }
 
 OutputLimitError::OutputLimitError(const QString &tool, qsizetype limit)
     : OutputLimitError(
-        tool, u"%1 wrote more than %2 MB and was stopped"_s.arg(tool).arg(limit / 1024 / 1024))
+        tool,
+        QCoreApplication::translate("Error", "%1 wrote more than %2 MB and was stopped")
+            .arg(tool)
+            .arg(limit / 1024 / 1024))
 {
 }
 

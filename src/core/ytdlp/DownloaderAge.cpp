@@ -1,5 +1,6 @@
 #include "core/ytdlp/DownloaderAge.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <cmath>
@@ -11,18 +12,35 @@ using namespace Qt::StringLiterals;
 
 constexpr qint64 outdatedDays = 90;
 
-QString counted(qint64 count, const QString &unit)
+QString daysText(int days)
 {
-    return u"%1 %2%3 old"_s.arg(count).arg(unit, count == 1 ? QString() : u"s"_s);
+    return days == 1 ? QCoreApplication::translate("DownloaderAge", "1 day old")
+                     : QCoreApplication::translate("DownloaderAge", "%n days old", nullptr, days);
+}
+
+QString monthsText(int months)
+{
+    return months == 1
+        ? QCoreApplication::translate("DownloaderAge", "1 month old")
+        : QCoreApplication::translate("DownloaderAge", "%n months old", nullptr, months);
 }
 
 QString yearsText(int years)
 {
-    static const QString words[] = {u"a"_s,   u"two"_s,   u"three"_s, u"four"_s, u"five"_s,
-                                    u"six"_s, u"seven"_s, u"eight"_s, u"nine"_s, u"ten"_s};
-    const QString count =
-        years <= static_cast<int>(std::size(words)) ? words[years - 1] : QString::number(years);
-    return u"over %1 year%2 old"_s.arg(count, years == 1 ? QString() : u"s"_s);
+    static constexpr const char *texts[] = {
+        QT_TRANSLATE_NOOP("DownloaderAge", "over a year old"),
+        QT_TRANSLATE_NOOP("DownloaderAge", "over two years old"),
+        QT_TRANSLATE_NOOP("DownloaderAge", "over three years old"),
+        QT_TRANSLATE_NOOP("DownloaderAge", "over four years old"),
+        QT_TRANSLATE_NOOP("DownloaderAge", "over five years old"),
+        QT_TRANSLATE_NOOP("DownloaderAge", "over six years old"),
+        QT_TRANSLATE_NOOP("DownloaderAge", "over seven years old"),
+        QT_TRANSLATE_NOOP("DownloaderAge", "over eight years old"),
+        QT_TRANSLATE_NOOP("DownloaderAge", "over nine years old"),
+        QT_TRANSLATE_NOOP("DownloaderAge", "over ten years old")};
+    return years <= static_cast<int>(std::size(texts))
+        ? QCoreApplication::translate("DownloaderAge", texts[years - 1])
+        : QCoreApplication::translate("DownloaderAge", "over %n years old", nullptr, years);
 }
 
 struct Update {
@@ -33,16 +51,21 @@ struct Update {
 /// Each way of installing yt-dlp has its own way to update it.
 QString howToUpdate(const QString &path)
 {
-    static const Update updates[] = {
-        {"/opt/homebrew/"_L1, u"Run “brew upgrade yt-dlp”"_s},
-        {"/opt/local/"_L1, u"Run “sudo port upgrade yt-dlp”"_s},
-        {"/usr/local/"_L1, u"Run “sudo yt-dlp -U”, or “brew upgrade yt-dlp”"_s},
+    const Update updates[] = {
+        {"/opt/homebrew/"_L1,
+         QCoreApplication::translate("DownloaderAge", "Run “brew upgrade yt-dlp”")},
+        {"/opt/local/"_L1,
+         QCoreApplication::translate("DownloaderAge", "Run “sudo port upgrade yt-dlp”")},
+        {"/usr/local/"_L1,
+         QCoreApplication::translate("DownloaderAge",
+                                     "Run “sudo yt-dlp -U”, or “brew upgrade yt-dlp”")},
     };
     for (const Update &update : updates) {
         if (path.startsWith(update.folder))
             return update.text;
     }
-    return u"Put it into /usr/local/bin, which is searched first"_s;
+    return QCoreApplication::translate("DownloaderAge",
+                                       "Put it into /usr/local/bin, which is searched first");
 }
 
 } // namespace
@@ -68,9 +91,9 @@ std::optional<QString> ageText(const QString &version, const QDate &today)
     if (years > 0)
         return yearsText(years);
     if (days < 60)
-        return counted(days, u"day"_s);
+        return daysText(static_cast<int>(days));
     constexpr double monthsOfADay = 12 / 365.25;
-    return counted(std::lround(static_cast<double>(days) * monthsOfADay), u"month"_s);
+    return monthsText(static_cast<int>(std::lround(static_cast<double>(days) * monthsOfADay)));
 }
 
 std::optional<QString> outdatedHint(const QString &path, const QString &version, const QDate &today)
@@ -78,7 +101,9 @@ std::optional<QString> outdatedHint(const QString &path, const QString &version,
     const std::optional<QString> age = ageText(version, today);
     if (!age || releaseDate(version)->daysTo(today) <= outdatedDays)
         return std::nullopt;
-    return u"yt-dlp %1 is %2. A newer one may help. %3."_s.arg(version, *age, howToUpdate(path));
+    return QCoreApplication::translate("DownloaderAge",
+                                       "yt-dlp %1 is %2. A newer one may help. %3.")
+        .arg(version, *age, howToUpdate(path));
 }
 
 } // namespace clipwren

@@ -3,6 +3,7 @@
 #include "core/process/ProcessRunner.h"
 #include "core/ytdlp/DownloadArguments.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTextBoundaryFinder>
 
@@ -81,18 +82,20 @@ YtDlpService::FetchError::FetchError(Kind kind, const QString &description, cons
 YtDlpService::FetchError YtDlpService::FetchError::emptyResponse(const QString &log)
 {
     return {Kind::emptyResponse,
-            u"yt-dlp returned no metadata. The video may be region-locked, "
-            "age-restricted, or YouTube is throttling."_s,
+            QCoreApplication::translate("YtDlpService",
+                                        "yt-dlp returned no metadata. The video may be "
+                                        "region-locked, age-restricted, or YouTube is throttling."),
             log};
 }
 
 YtDlpService::FetchError YtDlpService::FetchError::malformedJSON(const DecodingError &underlying,
                                                                  const QString &log)
 {
-    FetchError error(Kind::malformedJSON,
-                     u"yt-dlp returned data we couldn't parse. Tap 'View logs' for "
-                     "details."_s,
-                     log);
+    FetchError error(
+        Kind::malformedJSON,
+        QCoreApplication::translate(
+            "YtDlpService", "yt-dlp returned data we couldn't parse. Tap 'View logs' for details."),
+        log);
     error.m_underlying = underlying;
     return error;
 }
@@ -169,7 +172,8 @@ QString YtDlpService::download(const QString &url, const QString &outputDirector
         stop);
     if (finalPath.isEmpty()) {
         throw ClipwrenError(ClipwrenError::Code::NoOutputPath,
-                            u"yt-dlp finished without reporting an output path"_s,
+                            QCoreApplication::translate(
+                                "YtDlpService", "yt-dlp finished without reporting an output path"),
                             {toolName(), log});
     }
     return finalPath;

@@ -79,10 +79,14 @@ PlayerBackend *PlayerModule::backend()
             return m_backend;
         }
     }
-    m_failure = u"The player cannot be used: %1"_s.arg(
-        file.isEmpty()
-            ? u"%1 was not found. Installing Clipwren again should bring it back."_s.arg(fileName)
-            : library.errorString());
+    m_failure =
+        QCoreApplication::translate("PlayerModule", "The player cannot be used: %1")
+            .arg(file.isEmpty()
+                     ? QCoreApplication::translate(
+                           "PlayerModule",
+                           "%1 was not found. Installing Clipwren again should bring it back.")
+                           .arg(fileName)
+                     : library.errorString());
     qCWarning(playerLog).noquote() << m_failure;
     return nullptr;
 }

@@ -87,7 +87,7 @@ void TimeField::showTime()
     if (text() != time)
         setText(time);
     // Screen readers say the name with the time.
-    setAccessibleName(m_name + u' ' + time);
+    setAccessibleName(tr("%1 %2", "name and time, as read aloud").arg(m_name, time));
 }
 
 int TimeField::tenthsRoom()
@@ -248,7 +248,7 @@ void TimeStat::setSeconds(double seconds)
     const QString text = formatDuration(seconds);
     m_time->setText(text);
     // Screen readers say the name with the time.
-    m_time->setAccessibleName(m_label + u' ' + text);
+    m_time->setAccessibleName(tr("%1 %2", "name and time, as read aloud").arg(m_label, text));
 }
 
 } // namespace clipwren

@@ -62,7 +62,7 @@ void TitleField::render()
     if (isOriginal && m_reset->hasFocus())
         field->setFocus();
     m_reset->setEnabled(!isOriginal);
-    m_fileName->setText(tr("Final file: ") + m_view.filenamePreview());
+    m_fileName->setText(tr("Final file: %1").arg(m_view.filenamePreview()));
 }
 
 } // namespace clipwren

@@ -222,8 +222,8 @@ void DownloadDetailView::runInspection()
             try {
                 std::rethrow_exception(failure);
             } catch (const std::exception &error) {
-                m_inspectError = tr("Couldn't read file info: ")
-                    + boundedText(errorDescription(error), longestError);
+                m_inspectError = tr("Couldn't read file info: %1")
+                                     .arg(boundedText(errorDescription(error), longestError));
             }
             render();
         });

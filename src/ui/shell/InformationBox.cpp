@@ -80,13 +80,13 @@ QString containerName(const QString &container)
 {
     const QString first = container.split(u',', Qt::SkipEmptyParts).value(0, container).toLower();
     if (first == "mov"_L1 || first == "mp4"_L1)
-        return u"MPEG-4 movie"_s;
+        return InformationBox::tr("MPEG-4 movie");
     if (first == "matroska"_L1)
-        return u"Matroska video"_s;
+        return InformationBox::tr("Matroska video");
     if (first == "mp3"_L1)
-        return u"MP3 audio"_s;
+        return InformationBox::tr("MP3 audio");
     if (first == "webm"_L1)
-        return u"WebM video"_s;
+        return InformationBox::tr("WebM video");
     return first.toUpper();
 }
 
@@ -96,11 +96,11 @@ QString extensionName(const QString &path)
     const qsizetype dot = name.lastIndexOf(u'.');
     const QString extension = dot > 0 ? name.sliced(dot + 1).toLower() : QString();
     if (extension == "mp4"_L1 || extension == "m4v"_L1)
-        return u"MPEG-4 movie"_s;
+        return InformationBox::tr("MPEG-4 movie");
     if (extension == "mov"_L1)
-        return u"QuickTime movie"_s;
+        return InformationBox::tr("QuickTime movie");
     if (extension == "mp3"_L1)
-        return u"MP3 audio"_s;
+        return InformationBox::tr("MP3 audio");
     return extension.toUpper();
 }
 
@@ -130,14 +130,15 @@ QString codecsLabel(const MediaInspection &inspection)
 
 QString frameRateLabel(const MediaInspection &inspection)
 {
-    return inspection.frameRate ? QString::number(*inspection.frameRate, 'f', 2) + u" fps"_s
-                                : QString();
+    return inspection.frameRate
+        ? InformationBox::tr("%1 fps").arg(QString::number(*inspection.frameRate, 'f', 2))
+        : QString();
 }
 
 QString bitrateLabel(const MediaInspection &inspection)
 {
     return inspection.overallBitrateKbps
-        ? QLocale().toString(*inspection.overallBitrateKbps) + u" kbps"_s
+        ? InformationBox::tr("%1 kbps").arg(QLocale().toString(*inspection.overallBitrateKbps))
         : QString();
 }
 
@@ -156,7 +157,8 @@ TrimLabels trimLabels(const DownloadRecord &record)
 {
     if (!record.trimStart || !record.trimEnd)
         return {};
-    return {formatDuration(*record.trimStart) + u" – "_s + formatDuration(*record.trimEnd),
+    return {InformationBox::tr("%1 – %2").arg(formatDuration(*record.trimStart),
+                                              formatDuration(*record.trimEnd)),
             formatDuration(*record.trimEnd - *record.trimStart)};
 }
 
@@ -168,17 +170,17 @@ QList<RecordFact> recordFacts(const DownloadRecord &record,
     const MediaInspection known = inspection.value_or(MediaInspection());
     const TrimLabels trim = trimLabels(record);
     QList<RecordFact> facts = {
-        {u"Name"_s, QFileInfo(record.filePath).fileName(), true, false},
-        {u"Kind"_s, containerLabel(known, record.filePath)},
-        {u"Size"_s, sizeLabel(known, record.filePath)},
-        {u"Dimensions"_s, known.dimensions().value_or(QString()), false, true},
-        {u"Codecs"_s, codecsLabel(known), false, true},
-        {u"Frame rate"_s, frameRateLabel(known)},
-        {u"Bitrate"_s, bitrateLabel(known)},
-        {u"Duration"_s, durationLabel(known, record)},
-        {u"Downloaded"_s, dateTimeText(record.createdAt)},
-        {u"Trim"_s, trim.range},
-        {u"Clip length"_s, trim.length},
+        {InformationBox::tr("Name"), QFileInfo(record.filePath).fileName(), true, false},
+        {InformationBox::tr("Kind"), containerLabel(known, record.filePath)},
+        {InformationBox::tr("Size"), sizeLabel(known, record.filePath)},
+        {InformationBox::tr("Dimensions"), known.dimensions().value_or(QString()), false, true},
+        {InformationBox::tr("Codecs"), codecsLabel(known), false, true},
+        {InformationBox::tr("Frame rate"), frameRateLabel(known)},
+        {InformationBox::tr("Bitrate"), bitrateLabel(known)},
+        {InformationBox::tr("Duration"), durationLabel(known, record)},
+        {InformationBox::tr("Downloaded"), dateTimeText(record.createdAt)},
+        {InformationBox::tr("Trim"), trim.range},
+        {InformationBox::tr("Clip length"), trim.length},
     };
     facts.removeIf([](const RecordFact &fact) { return fact.value.isEmpty(); });
     return facts;
@@ -190,11 +192,13 @@ std::optional<CompatVerdict> compatVerdict(const MediaInspection &inspection)
         return std::nullopt;
     const QString codec = inspection.videoCodec->toLower();
     if (codec.startsWith("h264"_L1) || codec.startsWith("avc"_L1))
-        return CompatVerdict{Pill::Tone::Green, u"checkmark.circle.fill", u"Plays in QuickTime"_s};
+        return CompatVerdict{Pill::Tone::Green, u"checkmark.circle.fill",
+                             InformationBox::tr("Plays in QuickTime")};
     if (codec.startsWith("hevc"_L1) || codec.startsWith("h265"_L1))
-        return CompatVerdict{Pill::Tone::Blue, u"checkmark.circle.fill", u"macOS 10.13+"_s};
+        return CompatVerdict{Pill::Tone::Blue, u"checkmark.circle.fill",
+                             InformationBox::tr("macOS 10.13+")};
     return CompatVerdict{Pill::Tone::Orange, u"exclamationmark.triangle.fill",
-                         u"Needs VLC or IINA"_s};
+                         InformationBox::tr("Needs VLC or IINA")};
 }
 
 namespace {

@@ -238,7 +238,7 @@ QString HistoryListModel::accessibleText(const HistoryEntry &entry) const
 {
     QStringList parts{entry.title, m_dates.text(entry.lastDownloadedAt)};
     if (entry.downloadCount >= 2)
-        parts << tr("downloaded %1 times").arg(entry.downloadCount);
+        parts << tr("downloaded %n times", nullptr, static_cast<int>(entry.downloadCount));
     return parts.join(u", "_s);
 }
 

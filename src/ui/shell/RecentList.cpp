@@ -193,11 +193,13 @@ void RecentList::clear()
 
 QString RecentList::clearMessage() const
 {
-    const qsizetype count = m_store.records().size();
-    return tr("Removes %1 item%2 from this list. Downloaded files are not deleted, and History "
-              "is preserved.")
-        .arg(count)
-        .arg(count == 1 ? QString() : u"s"_s);
+    const auto count = static_cast<int>(m_store.records().size());
+    return count == 1
+        ? tr("Removes 1 item from this list. Downloaded files are not deleted, and History is "
+             "preserved.")
+        : tr("Removes %n items from this list. Downloaded files are not deleted, and History is "
+             "preserved.",
+             nullptr, count);
 }
 
 UndoLine::UndoLine(std::chrono::milliseconds duration, QWidget *parent)

@@ -4,6 +4,7 @@
 #include "core/Logging.h"
 #include "core/media/OutputFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -32,7 +33,8 @@ Conversion::Result Conversion::run(const FfmpegService::FractionHandler &onProgr
     if (range && film) {
         const std::optional<double> end = film->picture ? film->picture : film->whole;
         if (end && range->start >= *end)
-            throw Error(u"The video ends before the time range starts."_s);
+            throw Error(QCoreApplication::translate(
+                "Conversion", "The video ends before the time range starts."));
         range->end = std::min(range->end, film->whole.value_or(range->end));
     }
 
@@ -44,9 +46,11 @@ Conversion::Result Conversion::run(const FfmpegService::FractionHandler &onProgr
             && ((film && film->hasPicture && !written->hasPicture)
                 || written->whole.value_or(0) <= 0);
         if (isEmpty && range)
-            throw Error(u"The video shows nothing in that time range."_s);
+            throw Error(QCoreApplication::translate("Conversion",
+                                                    "The video shows nothing in that time range."));
         if (isEmpty || (!written && film))
-            throw Error(u"ffmpeg wrote a file that does not play."_s);
+            throw Error(QCoreApplication::translate("Conversion",
+                                                    "ffmpeg wrote a file that does not play."));
         if (written)
             length = written->whole;
     };

@@ -19,9 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString downloading = u"Downloading"_s;
-const QString starting = u"Starting…"_s;
-
 /// Throws `Error` unless the path is a non-empty file in the downloads folder. The folder, and a
 /// file of the user's in it, may be symbolic links.
 void checkReported(const QString &path, const QString &folder)
@@ -29,11 +26,12 @@ void checkReported(const QString &path, const QString &folder)
     const QFileInfo file(path);
     const auto refuse = [&](const QString &sentence) { throw Error(sentence.arg(path)); };
     if (file.isRelative() || !file.isFile())
-        refuse(u"yt-dlp says that it saved “%1”, which is no file."_s);
+        refuse(DownloadPipeline::tr("yt-dlp says that it saved “%1”, which is no file."));
     if (QFileInfo(file.path()).canonicalFilePath() != QFileInfo(folder).canonicalFilePath())
-        refuse(u"yt-dlp says that it saved “%1”, which is not in the downloads folder."_s);
+        refuse(DownloadPipeline::tr(
+            "yt-dlp says that it saved “%1”, which is not in the downloads folder."));
     if (file.size() == 0)
-        refuse(u"yt-dlp saved an empty file: “%1”."_s);
+        refuse(DownloadPipeline::tr("yt-dlp saved an empty file: “%1”."));
 }
 
 /// yt-dlp does not say why its ffmpeg failed. Adds that the disk is full where it is.
@@ -43,7 +41,7 @@ QString sentenceFor(const std::exception &failure, const QString &folder)
     QString summary = errorSummary(failure);
     const qint64 bytesFree = QStorageInfo(folder).bytesAvailable();
     if (summary.endsWith("Conversion failed!"_L1) && bytesFree >= 0 && bytesFree < almostNothing)
-        return summary + u" No space is left on the disk."_s;
+        return DownloadPipeline::tr("%1 No space is left on the disk.").arg(summary);
     return summary;
 }
 
@@ -67,8 +65,8 @@ void DownloadPipeline::start(const Job &job)
     m_job.download.records = m_store.records() + otherRecords();
     m_cancelled = false;
     dismissErrorMessage();
-    m_progress = {.status = starting};
-    m_heading = downloading;
+    m_progress = {.status = tr("Starting…")};
+    m_heading = tr("Downloading");
     m_lock.reset();
     m_step = BackgroundTask::start(
         [this, download = m_job.download, purpose = job.shownFormat + u'\n' + job.effectiveTitle](
@@ -108,12 +106,12 @@ std::shared_ptr<VideoLock> DownloadPipeline::acquireLock(const VerifiedDownload 
     const auto onWait = [&] {
         waited = true;
         post([this] {
-            setStage(u"Waiting"_s, u"Another Clipwren is saving this video. Waiting…"_s);
+            setStage(tr("Waiting"), tr("Another Clipwren is saving this video. Waiting…"));
         });
     };
     auto lock = VideoLock::acquire(download.outputDirectory, videoOf(download), onWait, stop);
     if (waited)
-        post([this] { setStage(downloading, starting); });
+        post([this] { setStage(tr("Downloading"), tr("Starting…")); });
     return lock;
 }
 
@@ -156,7 +154,7 @@ void DownloadPipeline::decide(const QString &downloaded)
         return;
     }
     m_progress = {};
-    m_heading = format.conversion ? format.conversionHeading : u"Trimming"_s;
+    m_heading = format.conversion ? tr(format.conversionHeading) : tr("Trimming");
     Q_EMIT processing();
     process(downloaded, format.conversion.value_or(EncodeProfile::h264Mp4()), trim);
 }

@@ -94,7 +94,7 @@ void DownloaderView::fetchInfo(bool retryingLast)
     const QString address = (retryingLast ? m_lastAttemptedURL : m_urlText).trimmed();
     if (address.isEmpty() || !isWebAddress(address)) {
         if (!address.isEmpty()) {
-            m_fetchError = u"Enter a valid http(s) URL"_s;
+            m_fetchError = tr("Enter a valid http(s) URL");
             // No tool ran for this address, so there is no log.
             m_fetchLog.clear();
         }

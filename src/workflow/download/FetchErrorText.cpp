@@ -2,6 +2,8 @@
 
 #include "core/process/ProcessRunner.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace clipwren {
@@ -19,15 +21,20 @@ struct Sentence {
 QString friendlyFetchError(const std::exception &error)
 {
     if (dynamic_cast<const ProcessRunner::TimeoutError *>(&error)) {
-        return u"Timed out after 60 s. YouTube may be rate-limiting — wait a minute and try again."_s;
+        return QCoreApplication::translate(
+            "FetchErrorText",
+            "Timed out after 60 s. YouTube may be rate-limiting — wait a minute and try again.");
     }
-    static const Sentence sentences[] = {
+    const Sentence sentences[] = {
         {{{"Sign in to confirm"_L1, "not a bot"_L1}},
-         u"YouTube wants browser cookies for this video. Try another video, or sign in via Safari "
-         "first."_s},
-        {{{"Private video"_L1, "members-only"_L1}}, u"This video is private or members-only."_s},
+         QCoreApplication::translate("FetchErrorText",
+                                     "YouTube wants browser cookies for this video. Try another "
+                                     "video, or sign in via Safari first.")},
+        {{{"Private video"_L1, "members-only"_L1}},
+         QCoreApplication::translate("FetchErrorText", "This video is private or members-only.")},
         {{{"Video unavailable"_L1, "region"_L1}},
-         u"Video unavailable (may be region-locked or removed)."_s},
+         QCoreApplication::translate("FetchErrorText",
+                                     "Video unavailable (may be region-locked or removed).")},
     };
     const QString description = errorDescription(error);
     for (const Sentence &sentence : sentences) {
@@ -36,7 +43,8 @@ QString friendlyFetchError(const std::exception &error)
                 return sentence.text;
         }
     }
-    return u"Couldn't fetch video info: "_s + errorSummary(error);
+    return QCoreApplication::translate("FetchErrorText", "Couldn't fetch video info: %1")
+        .arg(errorSummary(error));
 }
 
 } // namespace clipwren

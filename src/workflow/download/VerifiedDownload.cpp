@@ -5,6 +5,7 @@
 #include "core/ytdlp/DownloadArguments.h"
 #include "workflow/download/OfferedFormats.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -140,7 +141,9 @@ VerifiedDownload::Result VerifiedDownload::run(const YtDlpService::ProgressHandl
         if (!QFileInfo::exists(path)) {
             Result again = downloadAs(title, onProgress, stop);
             if (again.existedBefore)
-                throw Error(u"Another file is in the way: %1"_s.arg(again.filePath));
+                throw Error(QCoreApplication::translate("VerifiedDownload",
+                                                        "Another file is in the way: %1")
+                                .arg(again.filePath));
             return again;
         }
         if (matches(path, inspected(path)))
@@ -209,7 +212,10 @@ void VerifiedDownload::checkPlayable(const QString &filePath, const std::stop_to
         if (stop.stop_requested())
             throw CancellationError();
         const QString sentence =
-            u"The downloaded file does not play; the disk may have been full: “%1”"_s.arg(filePath);
+            QCoreApplication::translate(
+                "VerifiedDownload",
+                "The downloaded file does not play; the disk may have been full: “%1”")
+                .arg(filePath);
         throw Error(sentence, sentence, failure.toolLog());
     } catch (const std::exception &error) {
         // ffprobe could not be run, which says nothing about the file.

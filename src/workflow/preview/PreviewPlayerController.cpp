@@ -50,7 +50,7 @@ void PreviewPlayerController::followStatus()
         break;
     case MediaPlayer::Status::Failed: {
         const QString failure = m_player->failure();
-        m_loadError = failure.isEmpty() ? u"Preview unavailable"_s : failure;
+        m_loadError = failure.isEmpty() ? tr("Preview unavailable") : failure;
         releasePlayer();
         break;
     }
