@@ -22,6 +22,7 @@ const auto path = u"/org/freedesktop/portal/desktop"_s;
 const auto interface = u"org.freedesktop.portal.Settings"_s;
 const auto appearanceGroup = u"org.freedesktop.appearance"_s;
 const auto gnomeGroup = u"org.gnome.desktop.interface"_s;
+const auto gnomeAccessibilityGroup = u"org.gnome.desktop.a11y.interface"_s;
 
 } // namespace
 
@@ -63,7 +64,7 @@ void DesktopAppearance::ask(QDBusConnection &bus)
     bus.connect(QString(), path, interface, u"SettingChanged"_s, this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto message = QDBusMessage::createMethodCall(service, path, interface, u"ReadAll"_s);
-    message << QStringList{appearanceGroup, gnomeGroup};
+    message << QStringList{appearanceGroup, gnomeGroup, gnomeAccessibilityGroup};
     auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<Settings> reply = *watcher;
@@ -96,6 +97,10 @@ void DesktopAppearance::take(const QString &group, const QString &key, const QVa
         m_prefersDark = scheme == 1 || scheme == 2 ? std::optional(scheme == 1) : std::nullopt;
     } else if (group == appearanceGroup && key == u"reduced-motion"_s) {
         m_reducedMotion = value.toUInt() == 1;
+    } else if (group == appearanceGroup && key == u"contrast"_s) {
+        m_highContrast = value.toUInt() == 1;
+    } else if (group == gnomeAccessibilityGroup && key == u"high-contrast"_s) {
+        m_gnomeHighContrast = value.toBool();
     } else if (group == gnomeGroup && key == u"enable-animations"_s) {
         m_animations = value.toBool();
     }

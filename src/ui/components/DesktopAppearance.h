@@ -14,8 +14,8 @@ namespace clipwren {
 
 /// What the desktop's settings say about colours and motion, read from its portal.
 ///
-/// Never blocks: until the answer comes, and where there is no portal, nothing is known and
-/// motion is not reduced. User-interface thread only.
+/// Never blocks: until the answer comes, and where there is no portal, nothing is known, motion is
+/// not reduced and contrast is not raised. User-interface thread only.
 class DesktopAppearance : public QObject {
     Q_OBJECT
 public:
@@ -28,6 +28,7 @@ public:
     /// Absent while the desktop names no preference.
     std::optional<bool> prefersDark() const { return m_prefersDark; }
     bool reducedMotion() const { return m_reducedMotion.value_or(!m_animations); }
+    bool highContrast() const { return m_highContrast || m_gnomeHighContrast; }
 
 Q_SIGNALS:
     void changed();
@@ -44,6 +45,8 @@ private: // NOLINT(readability-redundant-access-specifiers): no slots
     std::optional<bool> m_prefersDark;
     std::optional<bool> m_reducedMotion;
     bool m_animations = true;
+    bool m_highContrast = false;
+    bool m_gnomeHighContrast = false;
 };
 
 } // namespace clipwren

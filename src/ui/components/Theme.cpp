@@ -8,6 +8,7 @@
 #include <QPalette>
 
 #include <array>
+#include <utility>
 
 namespace clipwren {
 
@@ -134,6 +135,29 @@ const TextRow &rowOf(TextStyle style)
     return textRows[static_cast<std::size_t>(style)];
 }
 
+/// What takes the place of a colour that is meant to be unobtrusive.
+Color withHighContrast(Color color)
+{
+    switch (color) {
+    case Color::Secondary:
+    case Color::Tertiary:
+    case Color::FocusRing:
+        return Color::Text;
+    case Color::CardBorder:
+    case Color::Separator:
+    case Color::ButtonBorder:
+    case Color::SwitchOff:
+        return Color::Secondary;
+    case Color::OnAccentSecondary:
+        return Color::OnAccent;
+    case Color::OnVideoSecondary:
+    case Color::OnVideoFaint:
+        return Color::OnVideo;
+    default:
+        return color;
+    }
+}
+
 Theme *currentTheme = nullptr;
 
 } // namespace
@@ -170,6 +194,8 @@ void Theme::follow(const DesktopAppearance &desktop)
             ? std::optional(*desktop.prefersDark() ? Scheme::Dark : Scheme::Light)
             : std::nullopt;
         m_desktopReducedMotion = desktop.reducedMotion();
+        if (std::exchange(m_highContrast, desktop.highContrast()) != m_highContrast)
+            recolor();
         update();
     };
     connect(&desktop, &DesktopAppearance::changed, this, take);
@@ -198,13 +224,18 @@ void Theme::update()
     if (scheme == m_scheme)
         return;
     m_scheme = scheme;
+    recolor();
+}
+
+void Theme::recolor()
+{
     setApplicationPalette();
     Q_EMIT changed();
 }
 
 QColor Theme::color(Color color) const
 {
-    return Theme::color(color, m_scheme);
+    return Theme::color(m_highContrast ? withHighContrast(color) : color, m_scheme);
 }
 
 QColor Theme::color(Color color, Scheme scheme)

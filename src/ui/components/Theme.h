@@ -102,7 +102,7 @@ public:
     /// The theme of this application. One must live.
     static Theme &current();
 
-    /// Takes scheme and reduced motion from the desktop from now on, as it tells them.
+    /// Takes scheme, contrast and reduced motion from the desktop from now on, as it tells them.
     void follow(const DesktopAppearance &desktop);
     /// Keeps a scheme whatever the desktop says; none follows the desktop again.
     void forceScheme(std::optional<Scheme> scheme);
@@ -124,10 +124,12 @@ Q_SIGNALS:
 
 private:
     void update();
+    void recolor();
     void setApplicationPalette() const;
 
     Scheme m_paletteScheme;
     Scheme m_scheme;
+    bool m_highContrast = false;
     std::optional<Scheme> m_desktopScheme;
     std::optional<Scheme> m_forcedScheme;
     bool m_desktopReducedMotion = false;

@@ -114,6 +114,32 @@ TEST(ThemeTest, followsTheDesktopWhileTheWindowIsOpen)
     }
 }
 
+TEST(ThemeTest, raisesTheContrastWhereTheDesktopAsksForIt)
+{
+    const auto accessibility = u"org.gnome.desktop.a11y.interface"_s;
+    test::FakePortal portal({{accessibility, {{u"high-contrast"_s, true}}}});
+    const DesktopAppearance desktop(portal.busAddress());
+    Theme &theme = Theme::current();
+    theme.follow(desktop);
+    const auto becomes = [&](bool high) {
+        return QTest::qWaitFor([&] {
+            const bool isHigh = theme.color(Color::Tertiary) == theme.color(Color::Text);
+            return isHigh == high
+                && QApplication::palette().color(QPalette::PlaceholderText)
+                == theme.color(Color::Tertiary);
+        });
+    };
+    EXPECT_TRUE(becomes(true));
+    for (const Color line : {Color::CardBorder, Color::Separator, Color::ButtonBorder})
+        EXPECT_GE(contrast(theme.color(line), theme.color(Color::Background)), 4.5);
+    portal.change(accessibility, u"high-contrast"_s, false);
+    EXPECT_TRUE(becomes(false));
+    portal.change(appearance, u"contrast"_s, 1U);
+    EXPECT_TRUE(becomes(true));
+    portal.change(appearance, u"contrast"_s, 0U);
+    EXPECT_TRUE(becomes(false));
+}
+
 TEST(DesktopAppearanceTest, motionIsReducedBySettingOrByAnimationsTurnedOff)
 {
     const auto gnome = u"org.gnome.desktop.interface"_s;
