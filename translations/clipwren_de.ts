@@ -543,10 +543,6 @@
         <source>Version %1</source>
         <translation>Version %1</translation>
     </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
 </context>
 <context>
     <name>clipwren::AddressField</name>
@@ -950,6 +946,13 @@
     </message>
 </context>
 <context>
+    <name>clipwren::InformationDialog</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>clipwren::Label</name>
     <message>
         <source>Copy</source>
@@ -1330,10 +1333,6 @@
     <message>
         <source>Keyboard Shortcuts</source>
         <translation>Tastenkürzel</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
     </message>
 </context>
 <context>

@@ -10,6 +10,6 @@ Q_DECLARE_LOGGING_CATEGORY(processLog) ///< clipwren.process: each tool's start 
 Q_DECLARE_LOGGING_CATEGORY(libraryLog) ///< clipwren.library
 Q_DECLARE_LOGGING_CATEGORY(playerLog) ///< clipwren.player
 Q_DECLARE_LOGGING_CATEGORY(networkLog) ///< clipwren.network
-Q_DECLARE_LOGGING_CATEGORY(desktopLog) ///< clipwren.desktop: appearance, sound
+Q_DECLARE_LOGGING_CATEGORY(desktopLog) ///< clipwren.desktop: what the desktop does for us
 
 } // namespace clipwren

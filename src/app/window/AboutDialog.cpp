@@ -2,11 +2,9 @@
 
 #include "core/process/ToolEnvironment.h"
 #include "core/ytdlp/DownloaderAge.h"
-#include "ui/components/Button.h"
 #include "ui/components/Label.h"
 
 #include <QFormLayout>
-#include <QPainter>
 #include <QVBoxLayout>
 
 namespace clipwren {
@@ -28,18 +26,13 @@ QString versionText(const ToolEnvironment::Tool &tool, const QDate &today)
 } // namespace
 
 AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent, const QDate &today)
-    : QDialog(parent)
+    : InformationDialog(tr("About Clipwren"), u"Clipwren"_s, 6, parent)
 {
-    setWindowTitle(tr("About Clipwren"));
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(28, 24, 28, 20);
-    column->setSpacing(6);
-    column->addWidget(new Label(Theme::TextStyle::Heading, Theme::Color::Text, u"Clipwren"_s));
     auto *version = new Label(Theme::TextStyle::Callout, Theme::Color::Secondary,
                               tr("Version %1").arg(QLatin1StringView(CLIPWREN_VERSION)));
     version->setSelectable(true);
-    column->addWidget(version);
-    column->addSpacing(12);
+    column()->addWidget(version);
+    column()->addSpacing(12);
 
     auto *form = new QFormLayout;
     form->setHorizontalSpacing(24);
@@ -50,19 +43,10 @@ AboutDialog::AboutDialog(const ToolEnvironment &tools, QWidget *parent, const QD
         value->setSelectable(true);
         form->addRow(new Label(Theme::TextStyle::Label, Theme::Color::Text, tool.name), value);
     }
-    column->addLayout(form);
-    column->addSpacing(16);
+    column()->addLayout(form);
+    column()->addSpacing(16);
 
-    auto *close = new Button(Button::Style::Bordered, tr("Close"));
-    connect(close, &Button::clicked, this, &QDialog::accept);
-    close->setFocus();
-    column->addWidget(close, 0, Qt::AlignRight);
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
-}
-
-void AboutDialog::paintEvent(QPaintEvent *)
-{
-    QPainter(this).fillRect(rect(), Theme::current().color(Theme::Color::Background));
+    addCloseButton();
 }
 
 } // namespace clipwren

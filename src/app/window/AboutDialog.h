@@ -1,7 +1,8 @@
 #pragma once
 
+#include "app/window/InformationDialog.h"
+
 #include <QDate>
-#include <QDialog>
 
 namespace clipwren {
 
@@ -9,16 +10,13 @@ class ToolEnvironment;
 
 /// Names the application, its version, and the tools it found with theirs, and the age of yt-dlp,
 /// which has to be young.
-class AboutDialog : public QDialog {
+class AboutDialog : public InformationDialog {
     Q_OBJECT
 
 public:
     /// `tools` must outlive the dialog.
     explicit AboutDialog(const ToolEnvironment &tools, QWidget *parent = nullptr,
                          const QDate &today = QDate::currentDate());
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
 };
 
 } // namespace clipwren

@@ -1,11 +1,9 @@
 #include "app/window/ShortcutsDialog.h"
 
-#include "ui/components/Button.h"
 #include "ui/components/Label.h"
 
 #include <QGridLayout>
 #include <QKeySequence>
-#include <QPainter>
 #include <QVBoxLayout>
 
 namespace clipwren {
@@ -96,30 +94,16 @@ QLayout *makeColumn(const QList<Group> &groups)
 
 } // namespace
 
-ShortcutsDialog::ShortcutsDialog(QWidget *parent) : QDialog(parent)
+ShortcutsDialog::ShortcutsDialog(QWidget *parent)
+    : InformationDialog(tr("Keyboard Shortcuts"), tr("Keyboard Shortcuts"), 16, parent)
 {
-    setWindowTitle(tr("Keyboard Shortcuts"));
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(28, 24, 28, 20);
-    column->setSpacing(16);
-    column->addWidget(
-        new Label(Theme::TextStyle::Heading, Theme::Color::Text, tr("Keyboard Shortcuts")));
     auto *groups = new QHBoxLayout;
     groups->setSpacing(40);
     groups->addLayout(makeColumn(windowGroups()));
     groups->addLayout(makeColumn(videoGroups()));
-    column->addLayout(groups);
+    column()->addLayout(groups);
 
-    auto *close = new Button(Button::Style::Bordered, tr("Close"));
-    connect(close, &Button::clicked, this, &QDialog::accept);
-    close->setFocus();
-    column->addWidget(close, 0, Qt::AlignRight);
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
-}
-
-void ShortcutsDialog::paintEvent(QPaintEvent *)
-{
-    QPainter(this).fillRect(rect(), Theme::current().color(Theme::Color::Background));
+    addCloseButton();
 }
 
 } // namespace clipwren

@@ -1,18 +1,15 @@
 #pragma once
 
-#include <QDialog>
+#include "app/window/InformationDialog.h"
 
 namespace clipwren {
 
 /// Lists what the keyboard does.
-class ShortcutsDialog : public QDialog {
+class ShortcutsDialog : public InformationDialog {
     Q_OBJECT
 
 public:
     explicit ShortcutsDialog(QWidget *parent = nullptr);
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
 };
 
 } // namespace clipwren
