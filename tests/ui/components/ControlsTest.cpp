@@ -3,6 +3,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/Picker.h"
 #include "ui/components/Progress.h"
+#include "ui/components/ScrollPane.h"
 #include "ui/components/Switch.h"
 
 #include <QAccessible>
@@ -145,6 +146,14 @@ TEST(LinearProgressTest, staysInItsRangeWhateverItIsGiven)
         bar.setFraction(fraction);
         EXPECT_EQ(bar.value(), value);
     }
+}
+
+TEST(ScrollPane, answersAnAssistiveToolThatAsksForAScrollBarWhichHasGone)
+{
+    ScrollPane pane(new QWidget, 100);
+    const QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&pane);
+    EXPECT_NE(seen->child(0), nullptr);
+    EXPECT_EQ(seen->child(seen->childCount()), nullptr);
 }
 
 } // namespace
