@@ -16,8 +16,8 @@ class PlayerPane;
 /// Plays one file, in its place or in full screen.
 ///
 /// Shows the first frame until somebody plays it. The picture can be dragged into other programs,
-/// which get the file. Hidden, it pauses, leaves full screen and keeps
-/// its position. Hidden behind another window or minimised, it plays on.
+/// which get the file. Hidden, it pauses, leaves full screen and keeps its position. Hidden behind
+/// another window or minimised, it plays on.
 class SafeVideoPlayer : public QWidget {
     Q_OBJECT
 public:

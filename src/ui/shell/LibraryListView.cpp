@@ -302,10 +302,11 @@ ListFooter::ListFooter(const LibraryListModel &model, LibraryListView &view, Ico
     column->addLayout(row);
 
     const auto render = [this, &model, &view, count] {
-        if (model.itemCount() == 0)
+        const bool isOffered = model.itemCount() > 0 && !model.isFiltered();
+        if (!isOffered)
             passFocus(*this, view.newDownload());
         count->setText(QString::number(model.itemCount()));
-        setVisible(model.itemCount() > 0);
+        setVisible(isOffered);
     };
     connect(&model, &LibraryListModel::itemsChanged, this, render);
     render();

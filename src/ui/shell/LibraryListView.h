@@ -85,7 +85,8 @@ private:
     int m_spinnerDegrees = 0;
 };
 
-/// The bar below a list: a button that clears it, and how many items it has. Hidden without any.
+/// The bar below a list: a button that clears it, and how many items it has. Hidden without any,
+/// and while the list is filtered: clearing takes the items that are not shown, too.
 class ListFooter : public QWidget {
     Q_OBJECT
 

@@ -108,11 +108,13 @@ TEST_F(RecentListTest, filtersBothListsByTitle)
 
     sidebar.setTab(SidebarView::Tab::history);
     EXPECT_EQ(titles(), QStringList{u"Tide"_s});
+    EXPECT_EQ(shown<QWidget>(sidebar, u"Clear History"_s), nullptr) << "it would take all";
     field->setFocus();
     QTest::keyClick(field, Qt::Key_Escape);
     EXPECT_EQ(titles(), (QStringList{u"Harbour"_s, u"Tide"_s}));
     EXPECT_FALSE(field->isVisible());
     EXPECT_TRUE(list().hasFocus());
+    EXPECT_NE(shown<QWidget>(sidebar, u"Clear History"_s), nullptr);
     sidebar.setTab(SidebarView::Tab::recent);
     EXPECT_EQ(titles(), (QStringList{u"Harbour"_s, u"Tide clock"_s}));
 }
