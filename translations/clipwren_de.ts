@@ -708,6 +708,14 @@
         <source>Trimming</source>
         <translation>Wird geschnitten</translation>
     </message>
+    <message>
+        <source>Download complete</source>
+        <translation>Download fertig</translation>
+    </message>
+    <message>
+        <source>Download failed</source>
+        <translation>Download fehlgeschlagen</translation>
+    </message>
 </context>
 <context>
     <name>clipwren::DownloaderScreen</name>
@@ -773,14 +781,6 @@
     <message>
         <source>Enter a valid http(s) URL</source>
         <translation>Geben Sie eine gültige http(s)-Adresse ein</translation>
-    </message>
-    <message>
-        <source>Download complete</source>
-        <translation>Download fertig</translation>
-    </message>
-    <message>
-        <source>Download failed</source>
-        <translation>Download fehlgeschlagen</translation>
     </message>
 </context>
 <context>

@@ -54,8 +54,8 @@ QString videoOf(const VerifiedDownload &download)
 
 } // namespace
 
-DownloadPipeline::DownloadPipeline(DownloadStore &store, HistoryStore &history)
-    : m_store(store), m_history(history)
+DownloadPipeline::DownloadPipeline(DownloadStore &store, HistoryStore &history, Desktop &desktop)
+    : m_store(store), m_history(history), m_desktop(desktop)
 {
 }
 
@@ -68,6 +68,7 @@ void DownloadPipeline::start(const Job &job)
     m_progress = {.status = tr("Starting…")};
     m_heading = tr("Downloading");
     m_lock.reset();
+    m_activity = m_desktop.beginActivity();
     m_step = BackgroundTask::start(
         [this, download = m_job.download, purpose = job.shownFormat + u'\n' + job.effectiveTitle](
             const std::stop_token &stop, const BackgroundTask::Post &post) {
@@ -125,6 +126,7 @@ void DownloadPipeline::drop()
 {
     m_step = BackgroundTask();
     m_lock.reset();
+    m_activity.reset();
 }
 
 void DownloadPipeline::dismissErrorMessage()
@@ -234,12 +236,15 @@ void DownloadPipeline::record(const QString &filePath, const std::optional<TrimR
     removeIntermediates(filePath);
     m_history.recordDownload(record.sourceURL, title, record.thumbnailURL, record.durationSeconds);
     m_progress = {.fraction = 1};
+    m_activity.reset();
+    m_desktop.notify({tr("Download complete"), record.title, record.filePath});
     Q_EMIT recorded(record.id);
 }
 
 void DownloadPipeline::fail(const std::exception_ptr &error)
 {
     m_lock.reset();
+    m_activity.reset();
     try {
         std::rethrow_exception(error);
     } catch (const CancellationError &cancellation) {
@@ -249,6 +254,7 @@ void DownloadPipeline::fail(const std::exception_ptr &error)
         m_errorLog = toolLogOf(failure);
         if (m_errorLog->text.isEmpty())
             m_errorLog->text = errorDescription(failure);
+        m_desktop.notify({tr("Download failed"), *m_errorMessage});
     }
     Q_EMIT failed();
 }
@@ -262,6 +268,8 @@ void DownloadPipeline::setStage(const QString &heading, const QString &status)
 void DownloadPipeline::setProgress(const DownloadProgress &progress)
 {
     m_progress = progress;
+    if (m_activity)
+        m_activity->setProgress(progress.fraction);
     Q_EMIT progressed();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/tasks/BackgroundTask.h"
+#include "platform/desktop/Desktop.h"
 #include "workflow/download/Conversion.h"
 #include "workflow/download/VerifiedDownload.h"
 #include "workflow/download/VideoLock.h"
@@ -19,7 +20,7 @@ class DownloadStore;
 class HistoryStore;
 
 /// From an address to the recorded file: download, decide what has to follow, cut or convert,
-/// record.
+/// record. The desktop is told of progress and end.
 ///
 /// Lives on the user-interface thread, which no step blocks. One job at a time. Destroying the
 /// pipeline stops the running tool and silences it. No two processes save one video at a time.
@@ -39,7 +40,8 @@ public:
         std::function<std::optional<TrimRange>()> trimToApply;
     };
 
-    DownloadPipeline(DownloadStore &store, HistoryStore &history);
+    /// What is given must outlive this.
+    DownloadPipeline(DownloadStore &store, HistoryStore &history, Desktop &desktop);
 
     /// After any number of `progressed`, and of `processing` at most one, exactly one of `recorded`
     /// and `failed` follows as the last thing.
@@ -96,6 +98,8 @@ private:
 
     DownloadStore &m_store;
     HistoryStore &m_history;
+    Desktop &m_desktop;
+    std::unique_ptr<Desktop::Activity> m_activity; ///< while a job runs
     Job m_job;
     DownloadProgress m_progress;
     QString m_heading;

@@ -1,14 +1,12 @@
 #include "workflow/download/DownloaderView.h"
 
 #include "core/Logging.h"
-#include "core/library/DownloadStore.h"
 #include "core/process/ToolEnvironment.h"
 #include "core/text/BoundedText.h"
 #include "core/text/SingleLine.h"
 #include "core/ytdlp/DownloaderAge.h"
 #include "workflow/download/FetchErrorText.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace clipwren {
@@ -29,15 +27,11 @@ DownloaderView::DownloaderView(const ApplicationContext &context,
                                std::function<void(QUuid)> onCompleted, QObject *parent)
     : QObject(parent), m_context(context), m_onCompleted(std::move(onCompleted)),
       m_format(context.preferences, context.format), m_preview(context.makePlayer),
-      m_pipeline(context.store, context.history)
+      m_pipeline(context.store, context.history, context.desktop)
 {
     // A version that arrives later may add the hint on an outdated yt-dlp.
     connect(&context.tools, &ToolEnvironment::changed, this, &DownloaderView::changed);
-    connect(&m_pipeline, &DownloadPipeline::progressed, this, [this] {
-        if (m_activity)
-            m_activity->setProgress(downloadProgress());
-        Q_EMIT changed();
-    });
+    connect(&m_pipeline, &DownloadPipeline::progressed, this, &DownloaderView::changed);
     connect(&m_pipeline, &DownloadPipeline::processing, this, [this] {
         m_phase = Phase::processing;
         Q_EMIT changed();
@@ -60,7 +54,7 @@ void DownloaderView::leave()
     m_context.pendingFetch.disconnect(this);
     m_lookup = BackgroundTask();
     m_previewLookup = BackgroundTask();
-    dropDownload();
+    m_pipeline.drop();
     m_preview.unload();
 }
 
@@ -113,14 +107,14 @@ void DownloaderView::returnToInput()
 {
     // Silences the cancelled look-up.
     m_lookup = BackgroundTask();
-    dropDownload();
+    m_pipeline.drop();
     m_phase = Phase::input;
     Q_EMIT changed();
 }
 
 void DownloaderView::startLookup(const QString &address)
 {
-    dropDownload();
+    m_pipeline.drop();
     // The previous video must not stay on screen when this one has no preview.
     m_previewLookup = BackgroundTask();
     m_preview.unload();
@@ -300,11 +294,6 @@ void DownloaderView::setCustomTitle(const QString &title)
     Q_EMIT changed();
 }
 
-void DownloaderView::resetCustomTitle()
-{
-    setCustomTitle(m_title.original());
-}
-
 void DownloaderView::setOutputFormatRaw(const QString &rawValue)
 {
     m_format.setRawValue(rawValue);
@@ -341,7 +330,6 @@ void DownloaderView::start()
     m_preview.unload();
     const DownloadPipeline::Job job = downloadJob();
     m_attempts.add(m_context.downloadDirectory);
-    m_activity = m_context.desktop.beginActivity();
     m_pipeline.start(job);
     Q_EMIT changed();
 }
@@ -378,13 +366,8 @@ std::optional<TrimRange> DownloaderView::trimToApply(OutputFormat format) const
 void DownloaderView::downloadRecorded(const QUuid &recordId)
 {
     m_phase = Phase::done;
-    m_activity.reset();
     Q_EMIT changed();
     m_context.desktop.playCompletionSound();
-    const QList<DownloadRecord> &records = m_context.store.records();
-    const auto record = std::ranges::find(records, recordId, &DownloadRecord::id);
-    if (record != records.end())
-        m_context.desktop.notify({tr("Download complete"), record->title, record->filePath});
     if (m_onCompleted)
         m_onCompleted(recordId);
 }
@@ -392,18 +375,8 @@ void DownloaderView::downloadRecorded(const QUuid &recordId)
 void DownloaderView::downloadFailed()
 {
     m_phase = Phase::ready;
-    m_activity.reset();
     reloadPreview();
     Q_EMIT changed();
-    // A cancellation is no failure.
-    if (errorLog())
-        m_context.desktop.notify({tr("Download failed"), errorMessage().value_or(QString())});
-}
-
-void DownloaderView::dropDownload()
-{
-    m_pipeline.drop();
-    m_activity.reset();
 }
 
 void DownloaderView::showErrorLog()

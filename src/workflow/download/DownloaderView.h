@@ -3,7 +3,6 @@
 #include "core/formats/FormatOption.h"
 #include "core/tasks/BackgroundTask.h"
 #include "core/ytdlp/VideoInfo.h"
-#include "platform/desktop/Desktop.h"
 #include "workflow/ApplicationContext.h"
 #include "workflow/download/DownloadPipeline.h"
 #include "workflow/download/FileTitle.h"
@@ -21,7 +20,6 @@
 
 #include <chrono>
 #include <functional>
-#include <memory>
 #include <optional>
 
 namespace clipwren {
@@ -86,7 +84,7 @@ public:
     QString customTitle() const { return m_title.custom; }
     /// Replaces line breaks by blanks; truncates to `longestTitle`.
     void setCustomTitle(const QString &title);
-    void resetCustomTitle();
+    void resetCustomTitle() { setCustomTitle(m_title.original()); }
     /// The stored raw value of the output format, whatever it is.
     QString outputFormatRaw() const { return m_format.rawValue(); }
     void setOutputFormatRaw(const QString &rawValue);
@@ -151,7 +149,6 @@ private:
     std::optional<TrimRange> trimToApply(OutputFormat format) const;
     void downloadRecorded(const QUuid &recordId);
     void downloadFailed();
-    void dropDownload();
 
     ApplicationContext m_context;
     std::function<void(QUuid)> m_onCompleted;
@@ -176,8 +173,6 @@ private:
     double m_trimStart = 0;
     double m_trimEnd = 0;
     bool m_rangeIsOfThisVideo = false; ///< not of the previously looked-up one
-
-    std::unique_ptr<Desktop::Activity> m_activity; ///< while a download runs
 
     // Declared last, so that background work is destroyed before the members it reports to.
     BackgroundTask m_lookup;
