@@ -1,7 +1,6 @@
 #include "app/window/AboutDialog.h"
 #include "app/window/ShortcutsDialog.h"
 #include "e2e/window/WindowFixture.h"
-#include "support/FakeDownloader.h"
 #include "support/LibraryFixture.h"
 #include "support/Widgets.h"
 #include "ui/components/Menu.h"
@@ -75,8 +74,6 @@ protected:
     {
         return QTest::qWaitFor([&] { return downloader().phase() == phase; }, 20'000);
     }
-
-    FakeDownloader fake;
 
 private:
     BracketTranslator m_translator;

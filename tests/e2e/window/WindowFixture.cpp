@@ -1,5 +1,6 @@
 #include "e2e/window/WindowFixture.h"
 
+#include "support/LibraryFixture.h"
 #include "support/Widgets.h"
 #include "ui/player/SafeVideoPlayer.h"
 
@@ -68,6 +69,29 @@ void WindowFixture::click(const QString &name)
     ASSERT_TRUE(QTest::qWaitFor([&] { return target->isEnabled(); }, 20'000)) << name.toStdString();
     QTest::mouseClick(target, Qt::LeftButton, Qt::NoModifier,
                       QPoint(std::min(target->width() / 2, 14), target->height() / 2));
+}
+
+void WindowFixture::startDownload(const QString &script)
+{
+    // Not for being asked its version.
+    fake.onDownload(u"test -z \"$template\" || "_s + script);
+    open({fake.tools.directory()});
+    window().content().lookUp(u"https://site.example/1"_s);
+    QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
+    QTest::keyClick(await(u"Download"_s), Qt::Key_Space);
+}
+
+DownloadRecord WindowFixture::addRecord(const QString &title)
+{
+    DownloadRecord record = bareRecord(title);
+    store.add(record);
+    return record;
+}
+
+void WindowFixture::chooseForLastRow(LibraryListView &list, const QString &item)
+{
+    openRowMenu(list, list.model()->rowCount() - 1);
+    chooseFromMenu(item);
 }
 
 } // namespace clipwren::test

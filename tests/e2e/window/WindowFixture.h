@@ -5,8 +5,12 @@
 #include "core/library/HistoryStore.h"
 #include "core/process/ToolEnvironment.h"
 #include "platform/media/PlayerModule.h"
+#include "support/FakeDownloader.h"
 #include "support/RecordingDesktop.h"
 #include "support/SampleSite.h"
+#include "ui/shell/HistoryList.h"
+#include "ui/shell/LibraryListView.h"
+#include "ui/shell/RecentList.h"
 
 #include <QTemporaryDir>
 
@@ -39,7 +43,15 @@ protected:
     bool awaitText(const QString &part) const;
     void click(const QString &name);
 
+    /// Opens it over fake tools, up to a download, which takes as long as its script.
+    void startDownload(const QString &script);
+    DownloadRecord addRecord(const QString &title);
+    LibraryListView &recents() { return window().content().sidebar().recentList().view(); }
+    LibraryListView &historyRows() { return window().content().sidebar().historyList().view(); }
+    static void chooseForLastRow(LibraryListView &list, const QString &item);
+
     SampleSite site;
+    FakeDownloader fake;
     QTemporaryDir m_folder;
     DownloadStore store{m_folder.filePath(u"library"_s)};
     HistoryStore history{m_folder.filePath(u"library"_s)};

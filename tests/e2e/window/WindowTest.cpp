@@ -1,18 +1,12 @@
 #include "app/window/AboutDialog.h"
-#include "app/window/ShortcutsDialog.h"
 #include "app/window/WindowPlacement.h"
 #include "core/media/FfmpegService.h"
 #include "e2e/window/WindowFixture.h"
 #include "platform/system/SystemDesktop.h"
-#include "support/FakeDownloader.h"
-#include "support/LibraryFixture.h"
 #include "support/Widgets.h"
 #include "ui/components/ConfirmationDialog.h"
 #include "ui/components/Slider.h"
 #include "ui/player/SafeVideoPlayer.h"
-#include "ui/shell/HistoryList.h"
-#include "ui/shell/LibraryListView.h"
-#include "ui/shell/RecentList.h"
 
 #include <QComboBox>
 #include <QDropEvent>
@@ -20,7 +14,6 @@
 #include <QFocusFrame>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QSplitter>
@@ -34,32 +27,6 @@ using namespace Qt::StringLiterals;
 
 class WindowTest : public WindowFixture {
 protected:
-    DownloadRecord addRecord(const QString &title)
-    {
-        DownloadRecord record = bareRecord(title);
-        store.add(record);
-        return record;
-    }
-    LibraryListView *recents() { return &window().content().sidebar().recentList().view(); }
-    LibraryListView *historyRows() { return &window().content().sidebar().historyList().view(); }
-
-    /// Over fake tools, up to a download, which takes as long as its script.
-    void startDownload(const QString &script)
-    {
-        // Not for being asked its version.
-        fake.onDownload(u"test -z \"$template\" || "_s + script);
-        open({fake.tools.directory()});
-        window().content().lookUp(u"https://site.example/1"_s);
-        QTest::keyClick(await(u"Continue"_s), Qt::Key_Return);
-        QTest::keyClick(await(u"Download"_s), Qt::Key_Space);
-    }
-
-    static void chooseForLastRow(LibraryListView *list, const QString &item)
-    {
-        openRowMenu(*list, list->model()->rowCount() - 1);
-        chooseFromMenu(item);
-    }
-
     /// Drags a handle of the trim slider sideways.
     void dragHandle(const QString &name, int pixels)
     {
@@ -76,23 +43,6 @@ protected:
         QApplication::sendEvent(slider, &move);
         QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, to);
     }
-
-    /// Goes to where the keyboard is at something of that name.
-    void tabTo(const QString &name)
-    {
-        await(name);
-        for (int stop = 0; stop < 40 && nameOf(*window().focusWidget()) != name; ++stop)
-            press(Qt::Key_Tab);
-        ASSERT_EQ(nameOf(*window().focusWidget()), name);
-    }
-    /// Presses the key where the keyboard is.
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QWidget *const menu = QApplication::activePopupWidget();
-        QTest::keyClick(menu ? menu : window().focusWidget(), key, modifiers);
-    }
-
-    FakeDownloader fake;
 };
 
 TEST(SystemDesktop, copiesAndPastesText)
@@ -177,36 +127,6 @@ TEST_F(WindowTest, takesAVideoFromTheAddressToTheLibraryAndBack)
     EXPECT_TRUE(QFile::exists(record.filePath));
 }
 
-TEST_F(WindowTest, theWholeWayCanBeGoneByTheKeyboardAlone)
-{
-    open();
-    tabTo(u"Video address"_s);
-    QTest::keyClicks(window().focusWidget(), site.address(u"/watch?v=tide-clock-01"_s));
-    press(Qt::Key_Return);
-    tabTo(u"Continue"_s);
-    press(Qt::Key_Return);
-    tabTo(u"Trim before saving"_s);
-    press(Qt::Key_Space);
-    tabTo(u"End"_s);
-    press(Qt::Key_PageDown);
-    press(Qt::Key_Return, Qt::ControlModifier);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return store.records().size() == 1; }, 120'000));
-    const DownloadRecord record = store.records().first();
-    EXPECT_LT(record.trimEnd.value_or(0), 12);
-    EXPECT_GT(record.trimEnd.value_or(0), 0);
-
-    tabTo(u"Recent downloads"_s);
-    press(Qt::Key_F10, Qt::ShiftModifier);
-    for (int entry = 0; entry < 3; ++entry)
-        press(Qt::Key_Down);
-    press(Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return store.records().first().filePath.contains(u"— QT.mp4"_s); }, 60'000));
-    press(Qt::Key_Delete);
-    EXPECT_TRUE(store.records().isEmpty());
-    EXPECT_TRUE(QFile::exists(record.filePath));
-}
-
 TEST_F(WindowTest, setUpLastsUntilTheToolsAreThere)
 {
     FakeTools folder;
@@ -218,38 +138,12 @@ TEST_F(WindowTest, setUpLastsUntilTheToolsAreThere)
     await(u"One-time setup"_s);
     EXPECT_TRUE(awaitText(u"Not installed"_s));
     EXPECT_TRUE(awaitText(u"7.0.1"_s));
-    QTest::mouseClick(recents()->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      recents()->visualRect(recents()->model()->index(1, 0)).center());
+    QTest::mouseClick(recents().viewport(), Qt::LeftButton, Qt::NoModifier,
+                      recents().visualRect(recents().model()->index(1, 0)).center());
     EXPECT_EQ(window().content().selection().selectedID(), record.id);
     folder.add(u"ffprobe"_s, u"exit 1"_s);
     QTest::keyClick(&window(), Qt::Key_R, Qt::ControlModifier);
     EXPECT_TRUE(awaitText(u"File no longer at expected location"_s));
-}
-
-TEST_F(WindowTest, theKeyboardStaysInTheListThatItWalksThrough)
-{
-    for (const QString &title : {u"First"_s, u"Second [*] of 3"_s, u"Third"_s})
-        addRecord(title);
-    open();
-    recents()->setFocus();
-    QTest::keyClick(recents(), Qt::Key_Down);
-    ASSERT_TRUE(window().content().selection().selectedID());
-    EXPECT_EQ(window().windowHandle()->title(), u"Second [*] of 3"_s);
-    EXPECT_EQ(window().focusWidget(), recents());
-    QTest::keyClick(window().focusWidget(), Qt::Key_Down);
-    EXPECT_EQ(window().windowTitle(), u"First"_s);
-    EXPECT_EQ(window().focusWidget(), recents());
-    // Back at the downloader, which would take the next one for a key of its own.
-    QTest::keyClick(window().focusWidget(), Qt::Key_Delete);
-    EXPECT_EQ(store.records().size(), 2);
-    EXPECT_EQ(window().windowTitle(), u"New Download"_s);
-    EXPECT_EQ(window().focusWidget(), recents());
-    QTest::keyClick(window().focusWidget(), Qt::Key_Up);
-    QTest::keyClick(window().focusWidget(), Qt::Key_Return);
-    EXPECT_NE(window().windowTitle(), u"New Download"_s);
-
-    click(u"New Download"_s);
-    EXPECT_EQ(window().focusWidget(), await(u"Video address"_s));
 }
 
 TEST_F(WindowTest, clicksLeaveNoFocusRingWhereNobodyWas)
@@ -264,7 +158,7 @@ TEST_F(WindowTest, clicksLeaveNoFocusRingWhereNobodyWas)
     };
     click(u"History"_s);
     // Not the pane's title, which says the same.
-    QTest::mouseClick(&historyRows()->newDownload(), Qt::LeftButton);
+    QTest::mouseClick(&historyRows().newDownload(), Qt::LeftButton);
     expectNoRing();
     click(u"History"_s);
     click(u"Clear History"_s);
@@ -289,20 +183,20 @@ TEST_F(WindowTest, aDownloadIsStoppedOnlyWhenThatIsWanted)
     ContentView &content = window().content();
 
     const auto clickRecord = [&] {
-        QTest::mouseClick(recents()->viewport(), Qt::LeftButton, {},
-                          recents()->visualRect(recents()->model()->index(1, 0)).center());
+        QTest::mouseClick(recents().viewport(), Qt::LeftButton, {},
+                          recents().visualRect(recents().model()->index(1, 0)).center());
     };
     const auto expectNothingChanged = [&] {
         EXPECT_TRUE(content.detail().isDownloading());
         EXPECT_EQ(content.selection().selectedID(), std::nullopt);
-        EXPECT_TRUE(recents()->selectionModel()->selectedIndexes().isEmpty());
+        EXPECT_TRUE(recents().selectionModel()->selectedIndexes().isEmpty());
     };
     clickRecord();
     await(u"Stop and Show"_s);
     expectNothingChanged();
     click(u"Cancel"_s);
-    recents()->setFocus();
-    QTest::keyClick(recents(), Qt::Key_Down);
+    recents().setFocus();
+    QTest::keyClick(&recents(), Qt::Key_Down);
     await(u"Stop and Show"_s);
     click(u"Cancel"_s);
     click(u"History"_s);
@@ -367,22 +261,6 @@ TEST_F(WindowTest, opensAsItWasClosedWithinTheScreen)
     EXPECT_EQ(boundedWindowSize({1120, 900}, {1024, 768}), QSize(1022, 728));
 }
 
-TEST_F(WindowTest, tabGoesThroughThePaneInTheOrderInWhichItIsRead)
-{
-    open({fake.tools.directory()});
-    EXPECT_FALSE(shown<QWidget>(window(), u"Open downloads folder in Finder"_s)->hasFocus());
-    QTest::keyClick(window().focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(window().focusWidget(), await(u"Video address"_s));
-
-    startDownload(u"exit 1"_s);
-    await(u"Dismiss"_s);
-    const QStringList stops = tabStops(*await(u"Show or Hide Sidebar"_s));
-    EXPECT_EQ(stops.mid(0, 7),
-              (QStringList{u"Show or Hide Sidebar"_s, u"Open Downloads Folder"_s, u"Menu"_s,
-                           u"Video address"_s, u"Clear"_s, u"Paste"_s, u"Save as"_s}));
-    EXPECT_EQ(stops.mid(8, 3), (QStringList{u"Trim before saving"_s, u"Download"_s, u"Dismiss"_s}));
-}
-
 TEST_F(WindowTest, aLinkDroppedOnTheAddressIsLookedUp)
 {
     open({fake.tools.directory()});
@@ -407,33 +285,6 @@ TEST_F(WindowTest, aboutTellsTheAgeOfTheDownloader)
     for (const auto *label : about.findChildren<QLabel *>())
         texts.append(label->text());
     EXPECT_TRUE(texts.contains(u"2023.03.04 (over three years old)"_s));
-}
-
-TEST_F(WindowTest, itsMenuShortcutsAndFilterAreReachedByTheKeyboard)
-{
-    addRecord(u"Talk"_s);
-    addRecord(u"Walk"_s);
-    open();
-    QTest::keyClick(&window(), Qt::Key_F10);
-    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->activeAction()->text(), u"Show or Hide Sidebar"_s);
-    menu->close();
-    for (const auto &[key, modifiers] : {std::pair(Qt::Key_F1, Qt::NoModifier),
-                                         std::pair(Qt::Key_Question, Qt::ControlModifier)}) {
-        QTest::keyClick(&window(), key, modifiers);
-        auto *shortcuts = window().findChild<ShortcutsDialog *>();
-        ASSERT_NE(shortcuts, nullptr);
-        EXPECT_TRUE(shownTexts(*shortcuts).contains(u"Filter the list by title"_s));
-        QTest::keyClick(shortcuts, Qt::Key_Escape);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !window().findChild<ShortcutsDialog *>(); }));
-    }
-    QTest::keyClick(&window(), Qt::Key_F9);
-    QTest::keyClick(&window(), Qt::Key_F, Qt::ControlModifier);
-    QTest::keyClicks(window().focusWidget(), u"wa"_s);
-    EXPECT_EQ(recents()->model()->rowCount(), 2);
-    QTest::keyClick(window().focusWidget(), Qt::Key_Down);
-    EXPECT_EQ(window().focusWidget(), recents());
 }
 
 TEST_F(WindowTest, comesToFrontForALaterStart)
