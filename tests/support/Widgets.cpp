@@ -1,11 +1,15 @@
 #include "support/Widgets.h"
 
+#include "ui/components/Label.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTest>
 
@@ -45,6 +49,53 @@ QStringList shownTexts(const QWidget &root)
 bool shows(const QWidget &root, const QString &text)
 {
     return shownTexts(root).contains(text);
+}
+
+namespace {
+
+/// Whether its text has the room that it needs, lines and words included.
+bool fits(const QWidget &widget)
+{
+    if (const auto *field = qobject_cast<const QLineEdit *>(&widget))
+        return field->height() >= field->fontMetrics().height();
+    if (const auto *label = qobject_cast<const Label *>(&widget); label && label->isElided())
+        return label->height() >= label->fontMetrics().height();
+    if (!widget.hasHeightForWidth())
+        return widget.width() >= widget.sizeHint().width()
+            && widget.height() >= widget.sizeHint().height();
+    return widget.width() >= widget.minimumSizeHint().width()
+        && widget.height() >= widget.heightForWidth(widget.width());
+}
+
+/// Whether it lies within all that is around it; a page that scrolls is as high as it needs.
+bool isInside(const QWidget &widget, const QWidget &root)
+{
+    bool scrolls = false;
+    for (const QWidget *inner = &widget; inner != &root; inner = inner->parentWidget()) {
+        const QWidget *const around = inner->parentWidget();
+        const QRect place(widget.mapTo(around, QPoint()), widget.size());
+        scrolls = scrolls || qobject_cast<const QAbstractScrollArea *>(around->parentWidget());
+        if (place.left() < 0 || place.right() >= around->width()
+            || (!scrolls && (place.top() < 0 || place.bottom() >= around->height())))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+QStringList cutOffTexts(const QWidget &root)
+{
+    QStringList texts;
+    for (const QWidget *widget : root.findChildren<QWidget *>()) {
+        const bool hasText = qobject_cast<const QLabel *>(widget)
+            || qobject_cast<const QAbstractButton *>(widget)
+            || qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QComboBox *>(widget);
+        const bool isShown = widget->isVisibleTo(&root) && widget->window() == root.window();
+        if (hasText && isShown && !(fits(*widget) && isInside(*widget, root)))
+            texts << nameOf(*widget);
+    }
+    return texts;
 }
 
 QStringList tabStops(QWidget &first)

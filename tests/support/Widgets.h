@@ -17,6 +17,9 @@ QString nameOf(const QWidget &widget);
 /// The names of all labels and buttons that show when the root does.
 QStringList shownTexts(const QWidget &root);
 bool shows(const QWidget &root, const QString &text);
+/// The texts of labels, buttons and fields that have less room than they need, but for what ends in
+/// an ellipsis by design.
+QStringList cutOffTexts(const QWidget &root);
 /// The widget of that kind and name that shows when the root does. Null when there is none.
 template <typename Widget> Widget *shown(const QWidget &root, const QString &name)
 {

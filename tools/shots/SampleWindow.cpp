@@ -2,6 +2,7 @@
 
 #include "core/library/JsonFields.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -41,13 +42,16 @@ QByteArray metadata(const QString &title, const QString &thumbnail)
 
 } // namespace
 
-SampleWindow::SampleWindow(SampleSite &site, const QString &title, const QSize &size) : m_site(site)
+SampleWindow::SampleWindow(SampleSite &site, const QString &title, const QSize &size,
+                           std::chrono::milliseconds settleTime)
+    : m_site(site), m_settleTime(settleTime)
 {
     QFile json(m_fake.tools.path(u"yt-dlp.json"_s));
     if (json.open(QIODevice::WriteOnly))
         json.write(metadata(title, m_site.address(u"/media/tide-clock.jpg"_s)));
     json.close();
     m_fake.onPreviewLookup(u"echo 'file://%1'"_s.arg(sampleFilm));
+    m_fake.onDownload(u"cp '%1' \"$file\"; echo \"filepath:$file\""_s.arg(sampleFilm));
     m_fake.tools.add(u"ffprobe"_s, u"exec /usr/bin/ffprobe \"$@\""_s);
     addRecords();
 
@@ -95,6 +99,13 @@ DownloaderView *SampleWindow::downloader()
     return m_window->content().detail().downloader();
 }
 
+QList<QWidget *> SampleWindow::inFront() const
+{
+    QList<QWidget *> others = QApplication::topLevelWidgets();
+    others.removeIf([this](QWidget *other) { return other == &*m_window || !other->isVisible(); });
+    return others;
+}
+
 void SampleWindow::hideTool(const QString &name)
 {
     QFile::remove(m_fake.tools.path(name));
@@ -130,8 +141,7 @@ void SampleWindow::settle(const std::function<bool()> &condition)
 {
     if (condition && !QTest::qWaitFor(condition, 20'000))
         qWarning("a state was not reached");
-    // For what tells nobody when it has come: pictures, the player's first frame.
-    QTest::qWait(700);
+    QTest::qWait(static_cast<int>(m_settleTime.count()));
 }
 
 } // namespace clipwren::test

@@ -5,6 +5,7 @@
 #include "support/FakeDownloader.h"
 #include "support/SampleSite.h"
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -13,11 +14,15 @@ namespace clipwren::test {
 /// The real window over fake tools, with a few files in its lists, to be brought into any state.
 class SampleWindow {
 public:
-    /// `title` is that of the video that is looked up.
-    SampleWindow(SampleSite &site, const QString &title, const QSize &size);
+    /// `title` is that of the video that is looked up. `settleTime` is for what tells nobody when
+    /// it has come: pictures, the player's first frame.
+    SampleWindow(SampleSite &site, const QString &title, const QSize &size,
+                 std::chrono::milliseconds settleTime);
 
     FakeDownloader &fake() { return m_fake; }
     MainWindow &window() { return *m_window; }
+    /// What is in front of it, such as a dialog or a menu.
+    QList<QWidget *> inFront() const;
     /// Absent while another screen is shown.
     DownloaderView *downloader();
 
@@ -36,6 +41,7 @@ private:
     void addRecord(const QString &title, qint64 secondsAgo, bool hasFile, int downloads);
 
     SampleSite &m_site;
+    std::chrono::milliseconds m_settleTime;
     FakeDownloader m_fake;
     PlayerModule m_players;
     std::optional<MainWindow> m_window;

@@ -4,6 +4,7 @@
 #include "ui/components/Picker.h"
 #include "ui/components/ScrollPane.h"
 #include "ui/components/Switch.h"
+#include "ui/shell/HistoryList.h"
 #include "ui/shell/LibraryListView.h"
 #include "ui/shell/RecentList.h"
 
@@ -11,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
+#include <QTest>
 
 namespace clipwren::test {
 namespace {
@@ -44,16 +46,29 @@ void scrollToEnd(SampleWindow &s)
 void press(SampleWindow &s, const QString &name)
 {
     for (Button *button : s.window().findChildren<Button *>()) {
-        if (button->text() == name || button->accessibleName() == name)
+        if (button->text().contains(name) || button->accessibleName().contains(name))
             button->click();
     }
     s.settle();
 }
 
-void openRowMenu(SampleWindow &s)
+LibraryListView &recents(SampleWindow &s)
 {
-    LibraryListView &list = s.window().content().sidebar().recentList().view();
+    return s.window().content().sidebar().recentList().view();
+}
+
+void openRowMenu(SampleWindow &s, LibraryListView &list)
+{
     list.openMenu(list.model()->index(1, 0), list.mapToGlobal(QPoint(100, 60)));
+    s.settle();
+}
+
+void chooseFromMenu(SampleWindow &s, const QString &text)
+{
+    for (QAction *action : s.window().content().menu().actions()) {
+        if (action->text().contains(text))
+            action->trigger();
+    }
     s.settle();
 }
 
@@ -78,6 +93,12 @@ QList<Shot> allShots()
          [](SampleWindow &s) {
              s.fake().onLookup(u"echo '[site] abc: Downloading webpage' >&2; "_s + waitForever);
              s.lookUp();
+             s.settle();
+         }},
+        {u"invalid-address"_s, usualTitle,
+         [](SampleWindow &s) {
+             s.downloader()->setUrlText(u"nonsense"_s);
+             s.downloader()->fetchInfo(false);
              s.settle();
          }},
         {u"fetch-failed"_s, usualTitle,
@@ -123,7 +144,7 @@ QList<Shot> allShots()
          [](SampleWindow &s) {
              s.makeReady();
              // Without the shell's switch to the new record the success card stays.
-             s.window().content().detail().disconnect(&s.window().content());
+             s.window().content().detail().disconnect(&s.window().content().selection());
              s.downloader()->start();
              s.settle([&] { return s.downloader()->phase() == Phase::done; });
          }},
@@ -200,19 +221,34 @@ QList<Shot> allShots()
         {u"reencoding"_s, usualTitle,
          [](SampleWindow &s) {
              s.fake().onConvert(waitForever);
-             openRowMenu(s);
+             openRowMenu(s, recents(s));
              QApplication::activePopupWidget()->actions().at(2)->trigger();
              QApplication::activePopupWidget()->close();
          }},
-        {u"row-menu"_s, usualTitle, openRowMenu},
+        {u"row-menu"_s, usualTitle, [](SampleWindow &s) { openRowMenu(s, recents(s)); }},
+        {u"history-menu"_s, usualTitle,
+         [](SampleWindow &s) {
+             s.window().content().sidebar().setTab(SidebarView::Tab::history);
+             s.settle();
+             openRowMenu(s, s.window().content().sidebar().historyList().view());
+         }},
         {u"window-menu"_s, usualTitle, [](SampleWindow &s) { press(s, u"Menu"_s); }},
         {u"clear-recents"_s, usualTitle, [](SampleWindow &s) { press(s, u"Clear Recents"_s); }},
-        {u"about"_s, usualTitle,
+        {u"about"_s, usualTitle, [](SampleWindow &s) { chooseFromMenu(s, u"About Clipwren"_s); }},
+        {u"shortcuts"_s, usualTitle,
+         [](SampleWindow &s) { chooseFromMenu(s, u"Keyboard Shortcuts"_s); }},
+        {u"filter"_s, usualTitle,
          [](SampleWindow &s) {
-             for (QAction *action : s.window().content().menu().actions()) {
-                 if (action->text() == u"About Clipwren")
-                     action->trigger();
-             }
+             s.window().content().filterList();
+             QTest::keyClicks(s.window().focusWidget(), u"clock"_s);
+         }},
+        {u"stop-question"_s, usualTitle,
+         [](SampleWindow &s) {
+             s.fake().onDownload(waitForever);
+             s.makeReady();
+             s.downloader()->start();
+             s.settle();
+             s.window().content().lookUp(s.fake().store.records().first().sourceURL);
          }},
         {u"focus-row"_s, usualTitle,
          [](SampleWindow &s) {

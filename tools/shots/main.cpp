@@ -1,20 +1,22 @@
 #include "Shot.h"
+#include "support/BracketTranslator.h"
 #include "ui/components/Theme.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QDir>
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
 
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
 using namespace Qt::StringLiterals;
 using clipwren::Theme;
 using clipwren::test::allShots;
+using clipwren::test::BracketTranslator;
 using clipwren::test::SampleSite;
 using clipwren::test::SampleWindow;
 using clipwren::test::Shot;
@@ -22,7 +24,7 @@ using clipwren::test::Shot;
 void take(const Shot &shot, SampleSite &site, const QString &folder)
 {
     for (const QSize size : {QSize(1120, 900), QSize(820, 520)}) {
-        SampleWindow sample(site, shot.title, size);
+        SampleWindow sample(site, shot.title, size, std::chrono::milliseconds(700));
         shot.prepare(sample);
         for (const auto scheme : {Theme::Scheme::Light, Theme::Scheme::Dark}) {
             Theme::current().forceScheme(scheme);
@@ -32,10 +34,7 @@ void take(const Shot &shot, SampleSite &site, const QString &folder)
                 QString::number(size.width()));
             // What is in front of the window, such as a sheet, is painted over its picture.
             QPixmap picture = sample.window().grab();
-            for (QWidget *front :
-                 {QApplication::activeModalWidget(), QApplication::activePopupWidget()}) {
-                if (!front)
-                    continue;
+            for (QWidget *front : sample.inFront()) {
                 const QPoint place =
                     front->mapToGlobal(QPoint()) - sample.window().mapToGlobal(QPoint());
                 QPainter(&picture).drawPixmap(place, front->grab());
@@ -76,30 +75,39 @@ bool compare(const QDir &before, const QDir &after)
 
 int main(int argc, char *argv[])
 {
-    if (argc == 4 && std::strcmp(argv[1], "--compare") == 0)
-        return compare(QDir(QString::fromLocal8Bit(argv[2])), QDir(QString::fromLocal8Bit(argv[3])))
-            ? 1
-            : 0;
     const QTemporaryDir home;
     for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
         qputenv(variable, home.path().toUtf8());
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() < 2) {
-        std::fputs("Usage: clipwren-shots FOLDER [NAME]…\n"
-                   "       clipwren-shots --compare BEFORE AFTER\n",
-                   stderr);
-        return 2;
-    }
-    QDir().mkpath(arguments[1]);
+    QCommandLineParser parser;
+    const QCommandLineOption comparing(u"compare"_s, u"Compare two folders of pictures."_s);
+    const QCommandLineOption scale(u"text-scale"_s, u"Size of the texts, 1 by default."_s,
+                                   u"factor"_s, u"1"_s);
+    const QCommandLineOption brackets(u"brackets"_s, u"In a language of longer texts."_s);
+    parser.addOptions({comparing, scale, brackets});
+    parser.addPositionalArgument(u"folder"_s, u"Where the pictures go."_s);
+    parser.addPositionalArgument(u"names"_s, u"Of the pictures; all by default."_s, u"[name…]"_s);
+    parser.addHelpOption();
+    parser.process(application);
+    const QStringList arguments = parser.positionalArguments();
+    if (arguments.size() < (parser.isSet(comparing) ? 2 : 1))
+        parser.showHelp(2);
+    if (parser.isSet(comparing))
+        return compare(QDir(arguments[0]), QDir(arguments[1])) ? 1 : 0;
+
+    QDir().mkpath(arguments[0]);
     Theme theme;
     theme.forceReducedMotion(true);
+    theme.forceTextScale(parser.value(scale).toDouble());
+    BracketTranslator longer;
+    if (parser.isSet(brackets))
+        QApplication::installTranslator(&longer);
     SampleSite site;
-    const QStringList wanted = arguments.mid(2);
+    const QStringList wanted = arguments.mid(1);
     for (const Shot &shot : allShots()) {
         if (wanted.isEmpty() || wanted.contains(shot.name))
-            take(shot, site, arguments[1]);
+            take(shot, site, arguments[0]);
     }
     clipwren::BackgroundTask::waitForAll(std::chrono::seconds(20));
     return 0;

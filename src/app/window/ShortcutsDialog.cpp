@@ -1,13 +1,20 @@
 #include "app/window/ShortcutsDialog.h"
 
 #include "ui/components/Label.h"
+#include "ui/components/ScrollPane.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QKeySequence>
+#include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace clipwren {
 namespace {
+
+/// The dialog's margins, heading, button and frame.
+constexpr QSize aroundGroups(100, 240);
 
 struct Shortcut {
     QList<QKeySequence> keys;
@@ -95,15 +102,39 @@ QLayout *makeColumn(const QList<Group> &groups)
 } // namespace
 
 ShortcutsDialog::ShortcutsDialog(QWidget *parent)
-    : InformationDialog(tr("Keyboard Shortcuts"), tr("Keyboard Shortcuts"), 16, parent)
+    : InformationDialog(tr("Keyboard Shortcuts"), tr("Keyboard Shortcuts"), 16, parent),
+      m_content(new QWidget), m_groups(new QHBoxLayout(m_content)),
+      m_pane(new ScrollPane(m_content, QWIDGETSIZE_MAX))
 {
-    auto *groups = new QHBoxLayout;
-    groups->setSpacing(40);
-    groups->addLayout(makeColumn(windowGroups()));
-    groups->addLayout(makeColumn(videoGroups()));
-    column()->addLayout(groups);
+    m_groups->setSpacing(40);
+    m_groups->addLayout(makeColumn(windowGroups()));
+    m_groups->addLayout(makeColumn(videoGroups()));
+    m_pane->setFocusPolicy(Qt::StrongFocus);
+    column()->addWidget(m_pane);
+    fitToScreen();
 
     addCloseButton();
+}
+
+/// The texts may be as large as the desktop can ask for.
+void ShortcutsDialog::fitToScreen()
+{
+    const QSize room = screen()->availableSize() - aroundGroups;
+    m_groups->setContentsMargins(0, 0, 0, 0);
+    m_groups->setDirection(QBoxLayout::LeftToRight);
+    if (m_content->sizeHint().width() > room.width())
+        m_groups->setDirection(QBoxLayout::TopToBottom);
+    // A scroll bar lies over the content.
+    if (m_content->sizeHint().height() > room.height())
+        m_groups->setContentsMargins(0, 0, style()->pixelMetric(QStyle::PM_ScrollBarExtent), 0);
+    m_pane->setMinimumSize(m_content->sizeHint().boundedTo(room));
+}
+
+void ShortcutsDialog::changeEvent(QEvent *event)
+{
+    InformationDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitToScreen();
 }
 
 } // namespace clipwren

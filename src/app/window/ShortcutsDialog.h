@@ -2,7 +2,11 @@
 
 #include "app/window/InformationDialog.h"
 
+class QHBoxLayout;
+
 namespace clipwren {
+
+class ScrollPane;
 
 /// Lists what the keyboard does.
 class ShortcutsDialog : public InformationDialog {
@@ -10,6 +14,16 @@ class ShortcutsDialog : public InformationDialog {
 
 public:
     explicit ShortcutsDialog(QWidget *parent = nullptr);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void fitToScreen();
+
+    QWidget *m_content;
+    QHBoxLayout *m_groups;
+    ScrollPane *m_pane;
 };
 
 } // namespace clipwren

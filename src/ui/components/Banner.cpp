@@ -1,6 +1,7 @@
 #include "ui/components/Banner.h"
 
 #include "ui/components/Button.h"
+#include "ui/components/FlowRow.h"
 #include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 
@@ -12,7 +13,7 @@ Banner::Banner(QWidget *parent)
     : Card(Theme::Color::OrangeFill, 10, parent),
       m_title(new Label(Label::Mode::Paragraph, Theme::TextStyle::Strong)),
       m_message(new Label(Label::Mode::Paragraph, Theme::TextStyle::Callout)),
-      m_row(new QHBoxLayout(this)), m_dismiss(Button::iconOnly(u"xmark", tr("Dismiss")))
+      m_buttons(new QHBoxLayout), m_dismiss(Button::iconOnly(u"xmark", tr("Dismiss")))
 {
     auto *texts = new QVBoxLayout;
     texts->setSpacing(3);
@@ -23,15 +24,21 @@ Banner::Banner(QWidget *parent)
     m_dismiss->setSize(Button::Size::Small);
     m_dismiss->hide();
 
-    m_row->setContentsMargins(11, 8, 12, 8);
-    m_row->setSpacing(9);
     auto *symbol = new QVBoxLayout;
     symbol->setContentsMargins(0, 2, 0, 2);
     symbol->addWidget(new IconView(u"exclamationmark.triangle.fill", 18, Theme::Color::OrangeIcon),
                       0, Qt::AlignTop);
-    m_row->addLayout(symbol);
-    m_row->addLayout(texts, 1);
-    m_row->addWidget(m_dismiss, 0, Qt::AlignTop);
+    auto *notice = new QHBoxLayout;
+    notice->setSpacing(9);
+    notice->addLayout(symbol);
+    notice->addLayout(texts, 1);
+    m_buttons->setSpacing(9);
+    m_buttons->setAlignment(Qt::AlignTop);
+    m_buttons->addWidget(m_dismiss, 0, Qt::AlignTop);
+    auto *row = new FlowRow(9, this);
+    row->setContentsMargins(11, 8, 12, 8);
+    row->addLayout(notice);
+    row->addLayout(m_buttons);
     connect(m_dismiss, &Button::clicked, this, &Banner::dismissed);
 }
 
@@ -59,7 +66,7 @@ Button *Banner::addButton(const QString &text, const Icon &icon)
 {
     auto *button = new Button(Button::Style::Bordered, text, icon);
     button->setSize(Button::Size::Small);
-    m_row->insertWidget(m_row->count() - 1, button, 0, Qt::AlignTop);
+    m_buttons->insertWidget(m_buttons->count() - 1, button, 0, Qt::AlignTop);
     setTabOrder(button, m_dismiss);
     return button;
 }

@@ -32,7 +32,7 @@ Q_SIGNALS:
 private:
     Label *m_title;
     Label *m_message;
-    QHBoxLayout *m_row;
+    QHBoxLayout *m_buttons;
     Button *m_dismiss;
 };
 

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 
 namespace clipwren {
@@ -20,6 +21,9 @@ struct Metrics {
     int square; // side of a button with a symbol alone
     int loneSymbol;
 };
+
+/// Above and below a text together, at least.
+constexpr int leastPadding = 4;
 
 struct Content {
     int symbolSize;
@@ -118,7 +122,7 @@ void Button::setSymbolGap(int gap)
 
 void Button::updateFont()
 {
-    setFont(Theme::font(m_textStyle.value_or(contentOf(m_style, m_size).text)));
+    Theme::setTextStyle(*this, m_textStyle.value_or(contentOf(m_style, m_size).text));
     updateGeometry();
     update();
 }
@@ -130,14 +134,17 @@ QSize Button::sizeHint() const
         return {metrics.square, metrics.square};
     const int padding = m_style == Style::Borderless ? 0 : metrics.padding;
     const int width = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-    return {2 * padding + symbolRoom() + width, metrics.height};
+    return {2 * padding + symbolRoom() + width,
+            std::max(metrics.height, fontMetrics().height() + leastPadding)};
 }
 
 /// The width of the symbol and the gap behind it.
 int Button::symbolRoom() const
 {
     const Content &content = contentOf(m_style, m_size);
-    return m_symbol.isNull() ? 0 : content.symbolSize + m_symbolGap.value_or(content.gap);
+    return m_symbol.isNull()
+        ? 0
+        : Theme::scaled(content.symbolSize) + m_symbolGap.value_or(content.gap);
 }
 
 bool Button::event(QEvent *event)
@@ -207,9 +214,9 @@ void Button::paintEvent(QPaintEvent *)
     const int textWidth = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
     const int left = (width() - textWidth - symbolRoom()) / 2;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    const QRect symbolPlace(mirrored ? width() - left - content.symbolSize : left,
-                            (height() - content.symbolSize) / 2, content.symbolSize,
-                            content.symbolSize);
+    const int symbolSize = Theme::scaled(content.symbolSize);
+    const QRect symbolPlace(mirrored ? width() - left - symbolSize : left,
+                            (height() - symbolSize) / 2, symbolSize, symbolSize);
     m_symbol.paint(painter, symbolPlace, ink);
     painter.setPen(ink);
     painter.drawText(QRect(mirrored ? left : left + symbolRoom(), 0, textWidth, height()),

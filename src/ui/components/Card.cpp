@@ -53,7 +53,7 @@ FieldBox::FieldBox(Icon icon, const QString &name, QWidget *parent)
     constexpr qreal radius = 10;
     setRadius(radius);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setFixedHeight(40);
+    setMinimumHeight(40);
     setCursor(Qt::IBeamCursor);
     // The text field brings two pixels of its own.
     m_row->setContentsMargins(icon.isNull() ? 11 : 13, 0, 13, 0);

@@ -24,7 +24,7 @@ ConfirmationDialog::ConfirmationDialog(const QString &title, const QString &conf
     setWindowModality(Qt::WindowModal);
     setWindowTitle(title);
 
-    m_message->setFixedWidth(contentWidth);
+    m_message->setFixedWidth(Theme::scaled(contentWidth));
     auto *cancel = new Button(Button::Style::Bordered, tr("Cancel"));
     auto *doIt = new Button(Button::Style::Prominent, confirm);
     doIt->setDestructive(true);

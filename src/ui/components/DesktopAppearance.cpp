@@ -8,6 +8,9 @@
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QGuiApplication>
+
+#include <cmath>
 
 using Settings = QMap<QString, QVariantMap>;
 
@@ -103,7 +106,18 @@ void DesktopAppearance::take(const QString &group, const QString &key, const QVa
         m_gnomeHighContrast = value.toBool();
     } else if (group == gnomeGroup && key == u"enable-animations"_s) {
         m_animations = value.toBool();
+    } else if (group == gnomeGroup && key == u"text-scaling-factor"_s) {
+        const double scale = value.toDouble();
+        m_textScale = std::isfinite(scale) && scale > 0 ? std::clamp(scale, 0.75, 2.0) : 1;
     }
+}
+
+double DesktopAppearance::textScale() const
+{
+    // X11 desktops put the factor into the screen's resolution, too, and Qt then scales the window.
+    const bool isApplied =
+        QGuiApplication::platformName() == "xcb"_L1 && qGuiApp->devicePixelRatio() > 1;
+    return isApplied ? 1 : m_textScale;
 }
 
 } // namespace clipwren

@@ -12,10 +12,11 @@ class QDBusConnection;
 
 namespace clipwren {
 
-/// What the desktop's settings say about colours and motion, read from its portal.
+/// What the desktop's settings say about colours, motion and the size of texts, read from its
+/// portal.
 ///
 /// Never blocks: until the answer comes, and where there is no portal, nothing is known, motion is
-/// not reduced and contrast is not raised. User-interface thread only.
+/// not reduced, contrast is not raised and texts are not scaled. User-interface thread only.
 class DesktopAppearance : public QObject {
     Q_OBJECT
 public:
@@ -29,6 +30,8 @@ public:
     std::optional<bool> prefersDark() const { return m_prefersDark; }
     bool reducedMotion() const { return m_reducedMotion.value_or(!m_animations); }
     bool highContrast() const { return m_highContrast || m_gnomeHighContrast; }
+    /// By how much texts are to be larger than usual, from 0.75 to 2.
+    double textScale() const;
 
 Q_SIGNALS:
     void changed();
@@ -47,6 +50,7 @@ private: // NOLINT(readability-redundant-access-specifiers): no slots
     bool m_animations = true;
     bool m_highContrast = false;
     bool m_gnomeHighContrast = false;
+    double m_textScale = 1;
 };
 
 } // namespace clipwren

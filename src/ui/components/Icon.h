@@ -115,13 +115,13 @@ private:
 class IconView : public QWidget {
     Q_OBJECT
 public:
-    /// `size` in logical pixels.
+    /// `size` in logical pixels, at a text scale of 1.
     IconView(Icon icon, int size, Theme::Color color, QWidget *parent = nullptr);
 
     void setIcon(Icon icon);
     void setColor(Theme::Color color);
 
-    QSize sizeHint() const override { return {m_size, m_size}; }
+    QSize sizeHint() const override { return {Theme::scaled(m_size), Theme::scaled(m_size)}; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

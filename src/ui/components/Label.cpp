@@ -67,7 +67,7 @@ Label::Label(Mode mode, Theme::TextStyle style, Theme::Color color, const QStrin
     setTextInteractionFlags(Qt::NoTextInteraction);
     // Not that of wherever the label is put later.
     setForegroundRole(QPalette::WindowText);
-    setFont(Theme::font(style));
+    Theme::setTextStyle(*this, style);
     applyColor();
     connect(&Theme::current(), &Theme::changed, this, &Label::applyColor);
     if (mode == Mode::Elided) {
@@ -101,7 +101,7 @@ void Label::setStyle(Theme::TextStyle style)
     if (m_style == style)
         return;
     m_style = style;
-    setFont(Theme::font(style));
+    Theme::setTextStyle(*this, style);
 }
 
 void Label::setText(const QString &text)

@@ -37,6 +37,7 @@ public:
     /// `text()` is what then shows of it.
     void setText(const QString &text);
     QString fullText() const { return m_fullText; }
+    bool isElided() const { return m_mode == Mode::Elided; }
     /// Shows `**bold**` and `*italic*` of a text of ours.
     void setMarkdown(const QString &text);
     /// Where an elided text is cut: at its end by default; in the middle for paths and addresses.

@@ -29,15 +29,17 @@ public:
         setCheckable(true);
         setAutoExclusive(true);
         setFocusPolicy(Qt::StrongFocus);
-        setFont(Theme::font(Theme::TextStyle::CalloutLabel));
+        Theme::setTextStyle(*this, Theme::TextStyle::CalloutLabel);
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         FocusRing::install(this, 6);
     }
 
     QSize sizeHint() const override
     {
-        return {fontMetrics().size(Qt::TextShowMnemonic, text()).width() + 24, 24};
+        return {fontMetrics().size(Qt::TextShowMnemonic, text()).width() + 24,
+                std::max(24, fontMetrics().height() + 4)};
     }
+    QSize minimumSizeHint() const override { return sizeHint() - QSize(16, 0); }
 
 protected:
     void paintEvent(QPaintEvent *) override
@@ -106,19 +108,31 @@ namespace {
 constexpr int rowHeight = 30;
 constexpr int radius = 7;
 constexpr int padding = 13;
-constexpr int symbolSize = 16;
 constexpr int gap = 6;
-constexpr int chevronSize = 14;
 constexpr int chevronGap = 6;
+constexpr int shortestText = 40;
+
+int symbolSize()
+{
+    return Theme::scaled(16);
+}
+
+int chevronSize()
+{
+    return Theme::scaled(14);
+}
 
 } // namespace
 
 Picker::Picker(QWidget *parent) : QComboBox(parent)
 {
-    setFont(Theme::font(Theme::TextStyle::Label));
-    setIconSize({symbolSize, symbolSize});
+    Theme::setTextStyle(*this, Theme::TextStyle::Label);
+    setIconSize({symbolSize(), symbolSize()});
     setSizeAdjustPolicy(AdjustToContents);
-    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    // A fixed height would be that of a single line.
+    QSizePolicy wrapping(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    wrapping.setHeightForWidth(true);
+    setSizePolicy(wrapping);
     setAttribute(Qt::WA_Hover);
     FocusRing::install(this, radius);
     connect(&Theme::current(), &Theme::changed, this, &Picker::tintIcons);
@@ -166,17 +180,29 @@ void Picker::tintIcons()
     }
 }
 
+int Picker::roomBesideText()
+{
+    return 2 * padding + symbolSize() + gap + chevronGap + chevronSize();
+}
+
 QSize Picker::sizeHint() const
 {
     // Rounded down, the text would be cut for the part of a pixel.
     const double text = std::ceil(QFontMetricsF(font()).horizontalAdvance(currentText()));
-    return {2 * padding + symbolSize + gap + static_cast<int>(text) + chevronGap + chevronSize,
-            rowHeight};
+    const int width = static_cast<int>(text) + roomBesideText();
+    return {width, heightForWidth(width)};
 }
 
 QSize Picker::minimumSizeHint() const
 {
-    return {2 * padding + symbolSize + gap + chevronGap + chevronSize + 40, rowHeight};
+    return {shortestText + roomBesideText(), rowHeight};
+}
+
+int Picker::heightForWidth(int width) const
+{
+    const QRect room(0, 0, width - roomBesideText(), 0);
+    const int text = fontMetrics().boundingRect(room, Qt::TextWordWrap, currentText()).height();
+    return std::max(rowHeight, text + 4);
 }
 
 void Picker::paintEvent(QPaintEvent *)
@@ -200,21 +226,30 @@ void Picker::paintEvent(QPaintEvent *)
     const int middle = static_cast<int>(box.height()) / 2;
     if (currentIndex() >= 0)
         m_entries[currentIndex()].icon.paint(
-            painter, mirrored({padding, middle - symbolSize / 2, symbolSize, symbolSize}), ink);
+            painter, mirrored({padding, middle - symbolSize() / 2, symbolSize(), symbolSize()}),
+            ink);
     Icon(u"chevron.up.chevron.down")
         .paint(painter,
-               mirrored({width() - padding - chevronSize, middle - chevronSize / 2, chevronSize,
-                         chevronSize}),
+               mirrored({width() - padding - chevronSize(), middle - chevronSize() / 2,
+                         chevronSize(), chevronSize()}),
                theme.color(Theme::Color::Secondary));
-    const int left = padding + symbolSize + gap;
-    const QRect place = mirrored({left, 0, width() - left - padding - chevronSize - chevronGap,
+    const int left = padding + symbolSize() + gap;
+    const QRect place = mirrored({left, 0, width() - left - padding - chevronSize() - chevronGap,
                                   static_cast<int>(box.height())});
     painter.setPen(ink);
     painter.drawText(
         place,
         static_cast<int>(Qt::AlignVCenter)
-            | static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)),
-        fontMetrics().elidedText(currentText(), Qt::ElideRight, place.width()));
+            | static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft))
+            | Qt::TextWordWrap,
+        currentText());
+}
+
+void Picker::changeEvent(QEvent *event)
+{
+    QComboBox::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        setIconSize({symbolSize(), symbolSize()});
 }
 
 void Picker::wheelEvent(QWheelEvent *event)

@@ -55,6 +55,8 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    /// Over several lines where the text needs them.
+    int heightForWidth(int width) const override;
 
 Q_SIGNALS:
     /// The user chose an entry.
@@ -62,9 +64,11 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    static int roomBesideText();
     void tintIcons();
     int indexOf(const QString &key) const;
 

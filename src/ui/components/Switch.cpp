@@ -14,8 +14,12 @@ namespace {
 constexpr QSize track(32, 19);
 constexpr int knobInset = 2;
 constexpr int gap = 8;
-constexpr int symbolSize = 16;
 constexpr int ringRoom = 4; // behind the text
+
+int symbolSize()
+{
+    return Theme::scaled(16);
+}
 
 } // namespace
 
@@ -26,7 +30,7 @@ Switch::Switch(const QString &text, Icon icon, QWidget *parent)
     setText(text);
     setCheckable(true);
     setFocusPolicy(Qt::StrongFocus);
-    setFont(Theme::font(Theme::TextStyle::Body));
+    Theme::setTextStyle(*this, Theme::TextStyle::Body);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     FocusRing::install(this, 9);
     connect(this, &QAbstractButton::toggled, this, [this](bool on) {
@@ -42,7 +46,7 @@ QSize Switch::sizeHint() const
 {
     int width = track.width();
     if (!m_icon.isNull())
-        width += gap + symbolSize;
+        width += gap + symbolSize();
     if (!text().isEmpty())
         width += gap + fontMetrics().size(Qt::TextShowMnemonic, text()).width() + ringRoom;
     return {width, std::max(track.height(), fontMetrics().height())};
@@ -58,6 +62,7 @@ void Switch::paintEvent(QPaintEvent *)
         return QStyle::visualRect(layoutDirection(), rect(), place);
     };
 
+    const int symbol = symbolSize();
     const QRect box = mirrored({QPoint(0, (height() - track.height()) / 2), track});
     const qreal radius = track.height() / 2.0;
     paintBox(painter, box, radius, theme.color(Theme::Color::SwitchOff));
@@ -72,9 +77,9 @@ void Switch::paintEvent(QPaintEvent *)
 
     int x = track.width() + gap;
     if (!m_icon.isNull()) {
-        m_icon.paint(painter, mirrored({x, (height() - symbolSize) / 2, symbolSize, symbolSize}),
+        m_icon.paint(painter, mirrored({x, (height() - symbol) / 2, symbol, symbol}),
                      theme.color(Theme::Color::Secondary));
-        x += symbolSize + gap;
+        x += symbol + gap;
     }
     painter.setPen(theme.color(Theme::Color::Text));
     painter.drawText(

@@ -6,8 +6,10 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
+#include <QWidget>
 
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace clipwren {
@@ -159,6 +161,7 @@ Color withHighContrast(Color color)
 }
 
 Theme *currentTheme = nullptr;
+constexpr const char *textStyleProperty = "textStyle";
 
 } // namespace
 
@@ -196,6 +199,7 @@ void Theme::follow(const DesktopAppearance &desktop)
         m_desktopReducedMotion = desktop.reducedMotion();
         if (std::exchange(m_highContrast, desktop.highContrast()) != m_highContrast)
             recolor();
+        m_desktopTextScale = desktop.textScale();
         update();
     };
     connect(&desktop, &DesktopAppearance::changed, this, take);
@@ -213,6 +217,12 @@ void Theme::forceReducedMotion(std::optional<bool> reduced)
     m_forcedReducedMotion = reduced;
 }
 
+void Theme::forceTextScale(std::optional<double> scale)
+{
+    m_forcedTextScale = scale;
+    update();
+}
+
 bool Theme::reducedMotion() const
 {
     return m_forcedReducedMotion.value_or(m_desktopReducedMotion);
@@ -220,6 +230,7 @@ bool Theme::reducedMotion() const
 
 void Theme::update()
 {
+    setTextScale(m_forcedTextScale.value_or(m_desktopTextScale));
     const Scheme scheme = m_forcedScheme.value_or(m_desktopScheme.value_or(m_paletteScheme));
     if (scheme == m_scheme)
         return;
@@ -231,6 +242,30 @@ void Theme::recolor()
 {
     setApplicationPalette();
     Q_EMIT changed();
+}
+
+void Theme::setTextScale(double scale)
+{
+    if (std::exchange(m_textScale, scale) == scale)
+        return;
+    for (QWidget *widget : QApplication::allWidgets()) {
+        const QVariant style = widget->property(textStyleProperty);
+        if (style.isValid())
+            widget->setFont(font(static_cast<TextStyle>(style.toInt())));
+    }
+    // Last, as the other widgets measure their texts when their own font changes.
+    QApplication::setFont(font(TextStyle::Body));
+}
+
+void Theme::setTextStyle(QWidget &widget, TextStyle style)
+{
+    widget.setProperty(textStyleProperty, static_cast<int>(style));
+    widget.setFont(font(style));
+}
+
+int Theme::scaled(int pixels)
+{
+    return static_cast<int>(std::lround(pixels * current().m_textScale));
 }
 
 QColor Theme::color(Color color) const
@@ -252,10 +287,10 @@ QFont Theme::font(TextStyle style)
         : QFont();
     if (row.family == Family::System)
         font.setFamilies(systemFamilies());
-    font.setPixelSize(row.pixels);
+    font.setPixelSize(scaled(row.pixels));
     font.setWeight(row.weight);
     if (row.letterSpacing != 0)
-        font.setLetterSpacing(QFont::AbsoluteSpacing, row.letterSpacing);
+        font.setLetterSpacing(QFont::AbsoluteSpacing, row.letterSpacing * current().m_textScale);
     return font;
 }
 

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <optional>
 
+class QWidget;
+
 namespace clipwren {
 
 class DesktopAppearance;
@@ -65,6 +67,7 @@ public:
     };
 
     enum class TextStyle : std::uint8_t {
+        // In pixels at a text scale of 1.
         Title, ///< 26 semibold, letters a little closer
         Heading, ///< 22 semibold
         SidebarTitle, ///< 15 bold
@@ -102,19 +105,28 @@ public:
     /// The theme of this application. One must live.
     static Theme &current();
 
-    /// Takes scheme, contrast and reduced motion from the desktop from now on, as it tells them.
+    /// Takes scheme, contrast, reduced motion and the size of texts from the desktop from now on,
+    /// as it tells them.
     void follow(const DesktopAppearance &desktop);
     /// Keeps a scheme whatever the desktop says; none follows the desktop again.
     void forceScheme(std::optional<Scheme> scheme);
     /// As `forceScheme`, for animations.
     void forceReducedMotion(std::optional<bool> reduced);
+    /// As `forceScheme`, for the size of texts.
+    void forceTextScale(std::optional<double> scale);
 
     Scheme scheme() const { return m_scheme; }
     bool reducedMotion() const;
 
     QColor color(Color color) const;
     static QColor color(Color color, Scheme scheme);
+    /// At the text scale, so only for what paints or measures now. A widget keeps its font by
+    /// `setTextStyle`.
     static QFont font(TextStyle style);
+    /// Gives the widget that font, now and when the text scale changes.
+    static void setTextStyle(QWidget &widget, TextStyle style);
+    /// A length that has to grow with the texts, in pixels.
+    static int scaled(int pixels);
     /// True for styles whose digits all take the same width. Qt cannot ask a font for them:
     /// `DigitText` lays them out.
     static bool hasMonospacedDigits(TextStyle style);
@@ -125,6 +137,7 @@ Q_SIGNALS:
 private:
     void update();
     void recolor();
+    void setTextScale(double scale);
     void setApplicationPalette() const;
 
     Scheme m_paletteScheme;
@@ -134,6 +147,9 @@ private:
     std::optional<Scheme> m_forcedScheme;
     bool m_desktopReducedMotion = false;
     std::optional<bool> m_forcedReducedMotion;
+    double m_textScale = 1;
+    double m_desktopTextScale = 1;
+    std::optional<double> m_forcedTextScale;
 };
 
 } // namespace clipwren

@@ -3,6 +3,7 @@
 #include "ui/components/Animation.h"
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
+#include "ui/components/FlowRow.h"
 #include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "workflow/download/DownloaderView.h"
@@ -58,8 +59,9 @@ FieldBox *AddressField::makeBox()
     m_box->addTrailing(m_clear);
 
     m_paste = new Button(Button::Style::Borderless, tr("Paste"));
-    // An even height, as the box has, or it would stand a pixel too high.
-    m_paste->setFixedHeight(28);
+    // Of an even height, as the box is, or it would stand a pixel too high.
+    m_paste->setSize(Button::Size::Small);
+    m_paste->setTextStyle(Theme::TextStyle::Label);
     m_paste->setToolTip(tr("Paste an address and look it up (Ctrl+Shift+V)"));
     connect(m_paste, &Button::clicked, &m_view, &DownloaderView::paste);
     m_box->addTrailing(m_paste);
@@ -69,12 +71,14 @@ FieldBox *AddressField::makeBox()
 QWidget *AddressField::makeFailure()
 {
     auto *failure = new QWidget;
-    auto *row = new QHBoxLayout(failure);
-    row->setContentsMargins(0, failureGap, 0, 0);
-    row->setSpacing(10);
-    row->addWidget(new IconView(u"exclamationmark.triangle.fill", 16, Theme::Color::OrangeIcon));
+    auto *reason = new QHBoxLayout;
+    reason->setSpacing(10);
+    reason->addWidget(new IconView(u"exclamationmark.triangle.fill", 16, Theme::Color::OrangeIcon));
     m_failureText = new Label(Label::Mode::Wrapped, Theme::TextStyle::Caption);
-    row->addWidget(m_failureText, 1);
+    reason->addWidget(m_failureText, 1);
+    auto *row = new FlowRow(10, failure);
+    row->setContentsMargins(0, failureGap, 0, 0);
+    row->addLayout(reason);
 
     auto *tryAgain = new Button(Button::Style::Prominent, tr("Try Again"), u"arrow.clockwise");
     tryAgain->setSize(Button::Size::Small);

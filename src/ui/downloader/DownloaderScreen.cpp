@@ -119,8 +119,8 @@ QLayout *DownloaderScreen::makeHeader()
 {
     auto *header = new QVBoxLayout;
     header->setSpacing(6);
-    header->addWidget(
-        new Label(Theme::TextStyle::Title, Theme::Color::Text, tr("Download a video")));
+    header->addWidget(new Label(Label::Mode::Paragraph, Theme::TextStyle::Title, Theme::Color::Text,
+                                tr("Download a video")));
     auto *hint =
         new Label(Label::Mode::Wrapped, Theme::TextStyle::Callout, Theme::Color::Secondary);
     hint->setText(tr("Paste a YouTube link. We'll fetch the video, you confirm it's the right "

@@ -2,6 +2,7 @@
 
 #include "ui/components/Animation.h"
 #include "ui/components/Banner.h"
+#include "ui/components/FlowRow.h"
 #include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/Picker.h"
@@ -47,11 +48,13 @@ FormatSection::FormatSection(DownloaderView &view, QWidget *parent)
     auto *name = new Label(Theme::TextStyle::Label, Theme::Color::Text, tr("Format"));
     // Of a combo box alone, screen readers say only the value.
     name->setBuddy(m_picker);
-    auto *row = new QHBoxLayout;
-    row->setSpacing(7);
-    row->addWidget(m_icon);
-    row->addWidget(name);
-    row->addStretch(1);
+    auto *caption = new QHBoxLayout;
+    caption->setSpacing(7);
+    caption->addWidget(m_icon);
+    caption->addWidget(name);
+    caption->addStretch(1);
+    auto *row = new FlowRow(7);
+    row->addLayout(caption);
     row->addWidget(m_picker);
 
     auto *details = new QWidget;

@@ -21,7 +21,7 @@ QPlainTextEdit *makeText(const QString &text)
     edit->setReadOnly(true);
     edit->setUndoRedoEnabled(false);
     edit->setFrameShape(QFrame::NoFrame);
-    edit->setFont(Theme::font(Theme::TextStyle::MonospacedCaption));
+    Theme::setTextStyle(*edit, Theme::TextStyle::MonospacedCaption);
     edit->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     edit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     edit->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

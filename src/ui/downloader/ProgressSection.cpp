@@ -2,6 +2,7 @@
 
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
+#include "ui/components/FlowRow.h"
 #include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/Progress.h"
@@ -91,11 +92,13 @@ QWidget *makeSuccessCard(DownloaderView &view, const QString &downloadFolder,
     auto *again = new Button(Button::Style::Prominent, ProgressSection::tr("New download"));
     QObject::connect(again, &Button::clicked, &view, &DownloaderView::resetAll);
 
-    auto *row = new QHBoxLayout(card);
+    auto *message = new QHBoxLayout;
+    message->setSpacing(12);
+    message->addWidget(new IconView(u"checkmark.circle.fill", 28, Theme::Color::Green));
+    message->addLayout(texts, 1);
+    auto *row = new FlowRow(12, card);
     row->setContentsMargins(13, 13, 13, 13);
-    row->setSpacing(12);
-    row->addWidget(new IconView(u"checkmark.circle.fill", 28, Theme::Color::Green));
-    row->addLayout(texts, 1);
+    row->addLayout(message);
     row->addWidget(revealButton);
     row->addWidget(again);
     return card;

@@ -43,7 +43,7 @@ TimeField::TimeField(const QString &name, const QString &help, QWidget *parent)
     : QLineEdit(parent), m_name(name), m_help(help),
       m_ring(FocusRing::install(this, ringRadius, FocusRing::When::Always))
 {
-    setFont(Theme::font(Theme::TextStyle::Time));
+    Theme::setTextStyle(*this, Theme::TextStyle::Time);
     setFrame(false);
     setAutoFillBackground(false);
     setBackgroundRole(QPalette::NoRole);
@@ -234,7 +234,8 @@ void TimeStat::addRows(QWidget *time)
     column->addWidget(time);
     if (!m_field)
         return;
-    setMinimumWidth(heading->sizeHint().width() + TimeField::tenthsRoom());
+    // The room for tenths is free below the heading, too.
+    heading->setContentsMargins(0, 0, TimeField::tenthsRoom(), 0);
     connect(m_field, &TimeField::editedChanged, column,
             [column](bool edited) { column->setContentsMargins(0, 0, edited ? ringRoom : 0, 0); });
 }

@@ -2,6 +2,7 @@
 
 #include "ui/components/Animation.h"
 #include "ui/components/Button.h"
+#include "ui/components/FlowRow.h"
 #include "ui/components/Switch.h"
 #include "ui/downloader/FilmStrip.h"
 #include "ui/downloader/PreviewPane.h"
@@ -112,10 +113,8 @@ QLayout *TrimSection::makeControls()
     setFocusPolicy(Qt::ClickFocus);
     setAccessibleName(tr("Trim"));
 
-    auto *row = new QHBoxLayout;
-    row->setSpacing(statSpacing);
+    auto *row = new FlowRow(statSpacing);
     row->addLayout(makeStats());
-    row->addStretch(1);
     row->addWidget(m_play);
     row->addWidget(resetButton);
     return row;
@@ -147,6 +146,7 @@ QLayout *TrimSection::makeStats()
     stats->setSpacing(std::max(statSpacing - TimeField::tenthsRoom(), 0));
     for (TimeStat *stat : {m_start, m_end, m_clip})
         stats->addWidget(stat);
+    stats->addStretch(1);
     return stats;
 }
 

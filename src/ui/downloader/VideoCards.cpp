@@ -4,6 +4,7 @@
 #include "ui/components/Animation.h"
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
+#include "ui/components/FlowRow.h"
 #include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/Progress.h"
@@ -56,18 +57,20 @@ FetchingCard::FetchingCard(DownloaderView &view, QWidget *parent)
     auto *texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addStretch(1);
-    texts->addWidget(new Label(Label::Mode::Elided, Theme::TextStyle::Label, Theme::Color::Text,
+    texts->addWidget(new Label(Label::Mode::Wrapped, Theme::TextStyle::Label, Theme::Color::Text,
                                tr("Looking up video…")));
     texts->addWidget(m_statusArea);
     texts->addStretch(1);
     auto *cancel = new Button(Button::Style::Bordered, tr("Cancel"));
     connect(cancel, &Button::clicked, &m_view, &DownloaderView::cancelFetch);
 
-    auto *row = new QHBoxLayout(this);
+    auto *state = new QHBoxLayout;
+    state->setSpacing(14);
+    state->addWidget(makeTile());
+    state->addLayout(texts, 1);
+    auto *row = new FlowRow(14, this);
     row->setContentsMargins(13, 13, 13, 13);
-    row->setSpacing(14);
-    row->addWidget(makeTile());
-    row->addLayout(texts, 1);
+    row->addLayout(state);
     row->addWidget(cancel);
 }
 
@@ -92,11 +95,9 @@ ConfirmationCard::ConfirmationCard(DownloaderView &view, QWidget *parent)
     connect(reject, &Button::clicked, &m_view, &DownloaderView::resetAll);
     m_continue = new Button(Button::Style::Prominent, tr("Continue"), u"arrow.right.circle.fill");
     connect(m_continue, &Button::clicked, &m_view, &DownloaderView::confirm);
-    auto *bottom = new QHBoxLayout;
-    bottom->setSpacing(8);
-    bottom->addWidget(new Label(Label::Mode::Elided, Theme::TextStyle::Callout,
-                                Theme::Color::Secondary, tr("Is this the right video?")),
-                      1);
+    auto *bottom = new FlowRow(8);
+    bottom->addWidget(new Label(Label::Mode::Wrapped, Theme::TextStyle::Callout,
+                                Theme::Color::Secondary, tr("Is this the right video?")));
     bottom->addWidget(reject);
     bottom->addWidget(m_continue);
 

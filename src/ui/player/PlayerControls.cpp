@@ -58,7 +58,7 @@ class TimeButton : public QAbstractButton {
 public:
     TimeButton()
     {
-        setFont(Theme::font(Theme::TextStyle::CaptionDigits));
+        Theme::setTextStyle(*this, Theme::TextStyle::CaptionDigits);
         setFocusPolicy(Qt::TabFocus);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         FocusRing::install(this, 4);
@@ -321,7 +321,7 @@ int PlayerControls::widthOver(int videoWidth)
 
 QSize PlayerControls::sizeHint() const
 {
-    return {widthOver(0), barHeight};
+    return {widthOver(0), Theme::scaled(barHeight)};
 }
 
 bool PlayerControls::eventFilter(QObject *watched, QEvent *event)

@@ -95,7 +95,6 @@ void TopBar::paintEvent(QPaintEvent *)
 namespace {
 
 constexpr QSize minimumWindowSize(820, 520);
-constexpr int minimumSidebarWidth = 240;
 constexpr int idealSidebarWidth = 280;
 constexpr int maximumSidebarWidth = 360;
 
@@ -170,7 +169,6 @@ ContentView::ContentView(const ApplicationContext &context, QWidget *parent)
     column->addWidget(m_bar);
     column->addWidget(m_detail, 1);
 
-    m_sidebar->setMinimumWidth(minimumSidebarWidth);
     m_sidebar->setMaximumWidth(maximumSidebarWidth);
     m_columns->setHandleWidth(1);
     m_columns->setChildrenCollapsible(false);
@@ -262,7 +260,8 @@ bool ContentView::isSidebarHidden() const
 
 void ContentView::setSidebarWidth(int width)
 {
-    m_sidebarWidth = std::clamp(width, minimumSidebarWidth, maximumSidebarWidth);
+    m_sidebarWidth =
+        std::max(std::min(width, maximumSidebarWidth), m_sidebar->minimumSizeHint().width());
     m_columns->setSizes(
         {m_sidebarWidth, std::max(m_columns->width(), minimumWindowSize.width()) - m_sidebarWidth});
 }

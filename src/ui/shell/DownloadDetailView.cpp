@@ -134,9 +134,10 @@ QWidget *DownloadDetailView::missingPlaceholder()
     stack->addStretch(1);
     stack->addWidget(new IconView(u"questionmark.video", 38, Theme::Color::Secondary), 0,
                      Qt::AlignHCenter);
-    stack->addWidget(new Label(Theme::TextStyle::Callout, Theme::Color::Secondary,
-                               tr("File no longer at expected location")),
-                     0, Qt::AlignHCenter);
+    auto *text = new Label(Label::Mode::Paragraph, Theme::TextStyle::Callout,
+                           Theme::Color::Secondary, tr("File no longer at expected location"));
+    text->setAlignment(Qt::AlignHCenter);
+    stack->addWidget(text);
     stack->addStretch(1);
     return card;
 }
@@ -149,8 +150,10 @@ QLayout *DownloadDetailView::makeInformationHeading()
     row->addWidget(new Label(Theme::TextStyle::Subheadline, Theme::Color::Text, tr("Information")));
     row->addStretch(1);
     row->addWidget(m_pill);
-    // Reserve the pill's height, so that nothing moves when it appears.
-    row->addStrut(m_pill->sizeHint().height());
+    // Reserve the pill's room, so that nothing moves when it appears.
+    QSizePolicy reserving = m_pill->sizePolicy();
+    reserving.setRetainSizeWhenHidden(true);
+    m_pill->setSizePolicy(reserving);
     return row;
 }
 

@@ -7,6 +7,7 @@
 #include "ui/components/Painting.h"
 #include "ui/components/Theme.h"
 
+#include <QEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QPainter>
@@ -41,7 +42,7 @@ constexpr std::array tonesTable = {
 
 Pill::Pill(QWidget *parent) : QLabel(parent)
 {
-    setFont(Theme::font(Theme::TextStyle::CaptionLabel));
+    Theme::setTextStyle(*this, Theme::TextStyle::CaptionLabel);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -56,7 +57,9 @@ void Pill::display(Tone tone, Icon icon, const QString &text)
 
 QSize Pill::sizeHint() const
 {
-    return {2 * pillPadding + pillIconSize + pillGap + fontMetrics().horizontalAdvance(text()), 23};
+    return {2 * pillPadding + Theme::scaled(pillIconSize) + pillGap
+                + fontMetrics().horizontalAdvance(text()),
+            std::max(23, fontMetrics().height() + 4)};
 }
 
 void Pill::paintEvent(QPaintEvent *)
@@ -65,11 +68,11 @@ void Pill::paintEvent(QPaintEvent *)
     const Tones &tones = tonesTable[static_cast<std::size_t>(m_tone)];
     QPainter painter(this);
     paintBox(painter, rect(), height() / 2.0, theme.color(tones.fill));
-    m_icon.paint(painter,
-                 QRect(pillPadding, (height() - pillIconSize) / 2, pillIconSize, pillIconSize),
+    const int iconSize = Theme::scaled(pillIconSize);
+    m_icon.paint(painter, QRect(pillPadding, (height() - iconSize) / 2, iconSize, iconSize),
                  theme.color(tones.icon));
     painter.setPen(theme.color(tones.text));
-    painter.drawText(rect().adjusted(pillPadding + pillIconSize + pillGap, 0, 0, 0),
+    painter.drawText(rect().adjusted(pillPadding + iconSize + pillGap, 0, 0, 0),
                      Qt::AlignLeft | Qt::AlignVCenter, text());
 }
 
@@ -203,7 +206,8 @@ std::optional<CompatVerdict> compatVerdict(const MediaInspection &inspection)
 
 namespace {
 
-constexpr int labelWidth = 110;
+constexpr int labelWidth = 110; // unless one needs more
+constexpr int labelGap = 12;
 constexpr int paddingAcross = 14;
 constexpr int paddingAbove = 8;
 constexpr double lineOpacity = 0.4;
@@ -215,11 +219,13 @@ Theme::TextStyle valueStyle(const RecordFact &fact)
     return fact.highlight ? Theme::TextStyle::LabelDigits : Theme::TextStyle::BodyDigits;
 }
 
-/// How far below its top a label of one line has its base line.
+/// How far below its top a label has the base line of its first line.
 int baseLine(const QLabel &label)
 {
     const QFontMetrics metrics(label.font());
-    return (label.sizeHint().height() - metrics.height()) / 2 + metrics.ascent();
+    const int lineHeight = label.hasHeightForWidth() ? label.heightForWidth(QWIDGETSIZE_MAX)
+                                                     : label.sizeHint().height();
+    return (lineHeight - metrics.height()) / 2 + metrics.ascent();
 }
 
 } // namespace
@@ -227,22 +233,28 @@ int baseLine(const QLabel &label)
 /// A label and its value, with a line below. The value can be marked and copied.
 class InformationRow : public QWidget {
 public:
-    InformationRow();
+    explicit InformationRow(const RecordFact &fact);
 
     void display(const RecordFact &fact);
+    Label &label() const { return *m_label; }
+
+protected:
+    void changeEvent(QEvent *event) override;
 
 private:
+    void alignBaseLines();
+
     Label *m_label;
     Label *m_value;
     QVBoxLayout *m_valuePlace;
 };
 
-InformationRow::InformationRow()
+InformationRow::InformationRow(const RecordFact &fact)
     : m_label(new Label(Theme::TextStyle::Callout, Theme::Color::Secondary)),
-      m_value(new Label(Label::Mode::Elided, Theme::TextStyle::BodyDigits)),
+      m_value(new Label(fact.monospaced ? Label::Mode::Elided : Label::Mode::Paragraph,
+                        valueStyle(fact))),
       m_valuePlace(new QVBoxLayout)
 {
-    m_label->setFixedWidth(labelWidth);
     m_value->setElideMode(Qt::ElideMiddle);
     m_value->setSelectable(true);
 
@@ -267,12 +279,23 @@ void InformationRow::display(const RecordFact &fact)
     m_value->setStyle(valueStyle(fact));
     m_value->setText(fact.value);
     m_value->setAccessibleDescription(fact.label);
+    alignBaseLines();
+}
 
-    // Align label and value on one base line, though their fonts differ.
+/// Of label and value, though their fonts differ.
+void InformationRow::alignBaseLines()
+{
     m_label->setContentsMargins({});
     const int lower = baseLine(*m_value) - baseLine(*m_label);
     m_label->setContentsMargins(0, std::max(0, lower), 0, 0);
     m_valuePlace->setContentsMargins(0, std::max(0, -lower), 0, 0);
+}
+
+void InformationRow::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        alignBaseLines();
 }
 
 InformationBox::InformationBox(QWidget *parent) : Card(parent), m_column(new QVBoxLayout(this))
@@ -284,7 +307,7 @@ InformationBox::InformationBox(QWidget *parent) : Card(parent), m_column(new QVB
 void InformationBox::setFacts(const QList<RecordFact> &facts)
 {
     while (m_rows.size() < facts.size()) {
-        m_rows << new InformationRow;
+        m_rows << new InformationRow(facts[m_rows.size()]);
         m_column->addWidget(m_rows.constLast());
     }
     for (qsizetype index = 0; index < m_rows.size(); ++index) {
@@ -293,6 +316,24 @@ void InformationBox::setFacts(const QList<RecordFact> &facts)
             m_rows[index]->display(facts[index]);
         m_rows[index]->setVisible(used);
     }
+    alignLabels();
+}
+
+void InformationBox::alignLabels()
+{
+    int width = labelWidth;
+    for (const InformationRow *row : m_rows)
+        width = std::max(
+            width, row->label().fontMetrics().horizontalAdvance(row->label().text()) + labelGap);
+    for (const InformationRow *row : m_rows)
+        row->label().setFixedWidth(width);
+}
+
+void InformationBox::changeEvent(QEvent *event)
+{
+    Card::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        alignLabels();
 }
 
 } // namespace clipwren

@@ -71,7 +71,12 @@ public:
 
     void setFacts(const QList<RecordFact> &facts);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void alignLabels();
+
     QVBoxLayout *m_column;
     QList<InformationRow *> m_rows; // those beyond the facts are hidden
 };

@@ -10,13 +10,15 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <algorithm>
 #include <utility>
 
 namespace clipwren {
 
 namespace {
 
-constexpr int rowHeight = 44;
+constexpr int leastRowHeight = 44;
+constexpr int textMargin = 5; // above and below the texts of a row
 constexpr int margin = 8; // around the background of a selected row
 constexpr int padding = 8;
 constexpr qreal radius = 8;
@@ -94,9 +96,13 @@ void LibraryDelegate::setRowButton(Icon icon, const QString &toolTip)
     m_buttonToolTip = toolTip;
 }
 
-QSize LibraryDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const
+QSize LibraryDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    return {0, isItem(index) ? rowHeight : m_view.headerHeight()};
+    if (!isItem(index))
+        return {0, m_view.headerHeight()};
+    // By the view's font, which is no smaller than the two of a row: this is asked for each row.
+    const int lines = 2 * option.fontMetrics.height() + lineGap;
+    return {0, std::max(leastRowHeight, lines + 2 * textMargin)};
 }
 
 QRect LibraryDelegate::textPlace(const QStyleOptionViewItem &option) const

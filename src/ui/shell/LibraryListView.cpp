@@ -25,7 +25,8 @@ class ListHeader : public QWidget {
 public:
     ListHeader(const QString &newDownload, const LibraryListView::Policy &policy)
         : m_newDownload(new Button(Button::Style::Borderless, newDownload, u"plus.circle.fill")),
-          m_empty(new Label(Theme::TextStyle::Callout, Theme::Color::Secondary)),
+          m_empty(new Label(Label::Mode::Paragraph, Theme::TextStyle::Callout,
+                            Theme::Color::Secondary)),
           m_emptyText(policy.emptyText)
     {
         m_newDownload->setSize(Button::Size::Large);
@@ -99,7 +100,13 @@ void LibraryListView::updateHeader()
 
 int LibraryListView::headerHeight() const
 {
-    return m_header->sizeHint().height();
+    return m_header->hasHeightForWidth() ? m_header->heightForWidth(viewport()->width())
+                                         : m_header->sizeHint().height();
+}
+
+QSize LibraryListView::minimumSizeHint() const
+{
+    return QListView::minimumSizeHint().expandedTo({m_header->minimumSizeHint().width(), 0});
 }
 
 QWidget &LibraryListView::newDownload() const
@@ -238,6 +245,9 @@ bool LibraryListView::event(QEvent *event)
     if (event->type() == QEvent::Show || event->type() == QEvent::Hide
         || event->type() == QEvent::Resize)
         QMetaObject::invokeMethod(this, &LibraryListView::startOrStopSpinner, Qt::QueuedConnection);
+    // The text of an empty list is wrapped.
+    if (event->type() == QEvent::Resize && m_items.itemCount() == 0)
+        scheduleDelayedItemsLayout();
     return QListView::event(event);
 }
 

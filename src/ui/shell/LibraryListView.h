@@ -37,6 +37,7 @@ public:
 
     /// The height of the first row, and the button in it.
     int headerHeight() const;
+    QSize minimumSizeHint() const override;
     QWidget &newDownload() const;
     /// Whether a row is drawn with a focus ring: the keyboard is at it, or its menu is open.
     bool hasRing(const QModelIndex &index) const;

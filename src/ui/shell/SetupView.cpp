@@ -108,8 +108,10 @@ QWidget *SetupView::makeStack()
     stack->addWidget(new IconView(u"wrench.and.screwdriver", 44, Theme::Color::Accent), 0,
                      Qt::AlignHCenter);
     stack->addSpacing(4);
-    stack->addWidget(new Label(Theme::TextStyle::Heading, Theme::Color::Text, tr("One-time setup")),
-                     0, Qt::AlignHCenter);
+    auto *heading = new Label(Label::Mode::Paragraph, Theme::TextStyle::Heading, Theme::Color::Text,
+                              tr("One-time setup"));
+    heading->setAlignment(Qt::AlignHCenter);
+    stack->addWidget(heading);
     stack->addWidget(explanation);
     stack->addWidget(makeStatusBox());
     stack->addWidget(makeInstallBlock());

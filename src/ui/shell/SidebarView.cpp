@@ -27,6 +27,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+constexpr int leastWidth = 240;
 constexpr int headerHeight = 42;
 constexpr double dividerOpacity = 0.5;
 
@@ -160,6 +161,11 @@ void SidebarView::setTab(Tab tab)
     shown->show();
     passFocus(*left, shownList().newDownload());
     left->hide();
+}
+
+QSize SidebarView::minimumSizeHint() const
+{
+    return QWidget::minimumSizeHint().expandedTo({leastWidth, 0});
 }
 
 LibraryListView &SidebarView::shownList() const

@@ -38,6 +38,8 @@ public:
                 Desktop &desktop, const Selection &selection, const QString &downloadDirectory,
                 QWidget *parent = nullptr);
 
+    QSize minimumSizeHint() const override;
+
     Tab tab() const { return m_tab; }
     void setTab(Tab tab);
 

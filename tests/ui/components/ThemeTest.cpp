@@ -2,6 +2,7 @@
 
 #include "FakePortal.h"
 #include "ui/components/DesktopAppearance.h"
+#include "ui/components/Label.h"
 
 #include <QApplication>
 #include <QImage>
@@ -138,6 +139,28 @@ TEST(ThemeTest, raisesTheContrastWhereTheDesktopAsksForIt)
     EXPECT_TRUE(becomes(true));
     portal.change(appearance, u"contrast"_s, 0U);
     EXPECT_TRUE(becomes(false));
+}
+
+TEST(ThemeTest, scalesTextsAsTheDesktopDoes)
+{
+    const auto gnome = u"org.gnome.desktop.interface"_s;
+    const auto textScale = u"text-scaling-factor"_s;
+    test::FakePortal portal({{gnome, {{textScale, 1.5}}}});
+    const DesktopAppearance desktop(portal.busAddress());
+    const Label label(Theme::TextStyle::Body);
+    Theme::current().follow(desktop);
+    const auto becomes = [&](int pixels) {
+        return QTest::qWaitFor([&] {
+            return label.font().pixelSize() == pixels && QApplication::font().pixelSize() == pixels;
+        });
+    };
+    EXPECT_TRUE(becomes(20));
+    const std::pair<QVariant, int> cases[] = {{2.0, 26},    {3.0, 26},     {0.1, 10},
+                                              {u"x"_s, 13}, {qQNaN(), 13}, {1.0, 13}};
+    for (const auto &[scale, pixels] : cases) {
+        portal.change(gnome, textScale, scale);
+        EXPECT_TRUE(becomes(pixels)) << pixels;
+    }
 }
 
 TEST(DesktopAppearanceTest, motionIsReducedBySettingOrByAnimationsTurnedOff)
