@@ -634,6 +634,10 @@
         <source>Stop the Download?</source>
         <translation>Download anhalten?</translation>
     </message>
+    <message>
+        <source>Width of the sidebar</source>
+        <translation>Breite der Seitenleiste</translation>
+    </message>
 </context>
 <context>
     <name>clipwren::DownloadDetailView</name>
@@ -1378,6 +1382,13 @@
     <message>
         <source>In progress</source>
         <translation>In Arbeit</translation>
+    </message>
+</context>
+<context>
+    <name>clipwren::SystemDesktop</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>

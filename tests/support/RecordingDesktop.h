@@ -30,6 +30,7 @@ public:
 
     /// "SUMMARY | BODY | FILE NAME" each.
     QStringList notifications;
+    QStringList announcements;
     int activities = 0; ///< that run
     double progress = -1; ///< as told last
 
@@ -42,6 +43,7 @@ public:
         notifications << QStringList{each.summary, each.body, QFileInfo(each.filePath).fileName()}
                              .join(u" | "_s);
     }
+    void announce(const QString &text) override { announcements << text; }
 
 private:
     class NotedActivity : public Activity {

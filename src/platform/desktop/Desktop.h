@@ -43,8 +43,12 @@ public:
         QString body;
         QString filePath = {}; ///< of a new file, which the notification offers to show and open
     };
-    /// Tells of something that has ended, unless the user looks at the window.
+    /// Tells of something that has ended: by a notification or, where the user is at the window,
+    /// by `announce` alone.
     virtual void notify(const Notification &notification) = 0;
+    /// Has a screen reader say that something has changed which the focus does not tell of. Not
+    /// while another program is used.
+    virtual void announce(const QString &text) = 0;
 };
 
 } // namespace clipwren

@@ -15,6 +15,7 @@ public:
     void playCompletionSound() override { }
     std::unique_ptr<Activity> beginActivity() override { return std::make_unique<Activity>(); }
     void notify(const Notification &) override { }
+    void announce(const QString &) override { }
 };
 
 } // namespace clipwren

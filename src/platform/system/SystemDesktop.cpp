@@ -2,11 +2,18 @@
 
 #include "platform/system/FileManager.h"
 
+#include <QAccessible>
 #include <QClipboard>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
 #include <QDesktopServices>
 #include <QGuiApplication>
+#include <QWindow>
 
 namespace clipwren {
+
+using namespace Qt::StringLiterals;
 
 SystemDesktop::SystemDesktop()
 {
@@ -53,8 +60,26 @@ std::unique_ptr<Desktop::Activity> SystemDesktop::beginActivity()
 
 void SystemDesktop::notify(const Notification &notification)
 {
-    if (QGuiApplication::applicationState() != Qt::ApplicationActive)
+    if (QGuiApplication::applicationState() == Qt::ApplicationActive)
+        announce(tr("%1: %2").arg(notification.summary, notification.body));
+    else
         m_notifier.notify(notification);
+}
+
+void SystemDesktop::announce(const QString &text)
+{
+    const QWindow *const window = QGuiApplication::focusWindow();
+    QAccessibleInterface *const said =
+        window && QAccessible::isActive() ? window->accessibleRoot() : nullptr;
+    if (!said || text.isEmpty())
+        return;
+    // Qt 6.4 has no event for this. It sends all others over the connection of this name, from
+    // objects of these paths.
+    const auto path = u"/org/a11y/atspi/accessible/%1"_s.arg(QAccessible::uniqueId(said));
+    QDBusMessage event =
+        QDBusMessage::createSignal(path, u"org.a11y.atspi.Event.Object"_s, u"Announcement"_s);
+    event << QString() << 0 << 0 << QVariant::fromValue(QDBusVariant(text)) << QVariantMap();
+    QDBusConnection(u"a11y"_s).send(event);
 }
 
 } // namespace clipwren

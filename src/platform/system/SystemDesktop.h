@@ -5,11 +5,14 @@
 #include "platform/system/CompletionSound.h"
 #include "platform/system/Notifier.h"
 
+#include <QCoreApplication>
+
 namespace clipwren {
 
 /// The desktop that the user sits at: its file manager, default applications, clipboard, sound,
 /// notifications and launcher.
 class SystemDesktop : public Desktop {
+    Q_DECLARE_TR_FUNCTIONS(clipwren::SystemDesktop)
 public:
     SystemDesktop();
 
@@ -21,6 +24,7 @@ public:
     void playCompletionSound() override;
     std::unique_ptr<Activity> beginActivity() override;
     void notify(const Notification &notification) override;
+    void announce(const QString &text) override;
 
     /// Tells when the user has chosen a notification.
     const Notifier &notifier() const { return m_notifier; }

@@ -222,7 +222,8 @@ void DownloaderScreen::render()
 {
     const Phase phase = m_view.phase();
     const Phase before = std::exchange(m_phase, phase);
-    const bool hadFocus = hasFocusInside();
+    const QWidget *focus = QApplication::focusWidget();
+    const bool hadFocus = focus && isAncestorOf(focus);
     // When the focused widget is disabled or hidden, Qt moves the focus to the next one in the tab
     // order, and the next Return would press that.
     if (phase != before && hadFocus)
@@ -235,7 +236,11 @@ void DownloaderScreen::render()
     if (phase != before) {
         m_cards->setAccessibleName(headingOf(phase));
         placeFocus(hadFocus);
+        announcePhase(hadFocus);
     }
+    const auto failure = m_view.fetchError();
+    if (std::exchange(m_fetchError, failure) != failure && failure)
+        m_desktop.announce(m_view.withOutdatedHint(*failure));
     m_pasteShortcut->setEnabled(!isBusy(phase));
     for (QShortcut *shortcut : m_downloadShortcuts)
         shortcut->setEnabled(phase == Phase::ready);
@@ -282,12 +287,6 @@ void DownloaderScreen::renderCards()
     show(m_success, isDone);
 }
 
-bool DownloaderScreen::hasFocusInside() const
-{
-    const QWidget *focus = QApplication::focusWidget();
-    return focus && isAncestorOf(focus);
-}
-
 void DownloaderScreen::placeFocus(bool hadFocus)
 {
     // Return is to confirm the video, wherever the focus was.
@@ -297,6 +296,15 @@ void DownloaderScreen::placeFocus(bool hadFocus)
         m_address->setFocus(Qt::OtherFocusReason);
     else if (hadFocus)
         m_cards->setFocus(Qt::OtherFocusReason);
+}
+
+void DownloaderScreen::announcePhase(bool hadFocus)
+{
+    // Where the focus is at the cards, their name tells the phase; the end is notified of.
+    if (m_phase == Phase::confirming)
+        m_desktop.announce(m_view.info()->title.value_or(QString()));
+    else if (!hadFocus && m_phase != Phase::input && m_phase != Phase::done)
+        m_desktop.announce(headingOf(m_phase));
 }
 
 QString DownloaderScreen::headingOf(Phase phase) const

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QTimer>
 
+#include <optional>
+
 class QLayout;
 class QScrollArea;
 class QShortcut;
@@ -65,7 +67,7 @@ private:
     void renderError();
     void renderLogs();
     void placeFocus(bool hadFocus);
-    bool hasFocusInside() const;
+    void announcePhase(bool hadFocus);
     /// What a screen reader says of the cards of a phase.
     QString headingOf(Phase phase) const;
     void revealFolder();
@@ -79,6 +81,7 @@ private:
     QTimer m_renderTimer; ///< joins the changes of one turn of the event loop
     Phase m_phase = Phase::input; // as last rendered
     QString m_windowTitle; // likewise
+    std::optional<QString> m_fetchError; // likewise
     bool m_acceptsRequests = false;
 
     QScrollArea *m_scroll;

@@ -7,6 +7,7 @@
 #include "ui/components/Label.h"
 #include "ui/components/Theme.h"
 
+#include <QAccessibleWidget>
 #include <QDragEnterEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -114,6 +115,14 @@ protected:
     }
 };
 
+QAccessibleInterface *makeAccessible(const QString &, QObject *object)
+{
+    auto *const handle = dynamic_cast<ColumnHandle *>(object);
+    return handle ? new QAccessibleWidget(handle, QAccessible::Splitter,
+                                          ContentView::tr("Width of the sidebar"))
+                  : nullptr;
+}
+
 class Columns : public QSplitter {
 public:
     using QSplitter::QSplitter;
@@ -149,6 +158,7 @@ ContentView::ContentView(const ApplicationContext &context, QWidget *parent)
       m_columns(new Columns(Qt::Horizontal)), m_sidebarWidth(idealSidebarWidth)
 {
     setMinimumSize(minimumWindowSize);
+    QAccessible::installFactory(makeAccessible);
     setAcceptDrops(true);
     QAction *sidebarItem = m_menu->addAction(tr("Show or Hide Sidebar"), QKeySequence(tr("F9")),
                                              this, &ContentView::toggleSidebar);

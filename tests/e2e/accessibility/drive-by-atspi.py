@@ -9,7 +9,7 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, GLib  # noqa: E402
 
 PATIENCE_SECONDS = 60
 RETURN_KEYSYM = 0xFF0D
@@ -49,7 +49,7 @@ def wait_for(what, condition):
             if result := condition():
                 print(what, flush=True)
                 return result
-        except gi.repository.GLib.Error:
+        except GLib.Error:
             pass  # it went away meanwhile
         time.sleep(0.1)
     sys.exit(f"Waited in vain: {what}")
@@ -57,6 +57,30 @@ def wait_for(what, condition):
 
 def await_widget(role, name):
     return wait_for(f"{role} {name!r} is shown", lambda: find(role, name))
+
+
+def check_descriptions():
+    """Everything has a role, and whatever can be used a name, too."""
+
+    def are_complete():
+        for application in widgets_of_desktop():
+            for widget in widgets(application):
+                role, name = widget.get_role_name(), widget.get_name()
+                is_used = widget.get_state_set().contains(Atspi.StateType.FOCUSABLE)
+                if role == "unknown" or (is_used and not name):
+                    sys.exit(f"{role} {name!r} in {widget.get_parent().get_name()!r}")
+        return True
+
+    wait_for("all that is shown has a role and a name", are_complete)
+
+
+def await_announcement(announcements, text):
+    def is_heard():
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return any(said.startswith(text) for said in announcements)
+
+    wait_for(f"{text!r} is announced", is_heard)
 
 
 def act(widget, action):
@@ -68,21 +92,32 @@ def act(widget, action):
 
 def main():
     address, folder = sys.argv[1], pathlib.Path(sys.argv[2])
+    announcements = []
+    listener = Atspi.EventListener.new(lambda event: announcements.append(event.any_data))
+    listener.register("object:announcement")
     await_widget("frame", "New Download")
     field = await_widget("text", "Video address")
     act(field, "SetFocus")
     Atspi.EditableText.set_text_contents(field, address)
     Atspi.generate_keyboard_event(RETURN_KEYSYM, None, Atspi.KeySynthType.SYM)
-    act(await_widget("push button", "Continue"), "Press")
-    act(await_widget("push button", "Download"), "Press")
+    proceed = await_widget("push button", "Continue")
+    check_descriptions()
+    act(proceed, "Press")
+    await_announcement(announcements, "Building a tide clock")
+    download = await_widget("push button", "Download")
+    check_descriptions()
+    act(download, "Press")
 
     title = "Building a tide clock"
     row = await_widget("list item", title)
     wait_for("it is selected", lambda: row.get_state_set().contains(Atspi.StateType.SELECTED))
     wait_for("the file is there", lambda: list(folder.glob("Building*.mp4")))
+    await_announcement(announcements, "Download complete: Building a tide clock")
     act(await_widget("list item", title), "Make QuickTime-compatible (re-encode)")
     wait_for("the re-encoded file is there", lambda: list(folder.glob("Building* — QT.mp4")))
+    await_announcement(announcements, "Re-encode complete: Building")
     await_widget("label", "Plays in QuickTime")
+    check_descriptions()
     act(await_widget("list item", title), "Remove from List")
     await_widget("label", "No downloads yet")
     act(await_widget("push button", "New Download"), "Press")

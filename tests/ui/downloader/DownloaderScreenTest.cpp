@@ -93,6 +93,22 @@ TEST_F(DownloaderScreenTest, showsTheCardsOfEachPhase)
     EXPECT_EQ(field(addressName)->text(), QString());
 }
 
+TEST_F(DownloaderScreenTest, announcesWhatTheFocusDoesNotTell)
+{
+    QWidget elsewhere;
+    showWindow(elsewhere);
+    getReady();
+    m_fake.onDownload(u"exit 1"_s);
+    m_view.start();
+    EXPECT_TRUE(waitFor([&] { return m_view.errorMessage().has_value(); }));
+    settle();
+    enter(u"ftp://site.example"_s);
+    EXPECT_EQ(
+        m_fake.desktop.announcements,
+        QStringList({u"Looking up video…"_s, u"Talk"_s, u"Download options"_s, u"Downloading"_s,
+                     u"Download options"_s, u"Enter a valid http(s) URL"_s}));
+}
+
 TEST_F(DownloaderScreenTest, offersTheLogOnlyWhereThereIsOne)
 {
     enter(u"ftp://site.example"_s);
