@@ -66,6 +66,8 @@ QLayoutItem *FlowRow::takeAt(int index)
 
 FlowRow::Arrangement FlowRow::arranged(int width) const
 {
+    if (m_items.isEmpty())
+        return {};
     QList<QLayoutItem *> others;
     int room = width;
     for (QLayoutItem *item : m_items.mid(1)) {
