@@ -3,12 +3,15 @@
 #include "ui/player/NumberedVideo.h"
 
 #include <QDir>
+#include <QDropEvent>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +19,27 @@ namespace clipwren::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// A window of another program that takes files.
+class DropTarget : public QWidget {
+public:
+    DropTarget() : QWidget(nullptr, Qt::X11BypassWindowManagerHint)
+    {
+        setAcceptDrops(true);
+        setGeometry(1250, 850, 100, 100);
+        show();
+    }
+
+    QList<QUrl> dropped;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override { event->acceptProposedAction(); }
+    void dropEvent(QDropEvent *event) override
+    {
+        dropped << event->mimeData()->urls();
+        event->acceptProposedAction();
+    }
+};
 
 /// The real program on a desktop with a window manager, worked by pointer and keys. Each way is
 /// gone twice, or as often as the environment variable CLIPWREN_ROUNDS says.
@@ -160,6 +184,23 @@ protected:
             },
             5'000);
     }
+    /// Drags what is at a place of the window onto a widget of this program.
+    void drag(QPoint place, const QWidget &target) const
+    {
+        const auto moveTo = [](QPoint onScreen) {
+            xdotool({u"mousemove"_s, QString::number(onScreen.x()), QString::number(onScreen.y())});
+            // Both programs have to answer.
+            QTest::qWait(100);
+        };
+        const QPoint from = geometry().topLeft() + place;
+        const QPoint to = target.mapToGlobal(target.rect().center());
+        moveTo(from);
+        xdotool({u"mousedown"_s, u"1"_s});
+        for (const double way : {0.1, 0.5, 1.0})
+            moveTo(from + (to - from) * way);
+        moveTo(to + QPoint(1, 1));
+        xdotool({u"mouseup"_s, u"1"_s});
+    }
     void playFilm() { click({(geometry().width() + 280) / 2 - 227, 434}); }
 
     QTemporaryDir m_home;
@@ -212,6 +253,19 @@ TEST_F(DesktopTest, showsThePictureInEveryStateOfTheSameWindow)
         EXPECT_EQ(visibleWindows(), m_window) << "another native window";
     }
     EXPECT_TRUE(isRunning());
+}
+
+TEST_F(DesktopTest, filesCanBeDraggedIntoAnotherProgram)
+{
+    ASSERT_NO_FATAL_FAILURE(open());
+    const DropTarget target;
+    const QList<QUrl> film{numberedVideo(1)};
+    drag({144, 198}, target);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return target.dropped == film; }));
+    ASSERT_NO_FATAL_FAILURE(openFilm());
+    drag({(geometry().width() + 280) / 2, 300}, target);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return target.dropped == film + film; }));
+    EXPECT_TRUE(QFile::exists(film.first().toLocalFile()));
 }
 
 TEST_F(DesktopTest, playsWithoutOpenGL)
