@@ -3,6 +3,7 @@
 #include "ui/components/Button.h"
 #include "ui/components/Label.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -47,6 +48,13 @@ ConfirmationDialog::ConfirmationDialog(const QString &title, const QString &conf
     column->addSpacing(18);
     column->addLayout(buttons);
     cancel->setFocus();
+}
+
+void ConfirmationDialog::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        m_message->setFixedWidth(Theme::scaled(contentWidth));
 }
 
 void ConfirmationDialog::setMessage(const QString &message)

@@ -16,6 +16,9 @@ public:
 
     void setMessage(const QString &message);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     Label *m_message;
 };

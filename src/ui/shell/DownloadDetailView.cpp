@@ -7,6 +7,7 @@
 #include "platform/desktop/Desktop.h"
 #include "ui/components/Button.h"
 #include "ui/components/Card.h"
+#include "ui/components/FlowRow.h"
 #include "ui/components/Icon.h"
 #include "ui/components/Label.h"
 #include "ui/components/ScrollPane.h"
@@ -144,11 +145,14 @@ QWidget *DownloadDetailView::missingPlaceholder()
 
 QLayout *DownloadDetailView::makeInformationHeading()
 {
-    auto *row = new QHBoxLayout;
-    row->setSpacing(8);
-    row->addWidget(new IconView(u"info.circle", 16, Theme::Color::Secondary));
-    row->addWidget(new Label(Theme::TextStyle::Subheadline, Theme::Color::Text, tr("Information")));
-    row->addStretch(1);
+    auto *heading = new QHBoxLayout;
+    heading->setSpacing(8);
+    heading->addWidget(new IconView(u"info.circle", 16, Theme::Color::Secondary));
+    heading->addWidget(
+        new Label(Theme::TextStyle::Subheadline, Theme::Color::Text, tr("Information")));
+    heading->addStretch(1);
+    auto *row = new FlowRow(8);
+    row->addLayout(heading);
     row->addWidget(m_pill);
     // Reserve the pill's room, so that nothing moves when it appears.
     QSizePolicy reserving = m_pill->sizePolicy();

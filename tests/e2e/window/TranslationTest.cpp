@@ -83,6 +83,10 @@ TEST(TranslationTest, leavesOutNoFormat)
 
 TEST(TextScaleTest, noTextIsCutOffWhenTextsBecomeTwiceAsLarge)
 {
+    // Its texts are longer than those in English.
+    QTranslator german;
+    ASSERT_TRUE(german.load(u":/translations/clipwren_de.qm"_s));
+    QApplication::installTranslator(&german);
     forEachScreen([](const QWidget &screen) {
         Theme::current().forceTextScale(2);
         // Layouts follow each other in the event loop.
