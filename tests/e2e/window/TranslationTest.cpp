@@ -59,13 +59,20 @@ void forEachScreen(const std::function<void(const QWidget &screen)> &check)
     BackgroundTask::waitForAll(std::chrono::seconds(20));
 }
 
+void expectNothingCutOff(const QWidget &screen)
+{
+    // Layouts follow each other in the event loop.
+    std::ignore = QTest::qWaitFor([&] { return cutOffTexts(screen).isEmpty(); });
+    EXPECT_EQ(cutOffTexts(screen), QStringList());
+}
+
 TEST(TranslationTest, noTextIsLeftOutOrCutOffInALanguageOfLongerOnes)
 {
     BracketTranslator longer;
     QApplication::installTranslator(&longer);
     forEachScreen([](const QWidget &screen) {
         EXPECT_EQ(untranslated(screen), QStringList());
-        EXPECT_EQ(cutOffTexts(screen), QStringList());
+        expectNothingCutOff(screen);
     });
     QApplication::removeTranslator(&longer);
 }
@@ -89,9 +96,7 @@ TEST(TextScaleTest, noTextIsCutOffWhenTextsBecomeTwiceAsLarge)
     QApplication::installTranslator(&german);
     forEachScreen([](const QWidget &screen) {
         Theme::current().forceTextScale(2);
-        // Layouts follow each other in the event loop.
-        std::ignore = QTest::qWaitFor([&] { return cutOffTexts(screen).isEmpty(); });
-        EXPECT_EQ(cutOffTexts(screen), QStringList());
+        expectNothingCutOff(screen);
         Theme::current().forceTextScale(std::nullopt);
     });
 }
