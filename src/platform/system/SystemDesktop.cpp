@@ -69,13 +69,13 @@ void SystemDesktop::notify(const Notification &notification)
 void SystemDesktop::announce(const QString &text)
 {
     const QWindow *const window = QGuiApplication::focusWindow();
-    QAccessibleInterface *const said =
+    QAccessibleInterface *const source =
         window && QAccessible::isActive() ? window->accessibleRoot() : nullptr;
-    if (!said || text.isEmpty())
+    if (!source || text.isEmpty())
         return;
     // Qt 6.4 has no event for this. It sends all others over the connection of this name, from
     // objects of these paths.
-    const auto path = u"/org/a11y/atspi/accessible/%1"_s.arg(QAccessible::uniqueId(said));
+    const auto path = u"/org/a11y/atspi/accessible/%1"_s.arg(QAccessible::uniqueId(source));
     QDBusMessage event =
         QDBusMessage::createSignal(path, u"org.a11y.atspi.Event.Object"_s, u"Announcement"_s);
     event << QString() << 0 << 0 << QVariant::fromValue(QDBusVariant(text)) << QVariantMap();

@@ -2,12 +2,12 @@
 
 #include "ui/components/FocusRing.h"
 #include "ui/components/Painting.h"
+#include "ui/components/TextLine.h"
 
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
 
-#include <algorithm>
 #include <array>
 
 namespace clipwren {
@@ -21,9 +21,6 @@ struct Metrics {
     int square; // side of a button with a symbol alone
     int loneSymbol;
 };
-
-/// Above and below a text together, at least.
-constexpr int leastPadding = 4;
 
 struct Content {
     int symbolSize;
@@ -135,7 +132,7 @@ QSize Button::sizeHint() const
     const int padding = m_style == Style::Borderless ? 0 : metrics.padding;
     const int width = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
     return {2 * padding + symbolRoom() + width,
-            std::max(metrics.height, fontMetrics().height() + leastPadding)};
+            controlHeight(fontMetrics().height(), metrics.height)};
 }
 
 /// The width of the symbol and the gap behind it.

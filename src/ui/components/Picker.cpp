@@ -2,6 +2,7 @@
 
 #include "ui/components/FocusRing.h"
 #include "ui/components/Painting.h"
+#include "ui/components/TextLine.h"
 #include "ui/components/Theme.h"
 
 #include <QAbstractButton>
@@ -37,7 +38,7 @@ public:
     QSize sizeHint() const override
     {
         return {fontMetrics().size(Qt::TextShowMnemonic, text()).width() + 24,
-                std::max(24, fontMetrics().height() + 4)};
+                controlHeight(fontMetrics().height(), 24)};
     }
     QSize minimumSizeHint() const override { return sizeHint() - QSize(16, 0); }
 
@@ -202,7 +203,7 @@ int Picker::heightForWidth(int width) const
 {
     const QRect room(0, 0, width - roomBesideText(), 0);
     const int text = fontMetrics().boundingRect(room, Qt::TextWordWrap, currentText()).height();
-    return std::max(rowHeight, text + 4);
+    return controlHeight(text, rowHeight);
 }
 
 void Picker::paintEvent(QPaintEvent *)

@@ -45,6 +45,12 @@ qreal forEachPiece(const QString &text, const QFont &font,
 
 } // namespace
 
+int controlHeight(int textHeight, int usual)
+{
+    constexpr int leastPadding = 4; // above and below together
+    return std::max(usual, textHeight + leastPadding);
+}
+
 QString inOneLine(const QString &text)
 {
     QString line = text;

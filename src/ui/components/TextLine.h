@@ -8,6 +8,9 @@ class QPointF;
 
 namespace clipwren {
 
+/// The height of a control around its text: the usual one, or more where large texts need it.
+int controlHeight(int textHeight, int usual);
+
 /// A text for one line: a blank for each line break and tab. Other blanks stay, as many as they
 /// are, since a file name or an address may have them.
 QString inOneLine(const QString &text);

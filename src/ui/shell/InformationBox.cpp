@@ -5,6 +5,7 @@
 #include "platform/text/DateTimeText.h"
 #include "ui/components/Label.h"
 #include "ui/components/Painting.h"
+#include "ui/components/TextLine.h"
 #include "ui/components/Theme.h"
 
 #include <QEvent>
@@ -59,7 +60,7 @@ QSize Pill::sizeHint() const
 {
     return {2 * pillPadding + Theme::scaled(pillIconSize) + pillGap
                 + fontMetrics().horizontalAdvance(text()),
-            std::max(23, fontMetrics().height() + 4)};
+            controlHeight(fontMetrics().height(), 23)};
 }
 
 void Pill::paintEvent(QPaintEvent *)
@@ -233,6 +234,7 @@ int baseLine(const QLabel &label)
 /// A label and its value, with a line below. The value can be marked and copied.
 class InformationRow : public QWidget {
 public:
+    /// A monospaced value, which is a name, is cut in the middle; any other breaks into lines.
     explicit InformationRow(const RecordFact &fact);
 
     void display(const RecordFact &fact);
