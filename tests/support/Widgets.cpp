@@ -56,10 +56,14 @@ namespace {
 /// Whether its text has the room that it needs, lines and words included.
 bool fits(const QWidget &widget)
 {
-    if (const auto *field = qobject_cast<const QLineEdit *>(&widget))
-        return field->height() >= field->fontMetrics().height();
-    if (const auto *label = qobject_cast<const Label *>(&widget); label && label->isElided())
-        return label->height() >= label->fontMetrics().height();
+    // By the font itself, as a size hint may leave it out.
+    const auto *const button = qobject_cast<const QAbstractButton *>(&widget);
+    const bool isSymbol = button && button->text().isEmpty();
+    if (!isSymbol && widget.height() < widget.fontMetrics().height())
+        return false;
+    const auto *const label = qobject_cast<const Label *>(&widget);
+    if (qobject_cast<const QLineEdit *>(&widget) || (label && label->isElided()))
+        return true;
     if (!widget.hasHeightForWidth())
         return widget.width() >= widget.sizeHint().width()
             && widget.height() >= widget.sizeHint().height();

@@ -10,6 +10,8 @@
 #include <QJsonObject>
 #include <QTest>
 
+#include <stdexcept>
+
 namespace clipwren::test {
 namespace {
 
@@ -140,7 +142,7 @@ void SampleWindow::showRecord(int index)
 void SampleWindow::settle(const std::function<bool()> &condition)
 {
     if (condition && !QTest::qWaitFor(condition, 20'000))
-        qWarning("a state was not reached");
+        throw std::runtime_error("a state was not reached");
     QTest::qWait(static_cast<int>(m_settleTime.count()));
 }
 

@@ -33,7 +33,8 @@ public:
     void showRecord(int index);
     /// A file saved just now, on top of the list.
     void addRecord(const QString &title) { addRecord(title, 0, true, 1); }
-    /// Lets everything that is on its way arrive, animations included.
+    /// Lets everything that is on its way arrive, animations included. Throws when the condition
+    /// does not come true.
     void settle(const std::function<bool()> &condition = {});
 
 private:

@@ -43,13 +43,17 @@ void scrollToEnd(SampleWindow &s)
     s.settle();
 }
 
+/// Presses the button of that name, in the language of the window.
 void press(SampleWindow &s, const QString &name)
 {
+    bool isThere = false;
     for (Button *button : s.window().findChildren<Button *>()) {
-        if (button->text().contains(name) || button->accessibleName().contains(name))
-            button->click();
+        if (button->text() != name && button->accessibleName() != name)
+            continue;
+        isThere = true;
+        button->click();
     }
-    s.settle();
+    s.settle([&] { return isThere; });
 }
 
 LibraryListView &recents(SampleWindow &s)
@@ -66,10 +70,10 @@ void openRowMenu(SampleWindow &s, LibraryListView &list)
 void chooseFromMenu(SampleWindow &s, const QString &text)
 {
     for (QAction *action : s.window().content().menu().actions()) {
-        if (action->text().contains(text))
+        if (action->text() == text)
             action->trigger();
     }
-    s.settle();
+    s.settle([&] { return !s.inFront().isEmpty(); });
 }
 
 /// Brings the keyboard there as the Tab key does.
@@ -232,11 +236,13 @@ QList<Shot> allShots()
              s.settle();
              openRowMenu(s, s.window().content().sidebar().historyList().view());
          }},
-        {u"window-menu"_s, usualTitle, [](SampleWindow &s) { press(s, u"Menu"_s); }},
-        {u"clear-recents"_s, usualTitle, [](SampleWindow &s) { press(s, u"Clear Recents"_s); }},
-        {u"about"_s, usualTitle, [](SampleWindow &s) { chooseFromMenu(s, u"About Clipwren"_s); }},
+        {u"window-menu"_s, usualTitle, [](SampleWindow &s) { press(s, TopBar::tr("Menu")); }},
+        {u"clear-recents"_s, usualTitle,
+         [](SampleWindow &s) { press(s, RecentList::tr("Clear Recents")); }},
+        {u"about"_s, usualTitle,
+         [](SampleWindow &s) { chooseFromMenu(s, MainWindow::tr("About Clipwren")); }},
         {u"shortcuts"_s, usualTitle,
-         [](SampleWindow &s) { chooseFromMenu(s, u"Keyboard Shortcuts"_s); }},
+         [](SampleWindow &s) { chooseFromMenu(s, MainWindow::tr("Keyboard Shortcuts")); }},
         {u"filter"_s, usualTitle,
          [](SampleWindow &s) {
              s.window().content().filterList();

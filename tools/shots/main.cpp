@@ -91,7 +91,8 @@ int main(int argc, char *argv[])
     parser.addHelpOption();
     parser.process(application);
     const QStringList arguments = parser.positionalArguments();
-    if (arguments.size() < (parser.isSet(comparing) ? 2 : 1))
+    const double textScale = parser.value(scale).toDouble();
+    if (arguments.size() < (parser.isSet(comparing) ? 2 : 1) || !(textScale > 0))
         parser.showHelp(2);
     if (parser.isSet(comparing))
         return compare(QDir(arguments[0]), QDir(arguments[1])) ? 1 : 0;
@@ -99,7 +100,7 @@ int main(int argc, char *argv[])
     QDir().mkpath(arguments[0]);
     Theme theme;
     theme.forceReducedMotion(true);
-    theme.forceTextScale(parser.value(scale).toDouble());
+    theme.forceTextScale(textScale);
     BracketTranslator longer;
     if (parser.isSet(brackets))
         QApplication::installTranslator(&longer);

@@ -24,10 +24,13 @@ using namespace Qt::StringLiterals;
 QStringList untranslated(const QWidget &root)
 {
     static const QRegularExpression foreign(
-        u"^(<span[^>]*>)?(⟦.*⟧(</span>)?|.*(tide|trains|indexes|Harbour|ساعة|webpage).*|\\d+ "
-        u"[kK]B|Clipwren|yt-dlp|ffmpeg|ffprobe|.*: ⟦.*|/.*|https?:.*|[\\d:.,%–·×+ /]*|"
-        "VP9|HEVC|H.264.*|brew install .*|.*\\.mp4|.*/s · .*|"
-        "\\w+ \\d+, \\d+ at .*|((Ctrl|Shift)\\+)?(F\\d+|[A-Z]|Return|Del|Space))$"_s,
+        u"^(<span[^>]*>)?("
+        "⟦.*⟧|Clipwren|yt-dlp|ffmpeg|ffprobe|brew install .*|VP9|HEVC|H\\.264 \\+ AAC|"
+        "(Building a tide clock|Night trains|Talk — how indexes|A very long title|بناء ساعة)[^⟦]*|"
+        "Harbour Workshop|abc: Downloading webpage|/.*|https?:.*|.*/s · .*|"
+        "[\\d:.,%–·×+ /]*|\\d+ KB|\\w+ \\d+, \\d+ at .*|"
+        "((Ctrl|Shift)\\+)?(F\\d+|[A-Z]|Return|Del|Space)"
+        ")(</span>)?$"_s,
         QRegularExpression::DotMatchesEverythingOption);
     QStringList texts = shownTexts(root);
     for (const QAction *entry : root.actions())
